@@ -1,0 +1,46 @@
+# What every target of the tree has in common: language level, warnings, the folder of the programs.
+
+option(LEXMILL_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
+option(LEXMILL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+# The program's folder of a run: programs, settings and temporary files lie side by side.
+set(LEXMILL_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/lexmill)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${LEXMILL_PROGRAM_FOLDER})
+
+add_library(lexmill_settings INTERFACE)
+target_include_directories(lexmill_settings INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  lexmill_settings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
+                             $<$<BOOL:${LEXMILL_WARNINGS_AS_ERRORS}>:-Werror>)
+if(LEXMILL_SANITIZE)
+  target_compile_options(lexmill_settings INTERFACE -fsanitize=address,undefined
+                                                    -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(lexmill_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# lexmill_library(name sources...): a static library with the tree's settings.
+function(lexmill_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PUBLIC lexmill_settings)
+endfunction()
+
+# lexmill_program(name sources...): a program in the program's folder.
+function(lexmill_program name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE lexmill_settings)
+endfunction()
+
+# lexmill_test(room sources...): the test program of one room; its cases are known to CTest.
+# The working directory is the room's folder under tests/, so that tests find their data.
+function(lexmill_test room)
+  set(name test_${room})
+  add_executable(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  target_link_libraries(${name} PRIVATE lexmill_settings GTest::gmock GTest::gtest_main)
+  add_test(NAME ${room} COMMAND ${name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests)
+  set_tests_properties(${room} PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/entry_point.h"

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// foundation: services that every room builds on.
+// Where failures end. The only place above the platform that catches them.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace lexmill {
+
+/// Runs `body` and shows the failure that ends it, if one does, in a message box of three lines:
+/// number, description, and "源代码位置: " with `place`. Returns normally in either case.
+/// @param place  such as "Class Module 'clsLexGLO1' -> 'DoItNow'"
+/// @return true if `body` ran to its end
+bool ReportFailures(std::u16string_view place, const std::function<void()>& body);
+
+/// Runs one step and drops its failure, so that the next step runs.
+/// @return true if the step ran to its end
+bool IgnoreFailures(const std::function<void()>& step);
+
+}  // namespace lexmill

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// glossary: the stages for glossaries, and what all stages share.
+// The text rules: what a decorated string is stripped of, on either side. Glossaries and texts go
+// through the same chains.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "glossary/decomposed_string.h"
+#include "platform/regular_expression.h"
+#include "run/shared/option_set.h"
+
+namespace lexmill {
+
+/// A reference entry after the rules: the bare words of both sides.
+struct PurifiedPair {
+  std::u16string_view source;
+  std::u16string_view target;
+
+  bool operator==(const PurifiedPair&) const = default;
+};
+
+/// The rule chain of the reference side. Holds buffers, so that a string that no rule touches costs
+/// no copy.
+class ReferenceRules {
+ public:
+  /// @param options, expression  kept by reference for the life of this object; `expression` serves
+  ///   all rules, its pattern being set anew for each
+  ReferenceRules(const OptionSet& options, platform::RegExp& expression);
+
+  /// Strips an entry down to its bare words.
+  /// @return the two strings, their views alive until the next call or the end of the arguments;
+  /// none
+  ///   if source and target are equal or the source is longer than txtLenLimit units
+  /// @throws platform::Failure of the expression engine for a bad fragment in txtrAndXBK1 or
+  ///   txtrAndXBK2, when a target first needs it
+  [[nodiscard]] std::optional<PurifiedPair> PurifyReference(std::u16string_view source,
+                                                            std::u16string_view target);
+
+ private:
+  const OptionSet& options_;
+  platform::RegExp& expression_;
+};
+
+/// The rule chain of the untranslated side.
+class UntranslatedRules {
+ public:
+  /// @param options, expression  as for ReferenceRules
+  UntranslatedRules(const OptionSet& options, platform::RegExp& expression);
+
+  /// Takes an untranslated string apart so that its translation can be dressed the same way.
+  /// @return the five pieces, `so` being `target`, their views alive as for PurifyReference; none
+  /// if
+  ///   the two differ (the string is translated) or `source` is longer than txtLenLimit units
+  [[nodiscard]] std::optional<DecomposedString> DecomposeUntranslated(std::u16string_view source,
+                                                                      std::u16string_view target);
+
+ private:
+  const OptionSet& options_;
+  platform::RegExp& expression_;
+};
+
+}  // namespace lexmill

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// platform: pipes and child processes.
+// Stands for: CreatePipe, DuplicateHandle, CreateProcessA, ReadFile, CloseHandle.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/host_file.h"
+
+namespace lexmill::platform {
+
+/// Both ends of an anonymous pipe.
+struct Pipe {
+  HostFile readEnd;
+  HostFile writeEnd;
+};
+
+/// @return none if the host has no more pipes
+[[nodiscard]] std::optional<Pipe> CreatePipe();
+
+/// A second handle to what `file` is open on; not open if the host has no more.
+[[nodiscard]] HostFile DuplicateHandle(const HostFile& file);
+
+/// Reads what has arrived, at most `buffer.size()` bytes; waits for the first byte. While it waits,
+/// the function of SetWaiting runs in short steps.
+/// @return number of bytes; none when the pipe is broken (its last writer is gone) or can't be read
+[[nodiscard]] std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer);
+
+/// How a child is started. A null handle gives the child an empty stream that takes everything.
+struct ProcessStart {
+  std::u16string commandLine;       ///< as CommandLine in command_line.h reads it
+  std::u16string currentDirectory;  ///< empty: this process's own
+  const HostFile* standardInput = nullptr;
+  const HostFile* standardOutput = nullptr;
+  const HostFile* standardError = nullptr;
+};
+
+/// Starts a child process in a process group of its own, so that it can be ended with all it
+/// started. The child is reaped whenever it ends; nobody waits for it.
+/// @return false if the program can't be started
+[[nodiscard]] bool CreateProcess(const ProcessStart& start);
+
+/// Ends every child process that CreateProcess started and that still runs, with all it started.
+void EndChildProcesses();
+
+/// Sets what runs about every 50 milliseconds while ReadPipe waits; nothing by default. The window
+/// repaints itself there.
+void SetWaiting(std::function<void()> step);
+
+}  // namespace lexmill::platform

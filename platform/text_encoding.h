@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// platform: which encoding a text file is in, and conversion by that encoding.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace lexmill::platform {
+
+/// The encoding of one text file.
+enum class TextEncoding {
+  Ansi,          ///< the system's code page
+  Utf8,          ///< UTF-8 without a mark
+  Utf8WithMark,  ///< UTF-8 behind the mark EF BB BF
+};
+
+/// Appends the text of `bytes`, which holds whole characters and no mark, to `text`. Never fails.
+void DecodeText(TextEncoding encoding, std::string_view bytes, std::u16string& text);
+
+/// Appends the bytes of `text`, without a mark, to `bytes`.
+/// @return false if the encoding lacks a character; `bytes` is then as it was
+[[nodiscard]] bool EncodeText(TextEncoding encoding, std::u16string_view text, std::string& bytes);
+
+/// Tells from a file's bytes whether it is UTF-8: strictly valid throughout, and with a mark at its
+/// start or a sequence of three or more bytes anywhere. Fed piece by piece, pieces may end
+/// anywhere.
+class Utf8Recognition {
+ public:
+  /// Looks at the next bytes of the file.
+  /// @return false as soon as the file can't be UTF-8; further bytes need not be fed
+  bool Feed(std::string_view bytes);
+
+  /// The encoding of the file fed so far, taken as the whole file.
+  [[nodiscard]] TextEncoding Result() const;
+
+ private:
+  bool valid_ = true;
+  bool hasMark_ = false;
+  bool hasLongSequence_ = false;
+  std::size_t position_ = 0;
+  int missing_ = 0;  ///< continuation bytes that the current sequence still wants
+  unsigned char lowest_ = 0x80;
+  unsigned char highest_ = 0xBF;  ///< bounds of the next continuation byte
+  std::string mark_;
+};
+
+}  // namespace lexmill::platform

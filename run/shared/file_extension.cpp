@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+#include "run/shared/file_extension.h"

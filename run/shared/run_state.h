@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// run/shared: what every room may read of a run.
+// The values of a run beside its options.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/text_encoding.h"
+
+namespace lexmill {
+
+struct RunState {
+  /// The program's folder with one separator at its end; set by Main.
+  std::u16string AppPath;
+  /// Path of the reference if that is a purified database, else empty; set at each run.
+  std::u16string RefDbPath;
+  /// Two language keys joined by a TAB, or empty: the head line of a translated glossary. A run
+  /// with two texts leaves it as it was.
+  std::u16string LanguagePair;
+  /// Encodings of the run's dictionaries, by path; other files are in the code page.
+  std::map<std::u16string, platform::TextEncoding, std::less<>> encodings;
+};
+
+/// The one state of the program.
+[[nodiscard]] RunState& TheRun();
+
+/// The encoding of a file of the run: that of a dictionary, else the code page.
+[[nodiscard]] platform::TextEncoding EncodingOf(std::u16string_view path);
+
+}  // namespace lexmill
