@@ -1,0 +1,74 @@
+#!/usr/bin/env python3
+"""Checks that every #include points to a room at the left of its own (see CONTRIBUTING.md).
+
+Usage: check_rooms.py [ROOT]. Prints each wrong include and exits 1 if there is one.
+"""
+import pathlib
+import re
+import sys
+
+# From left to right; a room includes itself and what stands to its left.
+LINE = ["platform", "foundation", "run/shared", "glossary", "text", "window", "pipeline", "run"]
+# Rooms beside the line: what of the tree they may include besides themselves.
+SIDE = {
+    "platform/qt": ["platform"],
+    "platform/headless": ["platform"],
+    "platform/sqlite": ["platform"],
+    "platform/batch": ["platform"],
+}
+# Files that alone may reach a side room.
+DOORS = {"run/main.cpp": "platform/qt", "run/console_main.cpp": "platform/headless"}
+# Headers from outside that belong to a few rooms alone.
+OUTSIDE = {
+    r"Q[A-Z]\w*": ["platform/qt", "run/main.cpp"],
+    r"sqlite3\.h": ["platform/sqlite"],
+    r"pcre2\.h": ["platform"],
+    r"unicode/.*": ["platform"],
+}
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
+
+
+def room_of(path):
+    """The innermost known room that holds a file, or None for a file of no room."""
+    rooms = [room for room in [*SIDE, *LINE] if path.startswith(room + "/")]
+    return max(rooms, key=len, default=None)
+
+
+def allowed(path, included):
+    """True if the file `path` may include the file `included`, both relative to the root."""
+    here, there = room_of(path), room_of(included)
+    if here is None or there is None or here == there or DOORS.get(path) == there:
+        return True
+    if here in SIDE:
+        return there in SIDE[here]
+    return there in LINE and LINE.index(there) < LINE.index(here)
+
+
+def outside_allowed(path, header):
+    """True if the file `path` may include the library header `header`."""
+    for pattern, homes in OUTSIDE.items():
+        if re.fullmatch(pattern, header):
+            return path in homes or room_of(path) in homes
+    return True
+
+
+def wrong_includes(root):
+    for source in sorted(root.rglob("*")):
+        path = source.relative_to(root).as_posix()
+        if source.suffix not in {".h", ".cpp"} or room_of(path) is None:
+            continue
+        for quote, header in INCLUDE.findall(source.read_text(encoding="utf-8")):
+            good = allowed(path, header) if quote == '"' else outside_allowed(path, header)
+            if not good:
+                yield f"{path} may not include {header}"
+
+
+def main():
+    root = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parents[1])
+    wrong = list(wrong_includes(root))
+    print("\n".join(wrong) if wrong else "rooms: every include points to the left")
+    return 1 if wrong else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
