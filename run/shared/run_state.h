@@ -19,14 +19,17 @@ struct RunState {
   /// Two language keys joined by a TAB, or empty: the head line of a translated glossary. A run
   /// with two texts leaves it as it was.
   std::u16string LanguagePair;
-  /// Encodings of the run's dictionaries, by path; other files are in the code page.
+  /// Encodings of the dictionaries that the run reads, by path; other files are in the code page.
   std::map<std::u16string, platform::TextEncoding, std::less<>> encodings;
+  /// Encoding of the result, which is that of the untranslated dictionary. Kept apart, since the
+  /// result may take the place of a dictionary in another encoding.
+  platform::TextEncoding resultEncoding = platform::TextEncoding::Ansi;
 };
 
 /// The one state of the program.
 [[nodiscard]] RunState& TheRun();
 
-/// The encoding of a file of the run: that of a dictionary, else the code page.
+/// The encoding in which to read a file of the run: that of a dictionary, else the code page.
 [[nodiscard]] platform::TextEncoding EncodingOf(std::u16string_view path);
 
 }  // namespace lexmill

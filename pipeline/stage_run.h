@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// pipeline: carries one run, one class for each pair of formats.
+// How a stage is run: set up, run to its end, shown, released. Stages have no common base; what makes
+// a class a stage stands here.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string>
+
+#include "glossary/record_scanner.h"
+#include "platform/controls.h"
+#include "window/frmMain.h"
+
+namespace lexmill {
+
+/// A class that turns one input file into its output when told to, and tells its time.
+template <class S>
+concept Stage = std::default_initializable<S> &&
+                requires(S stage, platform::Label& label, std::u16string_view path) {
+  stage.StateLabel(label);
+  stage.InputFile(path);
+  stage.DoItNow();
+  { stage.ProcessTime() } -> std::same_as<std::int32_t>;
+};
+
+/// A stage that listens to the record scanner.
+template <class S>
+concept ScannerStage = Stage<S> && requires(S stage, RecordScanner& scanner) {
+  stage.AwkControl(scanner);
+};
+
+/// A stage with one output.
+template <class S>
+concept OneOutputStage = Stage<S> && requires(S stage, std::u16string_view path) {
+  stage.OutputFile(path);
+};
+
+/// A stage with two outputs.
+template <class S>
+concept TwoOutputStage = Stage<S> && requires(S stage, std::u16string_view path) {
+  stage.OutputFile1(path);
+  stage.OutputFile2(path);
+};
+
+/// Gives a stage its output or outputs.
+inline void SetOutputs(OneOutputStage auto& stage, const std::u16string& output) {
+  stage.OutputFile(output);
+}
+inline void SetOutputs(TwoOutputStage auto& stage, const std::u16string& output1,
+                       const std::u16string& output2) {
+  stage.OutputFile1(output1);
+  stage.OutputFile2(output2);
+}
+
+/// Runs a stage from `input` to `outputs`, shows its time and the size of `input` in row `row`, and
+/// releases it. The scanner is reset first, whether the stage uses it or not.
+template <Stage S, class... Outputs>
+void RunStage(RecordScanner& scanner, std::int16_t row, const std::u16string& input,
+              const Outputs&... outputs) {
+  frmMain& window = frmMain::Instance();
+  scanner.ScanAction(RecordScanner::kReset);
+  S stage;
+  if constexpr (ScannerStage<S>) {
+    stage.AwkControl(scanner);
+  }
+  stage.StateLabel(window.lblState(row));
+  stage.InputFile(input);
+  SetOutputs(stage, outputs...);
+  stage.DoItNow();
+  window.UpdateStateLabel(row, stage.ProcessTime(), input);
+}
+
+}  // namespace lexmill

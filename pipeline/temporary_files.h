@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// pipeline: carries one run, one class for each pair of formats.
+// The temporary files of a run: their names, and their removal at its end.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace lexmill {
+
+/// The temporary files of a run that ends in a glossary. Names are bare, since the batch runs in the
+/// program's folder; only the batch script is a full path.
+struct GlossaryRunFiles {
+  std::u16string sDbFile;       ///< work database
+  std::u16string sRefSqlFile;   ///< reference script
+  std::u16string sToDoSqlFile;  ///< untranslated script
+  std::u16string sReadyFile;    ///< ready dictionary
+  std::u16string sBatFile;      ///< batch script, full path
+};
+
+/// The temporary files of a run that ends in a text.
+struct TextRunFiles {
+  std::u16string sDbFile;         ///< work database
+  std::u16string sRefSqlFile;     ///< reference script
+  std::u16string sEntrySqlFile;   ///< entries script
+  std::u16string sToDoSqlFile;    ///< untranslated script
+  std::u16string sUpdateSqlFile;  ///< update script
+  std::u16string sReadyFile;      ///< ready dictionary
+  std::u16string sLineFile;       ///< line listing
+  std::u16string sBatFile;        ///< first batch script, full path
+  std::u16string sBatFile2;       ///< second batch script, full path
+};
+
+/// Draws every name anew, in the order of the members. Nothing is created.
+void DrawNames(GlossaryRunFiles& files);
+void DrawNames(TextRunFiles& files);
+
+/// The full path of a bare name: `name` in the program's folder.
+[[nodiscard]] std::u16string InAppPath(std::u16string_view name);
+
+/// Deletes each file, without force. A failure is dropped and the next one is deleted all the same.
+void DeleteFiles(std::initializer_list<std::u16string> paths);
+
+}  // namespace lexmill
