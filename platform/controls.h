@@ -175,9 +175,9 @@ class Image : public Control {
  public:
   explicit Image(const ControlIdentity& identity = {}) : Control(ControlKind::Image, identity) {}
 
-  /// The picture as the text of an SVG document; has to live as long as the control.
+  /// The bytes of a picture file; they have to live as long as the control.
   [[nodiscard]] std::string_view Picture() const { return picture_; }
-  void Picture(std::string_view svg) { Assign(picture_, svg, ControlProperty::Look); }
+  void Picture(std::string_view file) { Assign(picture_, file, ControlProperty::Look); }
 
  private:
   std::string_view picture_;
