@@ -1,2 +1,107 @@
 // SPDX-License-Identifier: MIT
 #include "glossary/record_scanner.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "platform/failure.h"
+#include "run/shared/run_state.h"
+
+namespace lexmill {
+namespace {
+
+constexpr std::int32_t kWhole = 100;
+// Stands for the size of a pipe or a device: no share of it is worth a per cent.
+constexpr std::int64_t kUnknownSize = std::numeric_limits<std::int64_t>::max() / kWhole;
+
+platform::Failure InvalidPropertyValue() {
+  return {platform::FailureNumber::InvalidPropertyValue, platform::FailureOrigin::Runtime};
+}
+
+}  // namespace
+
+ScannerConnection RecordScanner::Connect(std::function<void()> onBegin,
+                                         std::function<void()> onRecord,
+                                         std::function<void()> onEnd) {
+  return {ScanBegin.Connect(std::move(onBegin)), ScanRecord.Connect(std::move(onRecord)),
+          ScanEnd.Connect(std::move(onEnd))};
+}
+
+void RecordScanner::ScanFile(std::u16string_view path) {
+  scanFile_ = path;
+}
+
+void RecordScanner::FieldSeparator(std::u16string_view separator) {
+  if (separator.size() != 1) {
+    throw InvalidPropertyValue();
+  }
+  separator_ = separator.front();
+}
+
+void RecordScanner::ScanAction(std::int32_t action) {
+  switch (action) {
+    case kRun:
+      return Run();
+    case kReset:
+      return Reset();
+    default:
+      throw InvalidPropertyValue();
+  }
+}
+
+void RecordScanner::Run() {
+  auto file = platform::FileSystemObject().OpenTextFile(scanFile_, EncodingOf(scanFile_));
+  bytesRead_ = 0;
+  bytesInAll_ = file.Size() > 0 ? file.Size() : kUnknownSize;
+  ScanBegin.Raise();
+  while (!file.AtEndOfStream()) {
+    ReadRecord(file);
+    if (!record_.empty()) {
+      ScanRecord.Raise();
+    }
+  }
+  bytesRead_ = bytesInAll_;
+  ScanEnd.Raise();
+}
+
+void RecordScanner::Reset() {
+  scanFile_.clear();
+  separator_ = u'\t';
+  record_.clear();
+  fields_.clear();
+}
+
+void RecordScanner::ReadRecord(platform::TextReader& file) {
+  record_.clear();
+  platform::DecodeText(file.Encoding(), file.ReadLineBytes(), record_);
+  bytesRead_ = file.BytesRead();
+
+  fields_.clear();
+  const std::u16string_view record = record_;
+  for (std::size_t start = 0; start <= record.size() && FieldCount() < kMostFields;) {
+    const std::size_t end = std::min(record.find(separator_, start), record.size());
+    fields_.push_back(record.substr(start, end - start));
+    start = end + 1;
+  }
+}
+
+std::int32_t RecordScanner::FieldCount() const {
+  return static_cast<std::int32_t>(fields_.size());
+}
+
+std::int32_t RecordScanner::ProgressPercent() const {
+  // A file that grows during the scan may have more bytes than it had at first.
+  const std::int64_t read = std::min(bytesRead_, bytesInAll_);
+  return static_cast<std::int32_t>(read * kWhole / bytesInAll_);
+}
+
+std::u16string_view RecordScanner::Field(std::int16_t n) const {
+  if (n == 0) {
+    return record_;
+  }
+  return n > 0 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1]
+                                    : std::u16string_view();
+}
+
+}  // namespace lexmill

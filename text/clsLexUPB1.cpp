@@ -1,1 +1,45 @@
 // SPDX-License-Identifier: MIT
+#include "text/clsLexUPB1.h"
+
+#include "foundation/entry_point.h"
+#include "glossary/stage_steps.h"
+#include "glossary/working_scripts.h"
+#include "run/shared/run_state.h"
+#include "text/text_entry.h"
+
+namespace lexmill {
+
+void clsLexUPB1::DoItNow() {
+  ReportFailures(u"Class Module 'clsLexUPB1' -> 'DoItNow'", [this] {
+    script_ = fileSystem_.CreateTextFile(outputFile_, true);
+    ReadEntries(inputFile_);
+  });
+}
+
+void clsLexUPB1::ReadEntries(std::u16string_view path) {
+  auto input = fileSystem_.OpenTextFile(path, EncodingOf(path));
+  WriteScriptHead();
+  ForEachEntry(input, progress_,
+               [this](const TextEntry& entry) { PurifyEntry(entry.source, entry.target); });
+  input.Close();
+  WriteScriptTail();
+}
+
+void clsLexUPB1::WriteScriptHead() {
+  progress_.Start();
+  WriteHeadLines(*script_, kReferenceScript);
+}
+
+void clsLexUPB1::PurifyEntry(std::u16string_view source, std::u16string_view target) {
+  if (const auto row = rules_.PurifyReference(source, target)) {
+    SetRowOfR(statement_, row->source, row->target);
+    script_->WriteLine(statement_);
+  }
+}
+
+void clsLexUPB1::WriteScriptTail() {
+  WriteTailLines(*script_, kReferenceScript);
+  processTime_ = FinishStage(progress_, script_);
+}
+
+}  // namespace lexmill

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// text: the stages for the text format (点睛), a file of numbered entries.
+// An entry of a text: how it is recognised, and the way through all entries of a file.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "run/shared/progress_tick.h"
+
+namespace lexmill {
+
+/// An entry: a head line, which is a number, ":" and the source, and the target line behind it.
+struct TextEntry {
+  std::u16string_view headLine;
+  std::u16string_view source;  ///< what stands behind the first ":" of the head line
+  std::u16string_view target;
+};
+
+/// Tells whether a line that is no target line opens an entry: a number stands before its first
+/// ":".
+/// @return the source, a piece of `line`, maybe empty; none if the line opens no entry
+[[nodiscard]] std::optional<std::u16string_view> SourceOfHeadLine(std::u16string_view line);
+
+/// Reads `input` to its end and reports its entries in order; other lines are passed over. Shows a
+/// star of `progress` when one is due.
+/// @param onEntry  its entry's views live until it returns
+/// @throws platform::Failure InputPastEnd for a file without a line or one that ends with a head
+///   line, others as TextReader::ReadLine, and whatever `onEntry` throws
+void ForEachEntry(platform::TextReader& input, ProgressTick& progress,
+                  const std::function<void(const TextEntry&)>& onEntry);
+
+}  // namespace lexmill
