@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// platform/sqlite: the database shell. The pages of a database file, changed in transactions.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/host_file.h"
+#include "platform/sqlite/journal.h"
+#include "platform/sqlite/page.h"
+#include "platform/sqlite/page_cache.h"
+#include "platform/sqlite/page_io.h"
+
+namespace lexmill::platform::sqlite {
+
+/// A page held for writing. `bytes` is good as long as `hold`.
+struct PageEdit {
+  PageRef hold;
+  char* bytes = nullptr;
+};
+
+/// Reads and changes pages. A change needs a transaction; within one, a mark can be set to go back
+/// to. Knows nothing of what pages hold, but for the check of tree pages.
+class Pager {
+ public:
+  explicit Pager(HostFile file) : io_(std::move(file)) {}
+
+  [[nodiscard]] HostFile& File() { return io_.File(); }
+  [[nodiscard]] PageNumber Count() const { return count_; }
+  /// Grows with every change of a page.
+  [[nodiscard]] std::uint64_t Changes() const { return changes_; }
+  [[nodiscard]] ByteOrder Order() const { return order_; }
+  void Order(ByteOrder order) { order_ = order; }
+
+  /// Forgets all pages and measures the file anew, since others may have written to it.
+  void Refresh();
+
+  /// @throws DatabaseError kMalformed if there is no such page
+  [[nodiscard]] PageRef Read(PageNumber page);
+  /// The same for a tree page, which is checked when it comes in.
+  [[nodiscard]] PageRef ReadTree(PageNumber page);
+  /// Opens an existing page for changes.
+  [[nodiscard]] PageEdit Edit(PageNumber page);
+  /// Replaces a page as a whole; past the memory if it is new.
+  void Put(PageNumber page, const char* bytes);
+  /// Adds a page at the end of the file, of undefined content.
+  [[nodiscard]] PageNumber Extend();
+
+  /// Begins a transaction.
+  /// @param journalPath  path of the journal, created now. @throws DatabaseError kCannotOpen
+  void Begin(const std::string& journalPath);
+  /// Writes all changes out and removes the journal. On failure the transaction is still open.
+  void Commit();
+  /// Restores the file as it was at Begin, byte for byte.
+  void Rollback();
+  [[nodiscard]] bool IsWriting() const { return journal_.has_value(); }
+
+  /// Sets the mark, in place of an earlier one. @param folder  where images may be put aside
+  void Mark(const std::string& folder);
+  /// Undoes all changes since the mark and removes it.
+  void BackToMark();
+  /// Removes the mark and keeps the changes.
+  void Unmark();
+
+ private:
+  /// Pages that are to be saved before they are changed, and those saved already.
+  struct Saved {
+    Saved(Journal images, PageNumber pages) : journal(std::move(images)), isSaved(pages + 1) {}
+    void Save(PageNumber page, const char* bytes);
+    [[nodiscard]] bool Needs(PageNumber page) const {
+      return page < isSaved.size() && !isSaved[page];
+    }
+
+    Journal journal;
+    std::vector<bool> isSaved;
+  };
+
+  [[nodiscard]] Frame& Fetch(PageNumber page);
+  [[nodiscard]] Frame& Allot(PageNumber page);
+  void Save(PageNumber page, const char* bytes);
+  void WriteOut();
+
+  PageIo io_;
+  PageCache cache_;
+  PageNumber count_ = 0;
+  std::uint64_t changes_ = 0;
+  ByteOrder order_ = ByteOrder::Little;
+  std::string tail_;  ///< bytes of the file behind its last full page
+  std::string journalPath_;
+  std::optional<Saved> journal_;
+  std::optional<Saved> mark_;
+  bool hasWritten_ = false;  ///< the file has been touched in this transaction
+};
+
+}  // namespace lexmill::platform::sqlite
