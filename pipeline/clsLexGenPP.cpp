@@ -1,1 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "pipeline/clsLexGenPP.h"
+
+namespace lexmill {
+
+template class GlossaryPipeline<TwoGlossaries>;
+
+}  // namespace lexmill

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "pipeline/line_listing.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/file_system.h"
+#include "run/shared/progress_tick.h"
+#include "run/shared/run_state.h"
+#include "window/frmMain.h"
+
+namespace lexmill {
+namespace {
+
+constexpr std::int16_t kResultRow = 3;
+// The column's name in five places and " = ".
+constexpr std::size_t kHeadLength = 8;
+
+void CopyLines(platform::TextReader& listing, platform::TextWriter& result, ProgressTick& tick) {
+  do {
+    if (tick.IsDue()) {
+      tick.ShowStar();
+    }
+    const std::u16string_view line = listing.ReadLine();
+    result.WriteLine(line.substr(std::min(line.size(), kHeadLength)));
+  } while (!listing.AtEndOfStream());
+}
+
+}  // namespace
+
+void ConvertLineListing(const std::u16string& listing, const std::u16string& result) {
+  frmMain& window = frmMain::Instance();
+  const platform::FileSystemObject files;
+  auto input = files.OpenTextFile(listing);
+  auto output = files.CreateTextFile(result, true, TheRun().resultEncoding);
+  ProgressTick tick;
+  tick.StateLabel(window.lblState(kResultRow));
+  tick.Start();
+  output.WriteLine();
+  CopyLines(input, output, tick);
+  input.Close();
+  output.Close();
+  window.UpdateStateLabel(kResultRow, tick.Elapsed(), u"");
+}
+
+}  // namespace lexmill

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "run/dictionary_encoding.h"
+
+#include <string>
+
+#include "foundation/entry_point.h"
+#include "platform/ansi_text.h"
+#include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "run/shared/run_state.h"
+
+namespace lexmill {
+namespace {
+
+platform::TextEncoding ReadAndRecognise(std::u16string_view path) {
+  constexpr std::size_t kPiece = std::size_t{4} << 20U;
+  platform::Utf8Recognition recognition;
+  std::int64_t offset = 0;
+  for (;;) {
+    const std::string piece = platform::ReadBinary(path, offset, kPiece);
+    if (!recognition.Feed(piece)) {
+      return platform::TextEncoding::Ansi;
+    }
+    if (piece.size() < kPiece) {
+      return recognition.Result();
+    }
+    offset += static_cast<std::int64_t>(piece.size());
+    platform::DoEvents();
+  }
+}
+
+}  // namespace
+
+platform::TextEncoding RecogniseEncoding(std::u16string_view path) {
+  auto encoding = platform::TextEncoding::Ansi;
+  if (!platform::IsAnsiCodePageChosen()) {
+    IgnoreFailures([&] { encoding = ReadAndRecognise(path); });
+  }
+  return encoding;
+}
+
+void KeepEncodings(std::u16string_view toDo, std::u16string_view refer) {
+  RunState& run = TheRun();
+  run.encodings.clear();
+  run.resultEncoding = RecogniseEncoding(toDo);
+  run.encodings.emplace(toDo, run.resultEncoding);
+  run.encodings.emplace(refer, RecogniseEncoding(refer));
+}
+
+}  // namespace lexmill

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+#pragma once
+
+namespace lexmill::modMain {
+
+/// The program's entry: fixes AppPath and makes and shows the window, whose load event runs inside.
+void Main();
+
+}  // namespace lexmill::modMain
