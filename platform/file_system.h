@@ -1,80 +1,16 @@
 // SPDX-License-Identifier: MIT
-// platform: the file system object and its text streams, and the binary read at a position.
+// platform: the file system object, and the binary read at a position.
 // Stands for: Scripting.FileSystemObject, and binary file access of the runtime.
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/text_encoding.h"
+#include "platform/text_stream.h"
 
 namespace lexmill::platform {
-
-/// Reads a text file line by line. LF ends a line and a CR directly before it goes too; a lone CR
-/// is text. A last line without an end counts. Buffered; closed by its destructor.
-class TextReader {
- public:
-  TextReader(TextReader&&) noexcept;
-  TextReader& operator=(TextReader&&) noexcept;
-  ~TextReader();
-
-  /// The next line without its end. The view lives until the next call on this object.
-  /// @throws Failure InputPastEnd at the end of the file, DeviceError if the host can't read
-  [[nodiscard]] std::u16string_view ReadLine();
-
-  /// The next line as it stands in the file, in bytes of the file's encoding, without its end. The
-  /// view lives until the next call on this object.
-  /// @throws as ReadLine
-  [[nodiscard]] std::string_view ReadLineBytes();
-
-  /// True if no line is left. @throws Failure DeviceError if the host can't read
-  [[nodiscard]] bool AtEndOfStream();
-
-  /// Bytes of the file taken by the lines read so far, a mark included.
-  [[nodiscard]] std::int64_t BytesRead() const;
-  /// Size of the file in bytes when it was opened; 0 for a pipe or a device.
-  [[nodiscard]] std::int64_t Size() const;
-  [[nodiscard]] TextEncoding Encoding() const;
-
-  /// Closes now instead of at the end of this object's life. Closing twice is harmless.
-  void Close();
-
- private:
-  friend class FileSystemObject;
-  struct State;
-  explicit TextReader(std::unique_ptr<State> state);
-  std::unique_ptr<State> state_;
-};
-
-/// Writes a text file. Buffered: a line costs no system call. The file takes the place of an older
-/// one of its name in one step when it is closed or destroyed; after a failed write the older one
-/// stays.
-class TextWriter {
- public:
-  TextWriter(TextWriter&&) noexcept;
-  TextWriter& operator=(TextWriter&&) noexcept;
-  /// Closes as Close does, but drops a failure.
-  ~TextWriter();
-
-  /// Writes `text` as it is.
-  /// @throws Failure InvalidCall if the encoding lacks a character (nothing of this call is
-  /// written),
-  ///   DiskFull or DeviceError if the host can't write
-  void Write(std::u16string_view text);
-  /// Writes `text` and CR LF. @throws as Write
-  void WriteLine(std::u16string_view text = {});
-  /// Completes the file and puts it in its place. Closing twice is harmless.
-  /// @throws Failure as Write, or PermissionDenied if the file can't take its place
-  void Close();
-
- private:
-  friend class FileSystemObject;
-  struct State;
-  explicit TextWriter(std::unique_ptr<State> state);
-  std::unique_ptr<State> state_;
-};
 
 /// The services on files by name. Holds nothing; cheap to make.
 /// Failures: FileNotFound, PathNotFound (folder part missing), PermissionDenied (no permission, a

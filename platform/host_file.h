@@ -7,8 +7,20 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lexmill::platform {
+
+enum class FileKind { Regular, Folder, Other };
+
+/// What the host tells of a file.
+struct FileStatus {
+  FileKind kind = FileKind::Other;
+  std::int64_t size = 0;     ///< bytes; 0 for a pipe or a device
+  unsigned permissions = 0;  ///< the host's mode bits, without the kind
+  unsigned owner = 0;
+  unsigned group = 0;
+};
 
 /// An open file. Closed by its destructor. Functions report failure by `errno`, as the host does:
 /// it is turned into a Failure one level above, where the platform's rules are known.
@@ -22,7 +34,9 @@ class HostFile {
   HostFile& operator=(const HostFile&) = delete;
   ~HostFile();
 
-  /// Opens `path` with the host's `flags` (O_CLOEXEC is added) and `mode`.
+  /// Opens `path` with the host's `flags` (O_CLOEXEC is added) and `mode`. Never waits for the
+  /// other end of a named pipe: one without a writer reads as empty, one without a reader fails
+  /// with ENXIO.
   /// @return an object that is not open, and `errno`, if that fails
   [[nodiscard]] static HostFile Open(const std::string& path, int flags, unsigned mode = 0666);
 
@@ -43,6 +57,11 @@ class HostFile {
   [[nodiscard]] bool Synchronise();
   /// Cuts or extends the file to `size` bytes.
   [[nodiscard]] bool Truncate(std::int64_t size);
+  /// Gives the file the owner, the group and the read, write and execute permissions of `status`,
+  /// as far as this user may.
+  void TakeOver(const FileStatus& status);
+  /// @return none and `errno` on failure
+  [[nodiscard]] std::optional<FileStatus> Status() const;
   /// @return size in bytes; none and `errno` on failure
   [[nodiscard]] std::optional<std::int64_t> Size() const;
   /// Closes now. @return false and `errno` if the host reports a late failure
@@ -52,16 +71,24 @@ class HostFile {
   int descriptor_ = -1;
 };
 
+/// What is found under `path`, symbolic links followed. @return none and `errno` on failure
+[[nodiscard]] std::optional<FileStatus> StatusOf(const std::string& path);
+/// True if this user may write to what is found under `path`; else false and `errno`.
+[[nodiscard]] bool MayWrite(const std::string& path);
+/// Where a symbolic link points, as it was made; none and `errno` for anything else.
+[[nodiscard]] std::optional<std::string> ReadLink(const std::string& path);
+/// Names in a folder, in no order; empty if it can't be read.
+[[nodiscard]] std::vector<std::string> NamesIn(const std::string& folder);
 /// Renames in one step, over an existing file. @return false and `errno` on failure
 [[nodiscard]] bool RenameFile(const std::string& from, const std::string& to);
 /// Removes a name. @return false and `errno` on failure
 bool RemoveFile(const std::string& path);
 
 /// A file that takes the place of another in one step, once it is complete: written beside the
-/// target as `.NAME.lexmill-PID` and renamed over it by Commit. Dropped if it is not committed.
-/// Older ones of the same name, left by processes that are gone, are removed first. A symbolic link
-/// as target is followed; a target that is no regular file, or a writable one in a folder that
-/// isn't, is written in place.
+/// target as `.NAME.lexmill-PID` and renamed over it by Commit, with the permissions of an older
+/// file. Dropped if it is not committed. Older ones of the same name, left by processes that are
+/// gone, are removed first. A symbolic link as target is followed; a target that is no regular
+/// file, or a writable one in a folder that isn't, is written in place.
 class ReplacementFile {
  public:
   /// Opens the file to write for `target`, an absolute or relative host path.
@@ -69,8 +96,8 @@ class ReplacementFile {
   ///   EISDIR for a folder, EACCES for a file without write permission, ENOENT for a missing folder
   [[nodiscard]] static std::optional<ReplacementFile> Create(const std::string& target);
 
-  ReplacementFile(ReplacementFile&&) noexcept = default;
-  ReplacementFile& operator=(ReplacementFile&&) noexcept;
+  ReplacementFile(ReplacementFile&& other) noexcept;
+  ReplacementFile& operator=(ReplacementFile&& other) noexcept;
   ReplacementFile(const ReplacementFile&) = delete;
   ReplacementFile& operator=(const ReplacementFile&) = delete;
   ~ReplacementFile();
@@ -83,6 +110,9 @@ class ReplacementFile {
 
  private:
   ReplacementFile(HostFile file, std::string aside, std::string target, bool replaces);
+  [[nodiscard]] static std::optional<ReplacementFile> CreateInPlace(const std::string& target);
+  [[nodiscard]] static std::optional<ReplacementFile> CreateAside(
+      const std::string& target, const std::optional<FileStatus>& older);
   void Drop();
 
   HostFile file_;

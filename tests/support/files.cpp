@@ -3,6 +3,7 @@
 
 #include <stdlib.h>
 #include <unicode/ucnv.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -67,6 +68,19 @@ std::string TemporaryFolder::Listing() const {
     result += (result.empty() ? "" : " ") + name;
   }
   return result;
+}
+
+OrdinaryUser::OrdinaryUser() : wasSuperuser_(geteuid() == 0) {
+  constexpr uid_t kNobody = 65534;
+  if (wasSuperuser_ && seteuid(kNobody) != 0) {
+    ADD_FAILURE() << "can't give up the superuser's rights";
+  }
+}
+
+OrdinaryUser::~OrdinaryUser() {
+  if (wasSuperuser_ && seteuid(0) != 0) {
+    ADD_FAILURE() << "can't take back the superuser's rights";
+  }
 }
 
 void WriteBytes(std::u16string_view path, std::string_view bytes) {

@@ -26,6 +26,19 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
+/// While it lives, a test that runs as the superuser has no more rights than an ordinary user.
+/// Make it before the folder that the test works in.
+class OrdinaryUser {
+ public:
+  OrdinaryUser();
+  ~OrdinaryUser();
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+ private:
+  bool wasSuperuser_;
+};
+
 /// Writes `bytes` as they are.
 void WriteBytes(std::u16string_view path, std::string_view bytes);
 /// The bytes of a file; a test failure and "" if it can't be read.
