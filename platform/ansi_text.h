@@ -6,8 +6,9 @@
 // all text of code page 936 keeps its own.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,16 @@ namespace lexmill::platform {
 /// Bytes that a page can't decode become units of their own, kSurvivingByte + byte (lone low
 /// surrogates, outside all text), and become the same bytes again.
 inline constexpr char16_t kSurvivingByte = 0xDC00;
+
+/// The unit that stands for the undecodable `byte`.
+[[nodiscard]] constexpr char16_t SurvivingByte(char byte) {
+  return static_cast<char16_t>(kSurvivingByte + static_cast<unsigned char>(byte));
+}
+/// True if `unit`, which is not the second half of a pair, stands for an undecodable byte. ASCII
+/// bytes never do: every page decodes them.
+[[nodiscard]] constexpr bool IsSurvivingByte(std::int32_t unit) {
+  return unit >= kSurvivingByte + 0x80 && unit <= kSurvivingByte + 0xFF;
+}
 
 /// One code page. Immutable once open; cheap to share by reference.
 class CodePage {

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include <iostream>
+#include <string>
+
+#include "platform/ansi_text.h"
+#include "platform/application.h"
+#include "platform/failure.h"
+#include "platform/host_path.h"
+#include "platform/numbers.h"
+#include "platform/profile_file.h"
+#include "platform/text.h"
+
+namespace lexmill::platform {
+
+void ReadPlatformSettings() {
+  constexpr std::size_t kSize = 64;
+  const std::u16string path = WithSeparator(ApplicationFolder()) + u"Lexmill.ini";
+  const std::u16string page =
+      GetPrivateProfileString(u"LexmillPlatform", u"CodePage", {}, kSize, path);
+  if (page.empty()) {
+    return;
+  }
+  try {
+    SetAnsiCodePage(ToInt32(page));
+  } catch (const Failure&) {
+    std::cerr << ToHostPath(path) << ": no such code page: " << ToUtf8(page) << '\n';
+  }
+}
+
+}  // namespace lexmill::platform
