@@ -50,10 +50,10 @@ enum class Alignment { Left, Right, Center };
 using Color = std::uint32_t;
 inline constexpr Color kBlack = 0x000000;
 inline constexpr Color kWhite = 0xFFFFFF;
+/// What the system gives a control of that kind.
+inline constexpr Color kDefaultColor = 0xFFFFFFFF;
 inline constexpr Color kHighlightColor = 0x8000000D;
-inline constexpr Color kButtonFaceColor = 0x8000000F;
 inline constexpr Color kButtonShadowColor = 0x80000010;
-inline constexpr Color kButtonTextColor = 0x80000012;
 inline constexpr Color kButtonHighlightColor = 0x80000014;
 
 /// A place in a container or in the window's client area, in twips (15 to the pixel at 96 dpi).
@@ -165,8 +165,8 @@ class Control {
   Form* form_;
   const Control* container_ = nullptr;
   Rectangle place_;
-  Color backColor_ = kButtonFaceColor;
-  Color foreColor_ = kButtonTextColor;
+  Color backColor_ = kDefaultColor;
+  Color foreColor_ = kDefaultColor;
   std::u16string name_;
   std::u16string caption_;
   std::u16string toolTipText_;

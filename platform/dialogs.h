@@ -33,13 +33,19 @@ struct FileDialogRequest {
   std::vector<FileFilter> filters;
   std::int32_t filterIndex = 1;  ///< from 1; 0 opens on the first
   std::u16string defaultExtension;
+  bool overActiveWindow = true;  ///< blocks the program's active window while it is open
   bool fileMustExist = false;
   bool overwritePrompt = false;
+  bool multipleSelection = false;
+  bool readOnlyBox = false;  ///< offers a box "read-only"
+  bool readOnly = false;     ///< and checks it at first
 };
 
 struct FileDialogAnswer {
+  /// The path chosen; of several files the folder and then each name, joined by NULs.
   std::u16string path;
-  std::int32_t filterIndex = 1;
+  std::int32_t filterIndex = 1;  ///< from 1
+  bool readOnly = false;         ///< the box was checked
 };
 
 /// Lets the user choose a file. @return none if the user cancels

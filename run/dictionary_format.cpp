@@ -1,1 +1,104 @@
 // SPDX-License-Identifier: MIT
+#include "run/dictionary_format.h"
+
+#include <optional>
+#include <vector>
+
+#include "foundation/cInifile.h"
+#include "platform/application.h"
+#include "platform/file_system.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+#include "run/shared/run_state.h"
+#include "window/resources/language_table.h"
+
+namespace lexmill::modMain {
+namespace {
+
+constexpr char16_t kTab = u'\t';
+// How many lines of a format are enough to stop reading.
+constexpr int kGlossaryLines = 10;
+constexpr int kTextEntries = 5;
+
+bool HasOneTab(std::u16string_view line) {
+  const auto first = line.find(kTab);
+  return first != std::u16string_view::npos &&
+         line.find(kTab, first + 1) == std::u16string_view::npos;
+}
+
+using Columns = std::vector<std::u16string>;
+
+// The columns of the head line of a glossary; none for a file that isn't one. As long as one line
+// with exactly one TAB has been seen, a line with more of them takes its place.
+std::optional<Columns> ReadGlossaryHead(std::u16string_view path) {
+  auto stream = platform::FileSystemObject().OpenTextFile(path, EncodingOf(path));
+  Columns head;
+  int found = 0;
+  do {
+    const auto line = stream.ReadLine();
+    if (!platform::Contains(line, kTab)) {
+      continue;
+    }
+    if (HasOneTab(line)) {
+      ++found;
+    }
+    if (found == 1) {
+      const auto columns = platform::Split(line, kTab);
+      head.assign(columns.begin(), columns.end());
+    }
+  } while (found < kGlossaryLines && !stream.AtEndOfStream());
+  return found > 0 ? std::optional(head) : std::nullopt;
+}
+
+// Writes the language table anew each time, so that a run never depends on an edited one.
+std::u16string WriteLanguageTable() {
+  const std::u16string path = TheRun().AppPath + u"POLOLID.ini";
+  auto stream = platform::FileSystemObject().CreateTextFile(path, true);
+  stream.Write(platform::LoadStringResource(kLanguageTableId));
+  stream.Close();
+  return path;
+}
+
+void TakeLanguagePair(const Columns& head, std::u16string& languagePair) {
+  cInifile table;
+  table.Path(WriteLanguageTable());
+  table.Section(u"Language IDs");
+  const auto isKnown = [&](std::u16string_view key) {
+    table.Key(key);
+    return !table.Value().empty();
+  };
+  if (isKnown(head[0]) && isKnown(head[1])) {
+    languagePair = head[0] + kTab + head[1];
+  }
+}
+
+bool IsEntryHead(std::u16string_view line) {
+  const auto colon = line.find(u':');
+  return colon != std::u16string_view::npos && platform::IsNumeric(line.substr(0, colon));
+}
+
+bool HasTextEntries(std::u16string_view path) {
+  auto stream = platform::FileSystemObject().OpenTextFile(path, EncodingOf(path));
+  int found = 0;
+  do {
+    if (IsEntryHead(stream.ReadLine()) && !stream.ReadLine().empty()) {
+      ++found;
+    }
+  } while (found < kTextEntries && !stream.AtEndOfStream());
+  return found > 0;
+}
+
+}  // namespace
+
+DictionaryFormat DetectDictionaryFormat(std::u16string_view path, std::u16string& languagePair) {
+  if (!platform::FileSystemObject().FileExists(path)) {
+    return DictionaryFormat::Unknown;
+  }
+  if (const auto head = ReadGlossaryHead(path)) {
+    TakeLanguagePair(*head, languagePair);
+    return DictionaryFormat::PassoloGlossary;
+  }
+  return HasTextEntries(path) ? DictionaryFormat::DianjingText : DictionaryFormat::Unknown;
+}
+
+}  // namespace lexmill::modMain

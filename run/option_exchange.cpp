@@ -1,1 +1,178 @@
 // SPDX-License-Identifier: MIT
+// The members of frmMain that exchange the options between the controls, the snapshot of a run, the
+// settings files and the two presets.
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "foundation/cInifile.h"
+#include "foundation/entry_point.h"
+#include "platform/numbers.h"
+#include "run/shared/option_set.h"
+#include "run/shared/settings_file.h"
+#include "window/frmMain.h"
+
+namespace lexmill {
+namespace {
+
+/// A check box with a key in the settings file, and what the presets set it to.
+struct CheckOption {
+  platform::CheckBox frmMain::*box;
+  bool OptionSet::*value;
+  std::int16_t full;
+  std::int16_t minimal;
+};
+
+constexpr std::array kCheckOptions = {
+    CheckOption{&frmMain::chkaAndX, &OptionSet::chkaAndX, 1, 0},
+    CheckOption{&frmMain::chkaBanMaoHao, &OptionSet::chkaBanMaoHao, 1, 0},
+    CheckOption{&frmMain::chkaBanSenHao, &OptionSet::chkaBanSenHao, 1, 0},
+    CheckOption{&frmMain::chkaLTrimSpace, &OptionSet::chkaLTrimSpace, 1, 0},
+    CheckOption{&frmMain::chkaMTab, &OptionSet::chkaMTab, 1, 0},
+    CheckOption{&frmMain::chkaRTrimSpace, &OptionSet::chkaRTrimSpace, 1, 0},
+    CheckOption{&frmMain::chkaUpperCase, &OptionSet::chkaUpperCase, 0, 0},
+    CheckOption{&frmMain::chkNotAddANDX, &OptionSet::chkNotAddANDX, 0, 0},
+    CheckOption{&frmMain::chkrAndXEER, &OptionSet::chkrAndXEER, 1, 0},
+    CheckOption{&frmMain::chkrQuanMaoHao, &OptionSet::chkrQuanMaoHao, 1, 0},
+    CheckOption{&frmMain::chkrQuanSenHao, &OptionSet::chkrQuanSenHao, 1, 0},
+};
+
+/// A text box round the hot key, and what the presets set it to.
+struct BracketOption {
+  platform::TextBox frmMain::*box;
+  std::u16string OptionSet::*value;
+  std::u16string_view full;
+  std::u16string_view minimal;
+};
+
+constexpr std::array kBracketOptions = {
+    BracketOption{&frmMain::txtrAndXBK1, &OptionSet::txtrAndXBK1, u"(?:\\(|\\[|\\<|\\{)", u"\\("},
+    BracketOption{&frmMain::txtrAndXBK2, &OptionSet::txtrAndXBK2, u"(?:\\)|\\]|\\>|\\})", u"\\)"},
+    BracketOption{&frmMain::txttAndXBK1, &OptionSet::txttAndXBK1, u"(", u"("},
+    BracketOption{&frmMain::txttAndXBK2, &OptionSet::txttAndXBK2, u")", u")"},
+};
+
+constexpr std::u16string_view kMostLenLimit = u"999999999";
+constexpr std::u16string_view kDefaultLenLimit = u"50";
+
+cInifile OptionSection(std::u16string_view fileName) {
+  cInifile file;
+  file.Path(fileName.empty() ? SettingsFile() : std::u16string(fileName));
+  file.Section(u"LexmillCustomSetting");
+  return file;
+}
+
+std::u16string Stored(cInifile& file, const platform::Control& option) {
+  file.Key(option.Name());
+  return file.Value();
+}
+
+void Store(cInifile& file, const platform::Control& option, std::u16string value) {
+  file.Key(option.Name());
+  file.Value(value);
+}
+
+// Brings a number in the box down to the most that it may be; the comparison is one of texts.
+// Returns true if the box then holds a number from 1 up.
+bool ClampLenLimit(platform::TextBox& box) {
+  if (!platform::IsNumeric(box.Text())) {
+    return false;
+  }
+  if (box.Text() > kMostLenLimit) {
+    box.Text(kMostLenLimit);
+  }
+  return platform::ToInt32(box.Text()) >= 1;
+}
+
+void SaveLenLimit(cInifile& file, platform::TextBox& box) {
+  const bool numeric = platform::IsNumeric(box.Text());
+  const bool valid = ClampLenLimit(box);
+  if (numeric && !valid) {
+    box.Text(kDefaultLenLimit);
+  }
+  Store(file, box, numeric ? box.Text() : std::u16string(kDefaultLenLimit));
+}
+
+void LoadLenLimit(cInifile& file, platform::TextBox& box) {
+  box.Text(Stored(file, box));
+  if (!ClampLenLimit(box)) {
+    Store(file, box, std::u16string(kDefaultLenLimit));
+    box.Text(kDefaultLenLimit);
+  }
+}
+
+void LoadPreset(frmMain& window, std::int16_t CheckOption::*check, std::u16string_view lenLimit,
+                std::u16string_view BracketOption::*bracket) {
+  for (const CheckOption& option : kCheckOptions) {
+    (window.*option.box).Value(option.*check);
+  }
+  window.txtLenLimit.Text(lenLimit);
+  for (const BracketOption& option : kBracketOptions) {
+    (window.*option.box).Text(option.*bracket);
+  }
+}
+
+}  // namespace
+
+void frmMain::CfgSaveCtrlToVar() {
+  OptionSet& options = RunOptions();
+  for (const CheckOption& option : kCheckOptions) {
+    options.*option.value = (this->*option.box).Value() != 0;
+  }
+  options.chkaKeepTmpFile = chkaKeepTmpFile.Value() != 0;
+  options.chkSaveRefDB = chkSaveRefDB.Value() != 0;
+  options.txtLenLimit =
+      platform::ToInt32(ClampLenLimit(txtLenLimit) ? txtLenLimit.Text() : kDefaultLenLimit);
+  txtLenLimit.Text(platform::ToText(options.txtLenLimit));
+  for (const BracketOption& option : kBracketOptions) {
+    options.*option.value = (this->*option.box).Text();
+  }
+  options.txtSaveRefDB = txtSaveRefDB.Text();
+}
+
+void frmMain::CfgSaveCtrlToIni(std::u16string_view FileName) {
+  ReportFailures(u"Form 'frmMain' -> 'CfgSaveCtrlToIni'", [&] {
+    cInifile file = OptionSection(FileName);
+    for (const CheckOption& option : kCheckOptions) {
+      const platform::CheckBox& box = this->*option.box;
+      Store(file, box, platform::ToText(box.Value()));
+    }
+    SaveLenLimit(file, txtLenLimit);
+    for (const BracketOption& option : kBracketOptions) {
+      const platform::TextBox& box = this->*option.box;
+      Store(file, box, box.Text());
+    }
+    Store(file, txtSaveRefDB, txtSaveRefDB.Text());
+  });
+}
+
+void frmMain::CfgLoadIniToCtrl(std::u16string_view FileName) {
+  ReportFailures(u"Form 'frmMain' -> 'CfgLoadIniToCtrl'", [&] {
+    cInifile file = OptionSection(FileName);
+    for (const CheckOption& option : kCheckOptions) {
+      platform::CheckBox& box = this->*option.box;
+      if (const auto value = Stored(file, box); platform::IsNumeric(value)) {
+        box.Value(platform::ToInt16(value));
+      }
+    }
+    LoadLenLimit(file, txtLenLimit);
+    for (const BracketOption& option : kBracketOptions) {
+      platform::TextBox& box = this->*option.box;
+      if (const auto value = Stored(file, box); !value.empty()) {
+        box.Text(value);
+      }
+    }
+    txtSaveRefDB.Text(Stored(file, txtSaveRefDB));
+  });
+}
+
+void frmMain::CfgLoadMaxToCtrl() {
+  LoadPreset(*this, &CheckOption::full, kMostLenLimit, &BracketOption::full);
+}
+
+void frmMain::CfgLoadMinToCtrl() {
+  LoadPreset(*this, &CheckOption::minimal, kDefaultLenLimit, &BracketOption::minimal);
+}
+
+}  // namespace lexmill

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// run: one run from the start command to its end.
+// Which format a dictionary has, told from its content.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lexmill::modMain {
+
+enum class DictionaryFormat : std::int32_t {
+  Unknown = 0,
+  PassoloGlossary = 1,
+  DianjingText = 2,
+};
+
+/// Looks at the first lines of a dictionary; one line with exactly one TAB makes it a glossary.
+/// Writes the language table beside the program when it is one.
+/// @param languagePair  [in,out] the head line of a glossary, if it names two known languages;
+///   otherwise left alone
+/// @return Unknown also for a file that does not exist
+/// @throws platform::Failure InputPastEnd for an empty file, or one whose last line has a number
+///   before a colon while no line is one of a glossary; and what opening a file throws
+[[nodiscard]] DictionaryFormat DetectDictionaryFormat(std::u16string_view path,
+                                                      std::u16string& languagePair);
+
+}  // namespace lexmill::modMain

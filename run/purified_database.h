@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// run: one run from the start command to its end.
+// Which reference is the database that an earlier run saved.
+#pragma once
+
+#include <string_view>
+
+namespace lexmill::modMain {
+
+/// True if the file is a database of the format that the runs save, with the reference table as its
+/// first. Looks at two fixed places and opens no database. Never fails: a file that can't be read
+/// is none.
+[[nodiscard]] bool IsPurifiedDatabase(std::u16string_view path);
+
+}  // namespace lexmill::modMain

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// window: the program's one window outside a run.
+// The banner of the progress panel.
+#pragma once
+
+#include <string_view>
+
+namespace lexmill {
+
+/// The bytes of a PNG file of 256 by 48 pixels. Lives as long as the program.
+[[nodiscard]] std::string_view BannerPicture();
+
+}  // namespace lexmill
