@@ -1,1 +1,151 @@
 // SPDX-License-Identifier: MIT
+#include "platform/batch/interpreter.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/batch/file_commands.h"
+#include "platform/batch/messages.h"
+#include "platform/command_line.h"
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "platform/host_path.h"
+#include "platform/program_start.h"
+#include "platform/text.h"
+
+namespace lexmill::platform::batch {
+namespace {
+
+/// @return an object that is not open, and `errno`, if the file can't be had
+HostFile OpenRedirected(const std::string& path, bool isInput) {
+  std::error_code none;
+  if (isInput && std::filesystem::is_directory(path, none)) {
+    errno = EISDIR;
+    return {};
+  }
+  return HostFile::Open(path, isInput ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC);
+}
+
+}  // namespace
+
+Interpreter::Interpreter(HostFile& input, HostFile& output, HostFile& error)
+    : input_(input), output_(output), error_(error) {}
+
+void Interpreter::RunScript(std::u16string_view path) {
+  TextReader script = FileSystemObject().OpenTextFile(path);
+  while (!script.AtEndOfStream()) {
+    const std::u16string_view text = script.ReadLine();
+    const BatchLine line = ReadBatchLine(text);
+    if (isEchoOn_ && !line.isSilent && !Trim(text).empty()) {
+      Show(text);
+    }
+    Run(line);
+  }
+}
+
+void Interpreter::RunLine(std::u16string_view line) {
+  Run(ReadBatchLine(line));
+}
+
+void Interpreter::Show(std::u16string_view line) {
+  std::error_code none;
+  const std::string folder = std::filesystem::current_path(none).string();
+  PrintLine(output_, u"\r\n" + FromHostPath(folder) + u">" + std::u16string(line));
+}
+
+void Interpreter::Run(const BatchLine& line) {
+  if (!line.isComplete) {
+    PrintLine(error_, kWrongSyntax);
+    exitCode_ = 1;
+    return;
+  }
+  Redirected files;
+  if (!Redirect(line.redirections, files) ||
+      !RunCommand(line, files.input.IsOpen() ? files.input : input_,
+                  files.output.IsOpen() ? files.output : output_)) {
+    exitCode_ = 1;
+  }
+}
+
+bool Interpreter::Redirect(std::span<const Redirection> redirections, Redirected& files) {
+  for (const auto& redirection : redirections) {
+    const std::string path = HostName(redirection.path);
+    HostFile& file = redirection.isInput ? files.input : files.output;
+    file = OpenRedirected(path, redirection.isInput);
+    if (!file.IsOpen()) {
+      PrintLine(error_, DescribeError(errno, path));
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Interpreter::RunCommand(const BatchLine& line, HostFile& input, HostFile& output) {
+  const std::u16string name = LowerCase(line.name);
+  if (name == u"echo") {
+    Echo(line.argument, output);
+    return true;
+  }
+  if (name == u"copy") {
+    return Copy(SplitCommandLine(line.argument), {output, error_});
+  }
+  if (name == u"del") {
+    return Delete(SplitCommandLine(line.argument), {output, error_});
+  }
+  return name.empty() || RunOther(line, input, output);
+}
+
+void Interpreter::Echo(std::u16string_view argument, HostFile& output) {
+  const std::u16string word = LowerCase(Trim(argument));
+  if (word == u"on" || word == u"off") {
+    isEchoOn_ = word == u"on";
+  } else if (word.empty()) {
+    PrintLine(output, isEchoOn_ ? kEchoIsOn : kEchoIsOff);
+  } else {
+    // The blank or the point behind the name belongs to the command.
+    PrintLine(output, argument.substr(1));
+  }
+}
+
+bool Interpreter::RunOther(const BatchLine& line, const HostFile& input, const HostFile& output) {
+  const auto words = SplitCommandLine(line.name + line.argument);
+  const auto exitCode = RunProgram({.words = words,
+                                    .directory = {},
+                                    .standardInput = &input,
+                                    .standardOutput = &output,
+                                    .standardError = &error_});
+  if (!exitCode) {
+    PrintLine(error_, UnknownCommand(words.front()));
+    return false;
+  }
+  exitCode_ = *exitCode;
+  return true;
+}
+
+int RunBatch(std::span<const std::u16string> arguments, Interpreter& interpreter, HostFile& error) {
+  if (arguments.size() > 1 && arguments[0] == kLineSwitch) {
+    std::u16string line;
+    for (const auto& argument : arguments.subspan(1)) {
+      line += (line.empty() ? u"" : u" ") + argument;
+    }
+    interpreter.RunLine(line);
+    return interpreter.ExitCode();
+  }
+  if (arguments.size() != 1) {
+    PrintLine(error, kUsage);
+    return 2;
+  }
+  try {
+    interpreter.RunScript(arguments[0]);
+    return interpreter.ExitCode();
+  } catch (const Failure& failure) {
+    PrintLine(error, arguments[0] + u": " + failure.Description());
+    return 1;
+  }
+}
+
+}  // namespace lexmill::platform::batch

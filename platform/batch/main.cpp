@@ -1,4 +1,25 @@
 // SPDX-License-Identifier: MIT
-int main() {
-  return 0;
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/batch/interpreter.h"
+#include "platform/host_file.h"
+#include "platform/host_path.h"
+
+int main(int count, char** values) {
+  namespace platform = lexmill::platform;
+  platform::ReadPlatformSettings();
+
+  std::vector<std::u16string> arguments;
+  for (int i = 1; i < count; ++i) {
+    arguments.push_back(platform::FromHostPath(values[i]));
+  }
+  platform::HostFile input(STDIN_FILENO);
+  platform::HostFile output(STDOUT_FILENO);
+  platform::HostFile error(STDERR_FILENO);
+  platform::batch::Interpreter interpreter(input, output, error);
+  return platform::batch::RunBatch(arguments, interpreter, error);
 }

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "platform/batch/file_commands.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "platform/batch/messages.h"
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "platform/host_path.h"
+#include "platform/text.h"
+
+namespace lexmill::platform::batch {
+namespace {
+
+constexpr std::size_t kBlockSize = 256 * 1024;  // bytes
+
+/// Where a copy of `source` goes: into `target` if that is a folder.
+std::string CopyTarget(const std::string& source, const std::string& target) {
+  std::error_code none;
+  const std::filesystem::path path = target;
+  return std::filesystem::is_directory(path, none)
+             ? (path / std::filesystem::path(source).filename()).string()
+             : target;
+}
+
+/// @return false and `errno` if one of the two files fails
+bool CopyContent(HostFile& from, HostFile& to) {
+  std::vector<char> block(kBlockSize);
+  while (true) {
+    const auto count = from.Read(block);
+    if (!count || !to.Write({block.data(), *count})) {
+      return false;
+    }
+    if (*count == 0) {
+      return true;
+    }
+  }
+}
+
+/// @return 0 if `target` is there in full; otherwise it is as it was, and why, as in `errno`
+int ReplaceByCopy(HostFile& source, const std::string& target) {
+  auto copy = ReplacementFile::Create(target);
+  const bool isDone = copy && CopyContent(source, copy->File()) && copy->Commit(true);
+  return isDone ? 0 : errno;
+}
+
+std::u16string FullPath(std::u16string_view name) {
+  std::error_code none;
+  return FromHostPath(
+      std::filesystem::absolute(ToHostPath(name), none).lexically_normal().string());
+}
+
+bool DeleteOne(std::u16string_view name, HostFile& error) {
+  try {
+    FileSystemObject().DeleteFile(name);
+    return true;
+  } catch (const Failure& failure) {
+    const std::u16string path = FullPath(name);
+    if (failure.Number() == static_cast<std::int32_t>(FailureNumber::PermissionDenied)) {
+      PrintLine(error, path);
+      PrintLine(error, kAccessDenied);
+    } else {
+      PrintLine(error, std::u16string(kCouldNotFind) + path);
+    }
+    return false;
+  }
+}
+
+}  // namespace
+
+std::string HostName(std::u16string_view name) {
+  return LowerCase(name) == u"nul" ? "/dev/null" : ToHostPath(name);
+}
+
+bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
+  if (names.size() != 2) {
+    PrintLine(streams.error, kWrongSyntax);
+    return false;
+  }
+  const std::string source = HostName(names[0]);
+  HostFile file = HostFile::Open(source, O_RDONLY);
+  if (!file.IsOpen()) {
+    PrintLine(streams.error, DescribeError(errno, source));
+    return false;
+  }
+  const std::string target = CopyTarget(source, HostName(names[1]));
+  if (const int error = ReplaceByCopy(file, target); error != 0) {
+    PrintLine(streams.error, DescribeError(error, target));
+    PrintLine(streams.output, kNoFileCopied);
+    return false;
+  }
+  PrintLine(streams.output, kOneFileCopied);
+  return true;
+}
+
+bool Delete(std::span<const std::u16string> names, CommandStreams streams) {
+  if (names.empty()) {
+    PrintLine(streams.error, kWrongSyntax);
+  }
+  bool isDone = !names.empty();
+  for (const auto& name : names) {
+    isDone = DeleteOne(name, streams.error) && isDone;
+  }
+  return isDone;
+}
+
+}  // namespace lexmill::platform::batch

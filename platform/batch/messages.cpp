@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "platform/batch/messages.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <tuple>
+
+#include "platform/ansi_text.h"
+#include "platform/text.h"
+
+namespace lexmill::platform::batch {
+
+std::u16string UnknownCommand(std::u16string_view name) {
+  std::u16string message = u"'";
+  message += name;
+  message += u"' 不是内部或外部命令，也不是可运行的程序\r\n或批处理文件。";
+  return message;
+}
+
+std::u16string_view DescribeError(int error, const std::string& path) {
+  std::error_code none;
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  switch (error) {
+    case ENOENT:
+      return folder.empty() || std::filesystem::is_directory(folder, none) ? kFileNotFound
+                                                                           : kPathNotFound;
+    case ENOTDIR:
+      return kPathNotFound;
+    case ENOSPC:
+    case EDQUOT:
+      return kDiskFull;
+    case EIO:
+      return kDeviceError;
+    default:
+      return kAccessDenied;
+  }
+}
+
+void PrintLine(HostFile& stream, std::u16string_view text) {
+  const std::u16string line = std::u16string(text) + u"\r\n";
+  std::string bytes;
+  if (!AnsiCodePage().Encode(line, bytes)) {
+    bytes = ToUtf8(line);
+  }
+  std::ignore = stream.Write(bytes);
+}
+
+}  // namespace lexmill::platform::batch
