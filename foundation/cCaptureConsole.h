@@ -15,8 +15,8 @@ class cCaptureConsole {
  public:
   /// Raised for each completed read, inside ShellConsole, with the text of that read alone: at most
   /// 1024 bytes, decoded by themselves, so that a character which a read cuts in two is taken byte
-  /// by byte. The view lives until the listener returns.
-  platform::Event<std::u16string_view> OutputAvailable;
+  /// by byte.
+  platform::Event<std::u16string> OutputAvailable;
 
   /// Runs a command line and waits for the end of its output, which comes when the last process
   /// that can write to it ends. How the command fared can't be seen.

@@ -12,10 +12,12 @@ namespace {
 
 /// A line as read: `@` if silent, name and argument in brackets, then the redirections.
 std::string Described(const BatchLine& line) {
-  std::string result = line.isSilent ? "@" : "";
-  result += "[" + test::Readable(line.name) + "][" + test::Readable(line.argument) + "]";
+  std::string result = line.isSilent ? "@[" : "[";
+  result.append(test::Readable(line.name)).append("][").append(test::Readable(line.argument));
+  result += "]";
   for (const auto& redirection : line.redirections) {
-    result += (redirection.isInput ? "<" : ">") + ("{" + test::Readable(redirection.path) + "}");
+    result.append(redirection.isInput ? "<{" : ">{");
+    result.append(test::Readable(redirection.path)).append("}");
   }
   return result + (line.isComplete ? "" : " incomplete");
 }

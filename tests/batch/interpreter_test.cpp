@@ -58,6 +58,9 @@ class InterpreterTest : public testing::Test {
   /// The full path of `name` as messages show it.
   std::string FullPath(const char* name) const { return (folder_.Path() / name).string(); }
 
+  /// What goes before a line that is shown.
+  std::string Prompt() const { return std::string("\n") + folder_.Path().string() + ">"; }
+
   /// The content of `name` in the folder; "-" if there is no such file.
   std::string Content(const char* name) const {
     return std::filesystem::exists(folder_.Path() / name) ? test::ReadBytes(folder_.File(name))
@@ -91,8 +94,7 @@ TEST_F(InterpreterTest, Echoes) {
        "ECHO 处于关闭状态。\n"},
       {"@echo off\n@Echo On\n@echo", "ECHO 处于打开状态。\n"},
       {"@echo offer", "offer\n"},
-      {"echo a\n\necho off\necho b", "\n" + folder_.Path().string() + ">echo a\na\n\n" +
-                                         folder_.Path().string() + ">echo off\nb\n"},
+      {"echo a\n\necho off\necho b", Prompt() + "echo a\na\n" + Prompt() + "echo off\nb\n"},
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(row.script);

@@ -26,7 +26,7 @@ class CaptureConsole : public testing::Test {
  protected:
   CaptureConsole()
       : listener_(console_.OutputAvailable.Connect(
-            [this](std::u16string_view text) { pieces_.push_back(test::Readable(text)); })) {
+            [this](const std::u16string& text) { pieces_.push_back(test::Readable(text)); })) {
     platform::SetApplicationFolder(platform::FromHostPath(folder_.Path().string()));
   }
   ~CaptureConsole() override { platform::SetWaiting(nullptr); }

@@ -18,7 +18,7 @@ namespace {
 std::string Bracketed(const std::vector<std::u16string>& words) {
   std::string result;
   for (const auto& word : words) {
-    result += "[" + test::Readable(word) + "]";
+    result.append("[").append(test::Readable(word)).append("]");
   }
   return result;
 }
