@@ -12,7 +12,8 @@
 namespace lexmill::platform {
 
 /// A regular expression object. A pattern is compiled at its first use and kept, so that setting
-/// the same few patterns again and again is cheap. Texts may have any length.
+/// the same few patterns again and again is cheap. Texts may have any length; a text that was too
+/// long for the machine's stack gives the memory that it took back at once.
 class RegExp {
  public:
   RegExp();
@@ -20,14 +21,16 @@ class RegExp {
   RegExp& operator=(RegExp&&) noexcept;
   ~RegExp();
 
+  /// The pattern set last; empty at first, and an empty pattern matches everywhere.
   [[nodiscard]] std::u16string Pattern() const;
-  /// Accepts any text; a bad pattern fails at its first use.
+  /// Accepts any text; a bad pattern fails at each of its uses.
   void Pattern(std::u16string_view pattern);
 
   /// True if the pattern matches anywhere in `text`.
   /// @throws Failure ExpressionSyntax, UnexpectedQuantifier, ExpectedBracket, ExpectedParenthesis
-  /// or
-  ///   InvalidRange for a bad pattern, OutOfMemory if a match needs more than the machine has
+  ///   or InvalidRange for a bad pattern; ExpressionSyntax with a description of its own for a
+  ///   pattern that would go on trying `text` for minutes, as (a+)+$ does; OutOfMemory if a match
+  ///   needs more than the machine has
   [[nodiscard]] bool Test(std::u16string_view text) const;
 
   /// `text` with its first match replaced; `text` itself if there is none. In `replacement` $1 to
@@ -35,6 +38,12 @@ class RegExp {
   /// dollar; anything else is literal. @throws as Test
   [[nodiscard]] std::u16string Replace(std::u16string_view text,
                                        std::u16string_view replacement) const;
+
+  /// As Replace, into a buffer that the caller keeps: `result` becomes `text` with its first match
+  /// replaced. `text` may not be a view of `result`. @throws as Test
+  /// @return false if there is no match; `result` is then as it was
+  [[nodiscard]] bool ReplaceInto(std::u16string_view text, std::u16string_view replacement,
+                                 std::u16string& result) const;
 
   /// The groups of the first match, group 0 being the whole; empty if there is no match. A group
   /// that takes no part is an empty view. The views share the life of `text`; the span lives until
