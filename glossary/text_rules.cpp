@@ -1,2 +1,233 @@
 // SPDX-License-Identifier: MIT
 #include "glossary/text_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace lexmill {
+namespace {
+
+constexpr std::u16string_view kLiteralTab = u"\\t";
+constexpr std::u16string_view kLiteralTabPattern = uR"(^((?:\\\\|[^\\])+)(\\t(?:\\\\|[^\\])+)$)";
+
+constexpr std::u16string_view kAmpersand = u"&";
+constexpr std::u16string_view kReferenceHotKey = uR"(^((?:&&|[^&])*)&([^&](?:&&|[^&])*)$)";
+constexpr std::u16string_view kFullWidthHotKey =
+    uR"(^((?:&&|[^&])*)&([\u007F-\uFFFF](?:&&|[^&])*)$)";
+constexpr std::u16string_view kUntranslatedHotKey = uR"(^((?:&&|[^&])*)&([^ &](?:&&|[^&])*)$)";
+constexpr std::u16string_view kBeforeBrackets = uR"(^((?:&&|[^&])*))";
+constexpr std::u16string_view kBetweenBrackets = u"&[^ &]";
+constexpr std::u16string_view kBehindBrackets = uR"(((?:&&|[^&])*)$)";
+constexpr std::u16string_view kBothSides = u"$1$2";
+
+constexpr std::u16string_view kBlanksOnBothSides = u"^( *)([^ ].*[^ ])( *)$";
+constexpr std::u16string_view kLeadingBlanks = u"^( *)([^ ].*)$";
+constexpr std::u16string_view kTrailingBlanks = u"^(.*[^ ])( *)$";
+
+/// Takes away punctuation at the end of a string, group 1 being what stays.
+struct PunctuationRule {
+  std::u16string_view tellTale;
+  bool OptionSet::*option;
+  std::u16string_view pattern;
+};
+
+/// In the order of precedence. The first two are for both sides, the others for reference targets.
+constexpr std::array<PunctuationRule, 4> kPunctuationRules = {{
+    {u":", &OptionSet::chkaBanMaoHao, u"^(.*[^:]):$"},
+    {u"...", &OptionSet::chkaBanSenHao, uR"(^(?:\.{3}|(.*[^\.])\.{3})$)"},
+    {u"：", &OptionSet::chkrQuanMaoHao, u"^(.*[^：])：$"},
+    {u"…", &OptionSet::chkrQuanSenHao, u"^(.*[^…])…{1,2}$"},
+}};
+constexpr std::span kHalfWidthRules = std::span(kPunctuationRules).first<2>();
+
+/// True if `text` holds `mark`. Most strings do not even hold its first unit, which all units are
+/// asked for, since the compiler then looks at many in one step.
+bool Holds(std::u16string_view text, std::u16string_view mark) {
+  char16_t found = 0;
+  for (const char16_t unit : text) {
+    found = static_cast<char16_t>(found | (unit == mark.front() ? 1 : 0));
+  }
+  return found != 0 && platform::Contains(text, mark);
+}
+
+bool IsTooLong(std::u16string_view source, const OptionSet& options) {
+  return std::cmp_greater(source.size(), options.txtLenLimit);
+}
+
+std::span<const std::u16string_view> Match(platform::RegExp& expression,
+                                           std::u16string_view pattern, std::u16string_view text) {
+  expression.Pattern(pattern);
+  return expression.Execute(text);
+}
+
+/// Length of the part of `text` before its one literal tab; none if it has not just one.
+std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text,
+                                                  platform::RegExp& expression) {
+  if (!Holds(text, kLiteralTab)) {
+    return std::nullopt;
+  }
+  const auto groups = Match(expression, kLiteralTabPattern, text);
+  return groups.empty() ? std::nullopt : std::optional(groups[1].size());
+}
+
+/// `text` without its final punctuation. A string belongs to the first rule whose mark it holds
+/// anywhere, whether or not that rule is wanted or fits.
+std::u16string_view WithoutPunctuation(std::u16string_view text,
+                                       std::span<const PunctuationRule> rules,
+                                       const OptionSet& options, platform::RegExp& expression) {
+  const auto rule = std::ranges::find_if(
+      rules, [text](const PunctuationRule& candidate) { return Holds(text, candidate.tellTale); });
+  if (rule == rules.end() || !(options.*rule->option)) {
+    return text;
+  }
+  const auto groups = Match(expression, rule->pattern, text);
+  return groups.empty() ? text : groups[1];
+}
+
+}  // namespace
+
+ReferenceRules::ReferenceRules(const OptionSet& options, platform::RegExp& expression)
+    : options_(options), expression_(expression) {}
+
+std::optional<PurifiedPair> ReferenceRules::PurifyReference(std::u16string_view source,
+                                                            std::u16string_view target) {
+  if (source == target || IsTooLong(source, options_)) {
+    return std::nullopt;
+  }
+  return PurifiedPair{.source = PurifiedSource(source), .target = PurifiedTarget(target)};
+}
+
+std::u16string_view ReferenceRules::PurifiedSource(std::u16string_view text) {
+  text = WithoutBlanks(SourceWithoutHotKey(WithoutLiteralTab(text)));
+  return WithoutPunctuation(text, kHalfWidthRules, options_, expression_);
+}
+
+std::u16string_view ReferenceRules::PurifiedTarget(std::u16string_view text) {
+  text = WithoutBlanks(TargetWithoutHotKey(WithoutLiteralTab(text)));
+  return WithoutPunctuation(text, kPunctuationRules, options_, expression_);
+}
+
+std::u16string_view ReferenceRules::WithoutLiteralTab(std::u16string_view text) const {
+  if (!options_.chkaMTab) {
+    return text;
+  }
+  return text.substr(0, LengthBeforeLiteralTab(text, expression_).value_or(text.size()));
+}
+
+/// The ampersand goes, the character behind it stays; it may be a blank.
+std::u16string_view ReferenceRules::SourceWithoutHotKey(std::u16string_view source) {
+  if (!options_.chkaAndX || !Holds(source, kAmpersand)) {
+    return source;
+  }
+  expression_.Pattern(kReferenceHotKey);
+  return expression_.ReplaceInto(source, kBothSides, source_) ? source_ : source;
+}
+
+/// The hot key goes with its brackets; failing that, an ampersand before a full-width character.
+std::u16string_view ReferenceRules::TargetWithoutHotKey(std::u16string_view target) {
+  if (!options_.chkaAndX || !Holds(target, kAmpersand)) {
+    return target;
+  }
+  hotKeyPattern_.assign(kBeforeBrackets)
+      .append(options_.txtrAndXBK1)
+      .append(kBetweenBrackets)
+      .append(options_.txtrAndXBK2)
+      .append(kBehindBrackets);
+  expression_.Pattern(hotKeyPattern_);
+  if (expression_.ReplaceInto(target, kBothSides, target_)) {
+    return target_;
+  }
+  if (!options_.chkrAndXEER) {
+    return target;
+  }
+  expression_.Pattern(kFullWidthHotKey);
+  return expression_.ReplaceInto(target, kBothSides, target_) ? target_ : target;
+}
+
+std::u16string_view ReferenceRules::WithoutBlanks(std::u16string_view text) const {
+  if (options_.chkaLTrimSpace) {
+    text = platform::TrimLeft(text);
+  }
+  return options_.chkaRTrimSpace ? platform::TrimRight(text) : text;
+}
+
+UntranslatedRules::UntranslatedRules(const OptionSet& options, platform::RegExp& expression)
+    : options_(options), expression_(expression) {}
+
+std::optional<DecomposedString> UntranslatedRules::DecomposeUntranslated(
+    std::u16string_view source, std::u16string_view target) {
+  if (source != target || IsTooLong(source, options_)) {
+    return std::nullopt;
+  }
+  Work work{.text = source, .mainStart = 0, .mainEnd = source.size()};
+  SetLiteralTabAside(work);
+  const std::u16string_view hotKey = SetHotKeyAside(work);
+  SetBlanksAside(work);
+  SetPunctuationAside(work);
+  return DecomposedString{.so = target,
+                          .sh = work.text.substr(0, work.mainStart),
+                          .sm = options_.chkaUpperCase ? InUpperCase(work.Main()) : work.Main(),
+                          .sk = hotKey,
+                          .st = work.text.substr(work.mainEnd)};
+}
+
+void UntranslatedRules::SetLiteralTabAside(Work& work) const {
+  if (options_.chkaMTab) {
+    work.mainEnd = LengthBeforeLiteralTab(work.text, expression_).value_or(work.mainEnd);
+  }
+}
+
+/// Takes the ampersand out of the main text. The character behind it may not be a blank here.
+/// @return the hot key in upper case between its brackets; empty if there is none
+std::u16string_view UntranslatedRules::SetHotKeyAside(Work& work) {
+  if (!options_.chkaAndX || !Holds(work.Main(), kAmpersand)) {
+    return {};
+  }
+  const auto groups = Match(expression_, kUntranslatedHotKey, work.Main());
+  if (groups.empty()) {
+    return {};
+  }
+  const std::u16string_view tail = work.text.substr(work.mainEnd);
+  text_.assign(groups[1]).append(groups[2]);
+  work.mainEnd = text_.size();
+  work.text = text_.append(tail);
+  hotKey_.assign(options_.txttAndXBK1).append(1, u'&');
+  hotKey_.append(1, platform::UpperCase(groups[2].front())).append(options_.txttAndXBK2);
+  return hotKey_;
+}
+
+/// Only a string with a blank at a wanted end can change, so that only it is matched.
+void UntranslatedRules::SetBlanksAside(Work& work) const {
+  const bool leading = options_.chkaLTrimSpace;
+  const bool trailing = options_.chkaRTrimSpace;
+  const std::u16string_view main = work.Main();
+  if (!(leading && main.starts_with(u' ')) && !(trailing && main.ends_with(u' '))) {
+    return;
+  }
+  const std::u16string_view oneSide = leading ? kLeadingBlanks : kTrailingBlanks;
+  const auto groups = Match(expression_, leading && trailing ? kBlanksOnBothSides : oneSide, main);
+  if (groups.empty()) {
+    return;
+  }
+  const std::size_t mainGroup = leading ? 2 : 1;
+  work.mainStart = leading ? groups[1].size() : 0;
+  work.mainEnd = work.mainStart + groups[mainGroup].size();
+}
+
+void UntranslatedRules::SetPunctuationAside(Work& work) const {
+  work.mainEnd = work.mainStart +
+                 WithoutPunctuation(work.Main(), kHalfWidthRules, options_, expression_).size();
+}
+
+std::u16string_view UntranslatedRules::InUpperCase(std::u16string_view text) {
+  main_.assign(text);
+  std::ranges::transform(main_, main_.begin(),
+                         [](char16_t unit) { return platform::UpperCase(unit); });
+  return main_;
+}
+
+}  // namespace lexmill

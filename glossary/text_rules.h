@@ -32,34 +32,64 @@ class ReferenceRules {
 
   /// Strips an entry down to its bare words.
   /// @return the two strings, their views alive until the next call or the end of the arguments;
-  /// none
-  ///   if source and target are equal or the source is longer than txtLenLimit units
+  ///   none if source and target are equal or the source is longer than txtLenLimit units
   /// @throws platform::Failure of the expression engine for a bad fragment in txtrAndXBK1 or
   ///   txtrAndXBK2, when a target first needs it
   [[nodiscard]] std::optional<PurifiedPair> PurifyReference(std::u16string_view source,
                                                             std::u16string_view target);
 
  private:
+  [[nodiscard]] std::u16string_view PurifiedSource(std::u16string_view text);
+  [[nodiscard]] std::u16string_view PurifiedTarget(std::u16string_view text);
+  [[nodiscard]] std::u16string_view WithoutLiteralTab(std::u16string_view text) const;
+  [[nodiscard]] std::u16string_view SourceWithoutHotKey(std::u16string_view source);
+  [[nodiscard]] std::u16string_view TargetWithoutHotKey(std::u16string_view target);
+  [[nodiscard]] std::u16string_view WithoutBlanks(std::u16string_view text) const;
+
   const OptionSet& options_;
   platform::RegExp& expression_;
+  std::u16string source_;         ///< a source that lost its ampersand
+  std::u16string target_;         ///< a target that lost its hot key
+  std::u16string hotKeyPattern_;  ///< of targets, made of the two bracket fragments
 };
 
-/// The rule chain of the untranslated side.
+/// The rule chain of the untranslated side. Holds buffers as ReferenceRules does.
 class UntranslatedRules {
  public:
   /// @param options, expression  as for ReferenceRules
   UntranslatedRules(const OptionSet& options, platform::RegExp& expression);
 
   /// Takes an untranslated string apart so that its translation can be dressed the same way.
-  /// @return the five pieces, `so` being `target`, their views alive as for PurifyReference; none
-  /// if
-  ///   the two differ (the string is translated) or `source` is longer than txtLenLimit units
+  /// @return the five pieces, `so` being `target`, their views alive as for PurifyReference;
+  ///   none if the two differ (the string is translated) or `source` is longer than txtLenLimit
+  ///   units
   [[nodiscard]] std::optional<DecomposedString> DecomposeUntranslated(std::u16string_view source,
                                                                       std::u16string_view target);
 
  private:
+  /// A string under work. What the rules take away at either end stays beside the main text, so
+  /// that to take away is to move a border.
+  struct Work {
+    std::u16string_view text;  ///< head, main text and tail
+    std::size_t mainStart;
+    std::size_t mainEnd;
+
+    [[nodiscard]] std::u16string_view Main() const {
+      return text.substr(mainStart, mainEnd - mainStart);
+    }
+  };
+
+  void SetLiteralTabAside(Work& work) const;
+  [[nodiscard]] std::u16string_view SetHotKeyAside(Work& work);
+  void SetBlanksAside(Work& work) const;
+  void SetPunctuationAside(Work& work) const;
+  [[nodiscard]] std::u16string_view InUpperCase(std::u16string_view text);
+
   const OptionSet& options_;
   platform::RegExp& expression_;
+  std::u16string text_;    ///< a string that lost its ampersand
+  std::u16string hotKey_;  ///< the hot key in its brackets
+  std::u16string main_;    ///< the main text in upper case
 };
 
 }  // namespace lexmill
