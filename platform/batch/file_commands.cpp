@@ -11,6 +11,7 @@
 #include "platform/batch/messages.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
+#include "platform/host_failure.h"
 #include "platform/host_path.h"
 #include "platform/text.h"
 
@@ -21,10 +22,9 @@ constexpr std::size_t kBlockSize = 256 * 1024;  // bytes
 
 /// Where a copy of `source` goes: into `target` if that is a folder.
 std::string CopyTarget(const std::string& source, const std::string& target) {
-  std::error_code none;
-  const std::filesystem::path path = target;
-  return std::filesystem::is_directory(path, none)
-             ? (path / std::filesystem::path(source).filename()).string()
+  const auto status = StatusOf(target);
+  return status && status->kind == FileKind::Folder
+             ? target + '/' + std::filesystem::path(source).filename().string()
              : target;
 }
 
@@ -85,12 +85,12 @@ bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
   const std::string source = HostName(names[0]);
   HostFile file = HostFile::Open(source, O_RDONLY);
   if (!file.IsOpen()) {
-    PrintLine(streams.error, DescribeError(errno, source));
+    PrintLine(streams.error, Describe(FileFailure(errno, source)));
     return false;
   }
   const std::string target = CopyTarget(source, HostName(names[1]));
   if (const int error = ReplaceByCopy(file, target); error != 0) {
-    PrintLine(streams.error, DescribeError(error, target));
+    PrintLine(streams.error, Describe(CreationFailure(error, target)));
     PrintLine(streams.output, kNoFileCopied);
     return false;
   }

@@ -3,9 +3,9 @@
 
 #include <fcntl.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 #include "platform/batch/file_commands.h"
@@ -13,6 +13,7 @@
 #include "platform/command_line.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
+#include "platform/host_failure.h"
 #include "platform/host_path.h"
 #include "platform/program_start.h"
 #include "platform/text.h"
@@ -22,12 +23,13 @@ namespace {
 
 /// @return an object that is not open, and `errno`, if the file can't be had
 HostFile OpenRedirected(const std::string& path, bool isInput) {
-  std::error_code none;
-  if (isInput && std::filesystem::is_directory(path, none)) {
+  HostFile file = HostFile::Open(path, isInput ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC);
+  const auto status = file.IsOpen() ? file.Status() : std::nullopt;
+  if (status && status->kind == FileKind::Folder) {
+    file.Close();
     errno = EISDIR;
-    return {};
   }
-  return HostFile::Open(path, isInput ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC);
+  return file;
 }
 
 }  // namespace
@@ -77,7 +79,8 @@ bool Interpreter::Redirect(std::span<const Redirection> redirections, Redirected
     HostFile& file = redirection.isInput ? files.input : files.output;
     file = OpenRedirected(path, redirection.isInput);
     if (!file.IsOpen()) {
-      PrintLine(error_, DescribeError(errno, path));
+      PrintLine(error_, Describe(redirection.isInput ? FileFailure(errno, path)
+                                                     : CreationFailure(errno, path)));
       return false;
     }
   }

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/batch/messages.h"
 
-#include <cerrno>
-#include <filesystem>
-#include <system_error>
 #include <tuple>
 
 #include "platform/ansi_text.h"
@@ -18,19 +15,17 @@ std::u16string UnknownCommand(std::u16string_view name) {
   return message;
 }
 
-std::u16string_view DescribeError(int error, const std::string& path) {
-  std::error_code none;
-  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-  switch (error) {
-    case ENOENT:
-      return folder.empty() || std::filesystem::is_directory(folder, none) ? kFileNotFound
-                                                                           : kPathNotFound;
-    case ENOTDIR:
+std::u16string_view Describe(const Failure& failure) {
+  switch (static_cast<FailureNumber>(failure.Number())) {
+    case FailureNumber::FileNotFound:
+      return kFileNotFound;
+    case FailureNumber::PathNotFound:
       return kPathNotFound;
-    case ENOSPC:
-    case EDQUOT:
+    case FailureNumber::BadFileName:
+      return kWrongName;
+    case FailureNumber::DiskFull:
       return kDiskFull;
-    case EIO:
+    case FailureNumber::DeviceError:
       return kDeviceError;
     default:
       return kAccessDenied;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/failure.h"
 #include "platform/host_file.h"
 
 namespace lexmill::platform::batch {
@@ -17,6 +18,7 @@ inline constexpr std::u16string_view kNoFileCopied = u"已复制         0 个�
 inline constexpr std::u16string_view kWrongSyntax = u"命令语法不正确。";
 inline constexpr std::u16string_view kFileNotFound = u"系统找不到指定的文件。";
 inline constexpr std::u16string_view kPathNotFound = u"系统找不到指定的路径。";
+inline constexpr std::u16string_view kWrongName = u"文件名、目录名或卷标语法不正确。";
 inline constexpr std::u16string_view kAccessDenied = u"拒绝访问。";
 inline constexpr std::u16string_view kDiskFull = u"磁盘空间不足。";
 inline constexpr std::u16string_view kDeviceError = u"由于 I/O 设备错误，无法运行此项请求。";
@@ -26,8 +28,8 @@ inline constexpr std::u16string_view kUsage = u"用法: batch SCRIPT 或 batch /
 /// Two lines: there is no command and no program `name`.
 [[nodiscard]] std::u16string UnknownCommand(std::u16string_view name);
 
-/// The message for a host error number that came up with the host path `path`.
-[[nodiscard]] std::u16string_view DescribeError(int error, const std::string& path);
+/// What is printed for a failure on a file.
+[[nodiscard]] std::u16string_view Describe(const Failure& failure);
 
 /// Prints `text` and CR LF in one write, in the system's code page; in UTF-8 if a chosen page lacks
 /// a character. A stream that takes nothing is no failure.

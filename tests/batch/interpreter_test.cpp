@@ -93,7 +93,8 @@ TEST_F(InterpreterTest, Echoes) {
        "ECHO 处于关闭状态。\nECHO 处于关闭状态。\n"
        "ECHO 处于关闭状态。\n"},
       {"@echo off\n@Echo On\n@echo", "ECHO 处于打开状态。\n"},
-      {"@echo offer", "offer\n"},
+      {" @ @echo offer", "offer\n"},
+      {"@", ""},
       {"echo a\n\necho off\necho b", Prompt() + "echo a\na\n" + Prompt() + "echo off\nb\n"},
   };
   for (const auto& row : cases) {
@@ -174,12 +175,17 @@ TEST_F(InterpreterTest, RunsProgramsWithTheirRedirections) {
       {"printf [%s] $HOME * ~ ^& | %PATH%", "[$HOME][*][~][^&][|][%PATH%]", "", 0},
       {"false", "", "", 1},
       {"sh -c \"echo e >&2; exit 7\">nul", "", "e\n", 7},
+      {"sh -c \"kill -9 $$\"", "", "", 128 + 9},
+      {"\"printf\" \"a b\"c\"", "a bc", "", 0},
+      {"\"echo\" -n a", "a", "", 0},
+      {"<data cat - <other", "old", "", 0},
       {"cat<missing", "", "系统找不到指定的文件。\n", 1},
       {"cat<no/in", "", "系统找不到指定的路径。\n", 1},
       {"cat<sub", "", "拒绝访问。\n", 1},
       {"touch ran>no/out", "", "系统找不到指定的路径。\n", 1},
       {"touch ran>sub", "", "拒绝访问。\n", 1},
-      {"touch ran>", "", "命令语法不正确。\n", 1},
+      {"touch ran>>ran", "", "命令语法不正确。\n", 1},
+      {"touch ran<\"\"", "", "命令语法不正确。\n", 1},
       {"nosuch a b", "", kUnknown, 1},
       {"nosuch<missing>ran", "", "系统找不到指定的文件。\n", 1},
       {"echo x>no/out", "", "系统找不到指定的路径。\n", 1},
@@ -200,8 +206,10 @@ TEST_F(InterpreterTest, OpensTheOutputBeforeTheProgramStarts) {
     const char* content;
   };
   constexpr Case kCases[] = {
-      {"cat data>f", "content"}, {"cat f>f", ""},        {"nosuch>f", ""},
-      {"echo x >f", "x \r\n"},   {">f echo y", "y\r\n"}, {"cat<data>\"f\"", "content"},
+      {"cat data>  \"f\"", "content"}, {"cat f>f", ""},
+      {"printf %s a>f b", "ab"},       {"nosuch>f", ""},
+      {"echo x >f", "x \r\n"},         {">f echo y", "y\r\n"},
+      {"cat<data>\"f\"", "content"},
   };
   for (const auto& row : kCases) {
     SCOPED_TRACE(row.line);

@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/program_start.h"
 #include "tests/support/files.h"
 
 namespace lexmill::platform {
@@ -139,22 +138,6 @@ TEST_F(ProcessTest, LeavesNoEndedChildUnreaped) {
   EndChildProcesses();
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
   EXPECT_EQ(errno, ECHILD);
-}
-
-TEST_F(ProcessTest, WaitsForAProgramAndReturnsItsExitCode) {
-  struct Case {
-    std::vector<std::u16string> words;
-    std::optional<int> exitCode;
-  };
-  const Case cases[] = {
-      {{u"true"}, 0},
-      {{u"sh", u"-c", u"exit 7"}, 7},
-      {{u"sh", u"-c", u"kill -9 $$"}, 128 + 9},
-      {{u"lexmill-no-such-program"}, std::nullopt},
-  };
-  for (const auto& row : cases) {
-    EXPECT_EQ(RunProgram({.words = row.words, .directory = {}}), row.exitCode);
-  }
 }
 
 }  // namespace
