@@ -7,7 +7,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,7 +23,7 @@ inline constexpr char16_t kSurvivingByte = 0xDC00;
 }
 /// True if `unit`, which is not the second half of a pair, stands for an undecodable byte. ASCII
 /// bytes never do: every page decodes them.
-[[nodiscard]] constexpr bool IsSurvivingByte(std::int32_t unit) {
+[[nodiscard]] constexpr bool IsSurvivingByte(char32_t unit) {
   return unit >= kSurvivingByte + 0x80 && unit <= kSurvivingByte + 0xFF;
 }
 

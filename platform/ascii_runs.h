@@ -12,24 +12,30 @@
 
 namespace lexmill::platform {
 
-/// Converts the ASCII bytes at the start of `bytes` into `text`, which has room for all of `bytes`.
-/// @return their number
-[[nodiscard]] inline std::size_t WidenAscii(std::string_view bytes, char16_t* text) {
+/// Number of ASCII bytes at the start of `bytes`.
+[[nodiscard]] inline std::size_t AsciiLength(std::string_view bytes) {
   constexpr std::uint64_t kNotAscii = 0x8080808080808080;
-  std::size_t done = 0;
-  for (std::uint64_t block = 0; done + sizeof block <= bytes.size(); done += sizeof block) {
-    std::memcpy(&block, bytes.data() + done, sizeof block);
+  std::size_t length = 0;
+  for (std::uint64_t block = 0; length + sizeof block <= bytes.size(); length += sizeof block) {
+    std::memcpy(&block, bytes.data() + length, sizeof block);
     if ((block & kNotAscii) != 0) {
       break;
     }
-    for (std::size_t i = 0; i < sizeof block; ++i) {
-      text[done + i] = static_cast<unsigned char>(bytes[done + i]);
-    }
   }
-  for (; done < bytes.size() && static_cast<unsigned char>(bytes[done]) < 0x80; ++done) {
-    text[done] = static_cast<unsigned char>(bytes[done]);
+  while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) {
+    ++length;
   }
-  return done;
+  return length;
+}
+
+/// Converts the ASCII bytes at the start of `bytes` into `text`, which has room for all of `bytes`.
+/// @return their number
+[[nodiscard]] inline std::size_t WidenAscii(std::string_view bytes, char16_t* text) {
+  const std::size_t length = AsciiLength(bytes);
+  for (std::size_t i = 0; i < length; ++i) {
+    text[i] = static_cast<unsigned char>(bytes[i]);
+  }
+  return length;
 }
 
 /// Converts the ASCII units at the start of `text` into `bytes`, which has room for all of `text`.

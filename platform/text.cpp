@@ -102,7 +102,7 @@ std::u16string FromUtf8(std::string_view bytes) {
 
 std::string ToUtf8(std::u16string_view text) {
   std::string bytes;
-  static_cast<void>(EncodeUtf8(text, bytes));
+  EncodeUtf8WithHalves(text, bytes);
   return bytes;
 }
 

@@ -27,21 +27,20 @@ void DecodeText(TextEncoding encoding, std::string_view bytes, std::u16string& t
 class Utf8Recognition {
  public:
   /// Looks at the next bytes of the file.
-  /// @return false as soon as the file can't be UTF-8; further bytes need not be fed
+  /// @return false once the file can't be UTF-8; further bytes need not be fed
   bool Feed(std::string_view bytes);
 
   /// The encoding of the file fed so far, taken as the whole file.
   [[nodiscard]] TextEncoding Result() const;
 
  private:
+  void Scan(std::string_view bytes);
+
   bool valid_ = true;
   bool hasMark_ = false;
   bool hasLongSequence_ = false;
-  std::size_t position_ = 0;
-  int missing_ = 0;  ///< continuation bytes that the current sequence still wants
-  unsigned char lowest_ = 0x80;
-  unsigned char highest_ = 0xBF;  ///< bounds of the next continuation byte
-  std::string mark_;
+  bool atStart_ = true;  ///< no character was seen yet
+  std::string pending_;  ///< start of the character that the last piece cut off
 };
 
 }  // namespace lexmill::platform

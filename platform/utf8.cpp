@@ -8,6 +8,28 @@
 #include "platform/ascii_runs.h"
 
 namespace lexmill::platform {
+namespace {
+
+bool Encode(std::u16string_view text, std::string& bytes, bool withHalves) {
+  const auto take = [withHalves](std::u16string_view from, std::size_t& at, char*& out) {
+    UChar32 codePoint = 0;
+    U16_NEXT(from.data(), at, from.size(), codePoint);
+    if (IsSurvivingByte(codePoint)) {
+      *out++ = static_cast<char>(codePoint - kSurvivingByte);
+      return true;
+    }
+    if (U_IS_SURROGATE(codePoint) && !withHalves) {
+      return false;
+    }
+    std::size_t length = 0;
+    U8_APPEND_UNSAFE(out, length, codePoint);
+    out += length;
+    return true;
+  };
+  return EncodeRuns(text, bytes, take);
+}
+
+}  // namespace
 
 std::int32_t NextUtf8(std::string_view bytes, std::size_t& at) {
   const auto start = at;
@@ -39,21 +61,11 @@ void DecodeUtf8(std::string_view bytes, std::u16string& text) {
 }
 
 bool EncodeUtf8(std::u16string_view text, std::string& bytes) {
-  bool complete = true;
-  const auto take = [&complete](std::u16string_view from, std::size_t& at, char*& out) {
-    UChar32 codePoint = 0;
-    U16_NEXT(from.data(), at, from.size(), codePoint);
-    if (IsSurvivingByte(codePoint)) {
-      *out++ = static_cast<char>(codePoint - kSurvivingByte);
-      return true;
-    }
-    complete = complete && !U_IS_SURROGATE(codePoint);
-    std::size_t length = 0;
-    U8_APPEND_UNSAFE(out, length, codePoint);
-    out += length;
-    return true;
-  };
-  return EncodeRuns(text, bytes, take) && complete;
+  return Encode(text, bytes, false);
+}
+
+void EncodeUtf8WithHalves(std::u16string_view text, std::string& bytes) {
+  static_cast<void>(Encode(text, bytes, true));
 }
 
 }  // namespace lexmill::platform

@@ -20,7 +20,9 @@ namespace lexmill::platform {
 void DecodeUtf8(std::string_view bytes, std::u16string& text);
 
 /// Appends `text` to `bytes`. A lone unit from 0xDC80 to 0xDCFF becomes the byte it stands for.
-/// @return false if `text` holds any other lone surrogate, which becomes its three-byte form
+/// @return false if `text` holds any other lone surrogate; `bytes` is then as it was
 [[nodiscard]] bool EncodeUtf8(std::u16string_view text, std::string& bytes);
+/// As EncodeUtf8, but any other lone surrogate becomes its three-byte form.
+void EncodeUtf8WithHalves(std::u16string_view text, std::string& bytes);
 
 }  // namespace lexmill::platform

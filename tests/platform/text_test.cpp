@@ -98,13 +98,13 @@ TEST(Utf8, KeepsEveryByteThatIsNoText) {
   }
 }
 
-TEST(Utf8, TellsOfHalvesThatAreNoBytes) {
+TEST(Utf8, HalvesThatAreNoBytesGetAThreeByteFormOrAreRefused) {
   std::string bytes = "x";
   EXPECT_TRUE(EncodeUtf8(u"\xDC80\xD83D\xDE00", bytes));
-  EXPECT_EQ(bytes, "x\x80\xF0\x9F\x98\x80");
   for (const char16_t half : {u'\xD800', u'\xDBFF', u'\xDC7F', u'\xDD00', u'\xDFFF'}) {
     EXPECT_FALSE(EncodeUtf8({&half, 1}, bytes)) << static_cast<int>(half);
   }
+  EXPECT_EQ(bytes, "x\x80\xF0\x9F\x98\x80");
   EXPECT_EQ(ToUtf8(u"\xD83D"), "\xED\xA0\xBD");
 }
 
