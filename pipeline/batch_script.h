@@ -16,8 +16,8 @@ namespace lexmill {
 /// failures in a message box and returns normally; names drawn and lines written so far stay.
 void BuildBatScript(GlossaryRunFiles& files);
 
-/// The same for a run that ends in a text: a first script that also loads O and leaves the database,
-/// and a second one that runs the update script and lists O.
+/// The same for a run that ends in a text: a first script that also loads O and leaves the
+/// database, and a second one that runs the update script and lists O.
 void BuildBatScript(TextRunFiles& files);
 
 /// Where the purified database is saved: txtSaveRefDB, or, if that is empty, beside the reference

@@ -12,8 +12,8 @@
 
 namespace lexmill {
 
-/// How far the percentage moves with each piece of output: the whole part of r * range + least, for a
-/// random r in [0, 1).
+/// How far the percentage moves with each piece of output: the whole part of r * range + least, for
+/// a random r in [0, 1).
 struct PercentageStep {
   int range;
   int least;
@@ -21,8 +21,8 @@ struct PercentageStep {
 inline constexpr PercentageStep kGlossaryStep{9, 8};
 inline constexpr PercentageStep kTextStep{7, 7};
 
-/// Moves `lPercent` by a random step and shows it in row 2. The number measures nothing but that the
-/// batch is alive; it may pass 100.
+/// Moves `lPercent` by a random step and shows it in row 2. The number measures nothing but that
+/// the batch is alive; it may pass 100.
 void MovePercentage(std::int32_t& lPercent, PercentageStep step);
 
 /// Runs the batch script `batFile` in the program's folder and shows its time in row 2.

@@ -18,9 +18,7 @@ constexpr std::size_t kHeadLength = 8;
 
 void CopyLines(platform::TextReader& listing, platform::TextWriter& result, ProgressTick& tick) {
   do {
-    if (tick.IsDue()) {
-      tick.ShowStar();
-    }
+    tick.ShowStarIfDue();
     const std::u16string_view line = listing.ReadLine();
     result.WriteLine(line.substr(std::min(line.size(), kHeadLength)));
   } while (!listing.AtEndOfStream());

@@ -9,8 +9,8 @@
 
 namespace lexmill {
 
-/// The temporary files of a run that ends in a glossary. Names are bare, since the batch runs in the
-/// program's folder; only the batch script is a full path.
+/// The temporary files of a run that ends in a glossary. Names are bare, since the batch runs in
+/// the program's folder; only the batch script is a full path.
 struct GlossaryRunFiles {
   std::u16string sDbFile;       ///< work database
   std::u16string sRefSqlFile;   ///< reference script

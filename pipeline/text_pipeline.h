@@ -29,9 +29,9 @@ template <class Pair>
 class TextPipeline {
  public:
   /// Runs all stages in their order, the second batch and the cutting of its listing included. Each
-  /// stage shows its own failures and the next one runs all the same; what none of them handles, such
-  /// as a listing that is missing, is shown here, and then the temporary files stay. Returns normally
-  /// in any case.
+  /// stage shows its own failures and the next one runs all the same; what none of them handles,
+  /// such as a listing that is missing, is shown here, and then the temporary files stay. Returns
+  /// normally in any case.
   void Start() {
     ReportFailures(Pair::kPlace, [this] { RunStages(); });
   }

@@ -9,7 +9,9 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
+#include <sstream>
 
 #include "platform/host_path.h"
 
@@ -72,16 +74,18 @@ HostFile ForChild(const HostFile* file) {
   return HostFile(fcntl(file->Descriptor(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
 }
 
+bool IsExecutable(const std::filesystem::path& directory, const std::string& program) {
+  const std::filesystem::path candidate = directory / program;
+  std::error_code none;
+  return std::filesystem::is_regular_file(candidate, none) && access(candidate.c_str(), X_OK) == 0;
+}
+
 /// Where the search for `program` ends in `directory`; the name as it is if PATH is to be searched.
 std::string Locate(const std::string& program, const std::string& directory) {
   if (program.empty() || program.find('/') != std::string::npos) {
     return program;
   }
-  const std::filesystem::path candidate = std::filesystem::path(directory) / program;
-  std::error_code none;
-  const bool isHere =
-      std::filesystem::is_regular_file(candidate, none) && access(candidate.c_str(), X_OK) == 0;
-  return isHere ? "./" + program : program;
+  return IsExecutable(directory, program) ? "./" + program : program;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& arguments) {
@@ -107,6 +111,21 @@ std::optional<std::array<HostFile, 3>> StreamsForChild(const ProgramStart& start
 }
 
 }  // namespace
+
+bool IsProgramThere(std::u16string_view program, std::u16string_view directory) {
+  const std::string name = ToHostPath(program);
+  if (IsExecutable(ToHostPath(directory), name)) {
+    return true;
+  }
+  const char* path = std::getenv("PATH");
+  std::istringstream folders(path == nullptr ? "" : path);
+  for (std::string folder; std::getline(folders, folder, ':');) {
+    if (IsExecutable(folder, name)) {
+      return true;
+    }
+  }
+  return false;
+}
 
 std::optional<int> StartProgram(const ProgramStart& start, ProcessGroup group) {
   if (start.words.empty()) {

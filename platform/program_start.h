@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/host_file.h"
@@ -27,6 +28,9 @@ enum class ProcessGroup {
   Own,     ///< a new one, whose number is the program's process number
   Shared,  ///< that of this process
 };
+
+/// True if a program named without a folder would be found for a start in `directory`.
+[[nodiscard]] bool IsProgramThere(std::u16string_view program, std::u16string_view directory);
 
 /// Starts a program and goes on. The caller has to reap it with waitpid.
 /// @return its process number; none and `errno` if there is no such program or directory, or if the

@@ -9,10 +9,10 @@
 
 namespace lexmill {
 
-/// The encoding of a dictionary, from its bytes: UTF-8 if it is strictly valid UTF-8 and begins with a
-/// mark or holds a sequence of three or more bytes, else the code page; always the code page if the
-/// settings name one. A file that can't be read counts as one in the code page. Lets pending window
-/// events run while it reads a large file.
+/// The encoding of a dictionary, from its bytes: UTF-8 if it is strictly valid UTF-8 and begins
+/// with a mark or holds a sequence of three or more bytes, else the code page; always the code page
+/// if the settings name one. A file that can't be read counts as one in the code page. Lets pending
+/// window events run while it reads a large file.
 [[nodiscard]] platform::TextEncoding RecogniseEncoding(std::u16string_view path);
 
 /// Keeps the encodings of a run's dictionaries in the run's state: `toDo` and `refer` as they are

@@ -21,8 +21,7 @@ namespace {
 
 using modMain::DictionaryFormat;
 
-constexpr std::int32_t kWhite = 0xFFFFFF;
-constexpr std::int32_t kWaitingText = 0xC56A31;
+constexpr platform::Color kWaitingText = 0xC56A31;
 constexpr std::int16_t kRows = 4;
 
 // The formats of a run's two dictionaries, and the language pair that their heads tell.
@@ -62,7 +61,9 @@ void Dispatch(const DetectedFormats& formats) {
 
 }  // namespace
 
+// A close request that comes in the middle of a run is kept until the window is no longer busy.
 void frmMain::cmdStart_Click() {
+  Window.Busy(true);
   const bool finished =
       ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { CarryRun(); });
   if (!finished) {
@@ -71,6 +72,7 @@ void frmMain::cmdStart_Click() {
     chkAdvMode.Value(0);
     platform::SetMousePointer(platform::MousePointer::Default);
   }
+  Window.Busy(false);
 }
 
 void frmMain::CarryRun() {
@@ -92,8 +94,8 @@ void frmMain::CarryRun() {
 
 void frmMain::ClearProgress() {
   for (std::int16_t i = 0; i < kRows; ++i) {
-    lblState(i).BackColor(kWhite);
-    shpState(i).BackColor(kWhite);
+    lblState(i).BackColor(platform::kWhite);
+    shpState(i).BackColor(platform::kWhite);
     lblState(i).ForeColor(kWaitingText);
     lblState(i).Caption(u"");
   }

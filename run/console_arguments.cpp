@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "run/console_arguments.h"
+
+#include <filesystem>
+
+#include "platform/host_path.h"
+#include "platform/text.h"
+
+namespace lexmill {
+namespace {
+
+std::u16string AbsolutePath(std::string_view path) {
+  std::error_code refused;
+  const auto absolute = std::filesystem::absolute(path, refused);
+  return platform::FromHostPath(refused ? std::string(path) : absolute.string());
+}
+
+// Reads the words one by one; `reason_` is filled by the first that is wrong.
+class Reader {
+ public:
+  explicit Reader(std::span<const char* const> words) : words_(words) {}
+
+  std::variant<ConsoleArguments, WrongArguments> Read() {
+    while (next_ < words_.size() && reason_.empty()) {
+      ReadWord(words_[next_++]);
+    }
+    if (reason_.empty() && paths_.size() != 3) {
+      reason_ = "three dictionaries are wanted: TODO, REFER, FINAL";
+    }
+    if (!reason_.empty()) {
+      return WrongArguments{reason_};
+    }
+    arguments_.toDo = paths_[0];
+    arguments_.refer = paths_[1];
+    arguments_.result = paths_[2];
+    return arguments_;
+  }
+
+ private:
+  void ReadWord(std::string_view word) {
+    if (onlyPaths_ || !word.starts_with("--")) {
+      paths_.push_back(AbsolutePath(word));
+    } else if (word == "--") {
+      onlyPaths_ = true;
+    } else if (word == "--settings") {
+      arguments_.settings = AbsolutePath(Value(word));
+    } else if (word == "--preset") {
+      ReadPreset(Value(word));
+    } else if (word == "--set") {
+      ReadOption(Value(word));
+    } else {
+      reason_ = "unknown option: " + std::string(word);
+    }
+  }
+
+  std::string_view Value(std::string_view option) {
+    if (next_ == words_.size()) {
+      reason_ = std::string(option) + " wants a value";
+      return {};
+    }
+    return words_[next_++];
+  }
+
+  void ReadPreset(std::string_view name) {
+    if (name == "full") {
+      arguments_.preset = Preset::Full;
+    } else if (name == "minimal") {
+      arguments_.preset = Preset::Minimal;
+    } else if (reason_.empty()) {
+      reason_ = "--preset wants full or minimal, not " + std::string(name);
+    }
+  }
+
+  void ReadOption(std::string_view setting) {
+    const std::size_t sign = setting.find('=');
+    if (sign == std::string_view::npos) {
+      reason_ = reason_.empty() ? "--set wants NAME=VALUE" : reason_;
+      return;
+    }
+    arguments_.options.emplace_back(platform::FromUtf8(setting.substr(0, sign)),
+                                    platform::FromUtf8(setting.substr(sign + 1)));
+  }
+
+  std::span<const char* const> words_;
+  std::size_t next_ = 0;
+  bool onlyPaths_ = false;
+  std::vector<std::u16string> paths_;
+  ConsoleArguments arguments_;
+  std::string reason_;
+};
+
+}  // namespace
+
+std::variant<ConsoleArguments, WrongArguments> ReadConsoleArguments(
+    std::span<const char* const> words) {
+  return Reader(words).Read();
+}
+
+}  // namespace lexmill

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+// The command line of lexmill-run.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace lexmill {
+
+enum class Preset { Full, Minimal };
+
+/// What a command line of lexmill-run asks for. Paths are absolute.
+struct ConsoleArguments {
+  std::u16string toDo;
+  std::u16string refer;
+  std::u16string result;
+  std::u16string settings;  ///< empty for the settings file of the program's folder
+  std::optional<Preset> preset;
+  std::vector<std::pair<std::u16string, std::u16string>> options;  ///< control name and value
+};
+
+/// What is wrong with a command line: a sentence in UTF-8.
+struct WrongArguments {
+  std::string reason;
+};
+
+/// How lexmill-run is called: UTF-8, each line ended by LF.
+inline constexpr std::string_view kConsoleUsage =
+    "Usage: lexmill-run TODO REFER FINAL [--settings FILE.ini] [--preset full|minimal]\n"
+    "                   [--set NAME=VALUE]...\n"
+    "Makes the translated dictionary FINAL from the untranslated dictionary TODO and the "
+    "reference\n"
+    "dictionary REFER. NAME is an option such as chkaUpperCase (0 or 1) or txtLenLimit.\n";
+
+/// Reads the words behind the program's name. Relative paths are taken from the current directory.
+[[nodiscard]] std::variant<ConsoleArguments, WrongArguments> ReadConsoleArguments(
+    std::span<const char* const> words);
+
+}  // namespace lexmill

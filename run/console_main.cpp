@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// lexmill-run: one run of the window without a screen.
+#include <unistd.h>
+
+#include <iostream>
+#include <string>
+#include <variant>
+
+#include "platform/application.h"
+#include "platform/headless/headless.h"
+#include "platform/profile_file.h"
+#include "platform/program_start.h"
+#include "platform/text.h"
+#include "run/console_arguments.h"
+#include "run/console_run.h"
+#include "run/modMain.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongArguments = 2;
+
+int RefuseArguments(const std::string& reason) {
+  std::cerr << "lexmill-run: " << reason << "\n" << lexmill::kConsoleUsage;
+  return kWrongArguments;
+}
+
+// Tells which of the programs that a run calls are missing; the run goes its way all the same.
+bool TellMissingPrograms() {
+  bool all = true;
+  for (const auto* name : {u"batch", u"sqlite"}) {
+    if (!lexmill::platform::IsProgramThere(name, lexmill::platform::ApplicationFolder())) {
+      std::cerr << "lexmill-run: the program '" << lexmill::platform::ToUtf8(name)
+                << "' is missing\n";
+      all = false;
+    }
+  }
+  return all;
+}
+
+// Shows the moving percentages where somebody watches.
+void ShowProgressOnTerminal(lexmill::platform::headless::Session& session) {
+  if (isatty(STDERR_FILENO) != 0) {
+    session.onDoEvents = [] {
+      std::cerr << "\r\033[K" << lexmill::CurrentProgress() << std::flush;
+    };
+  }
+}
+
+int CarryRun(const lexmill::ConsoleArguments& arguments) {
+  auto& session = lexmill::platform::headless::TheSession();
+  session.messagesToStandardError = true;
+  lexmill::platform::KeepProfileWritesInMemory();
+  lexmill::modMain::Main();
+  if (const std::string wrong = lexmill::SetOptions(arguments); !wrong.empty()) {
+    return RefuseArguments(wrong);
+  }
+  const bool programsThere = TellMissingPrograms();
+  ShowProgressOnTerminal(session);
+  lexmill::PressStart(arguments);
+  if (session.onDoEvents) {
+    std::cerr << "\r\033[K";
+  }
+  std::cout << lexmill::ProgressRows();
+  return programsThere && session.messages.empty() ? 0 : kFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  lexmill::platform::ReadPlatformSettings();
+  const auto arguments = lexmill::ReadConsoleArguments(
+      {argv + (argc > 0 ? 1 : 0), static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
+  if (const auto* wrong = std::get_if<lexmill::WrongArguments>(&arguments)) {
+    return RefuseArguments(wrong->reason);
+  }
+  return CarryRun(std::get<lexmill::ConsoleArguments>(arguments));
+}

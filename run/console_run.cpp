@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "run/console_run.h"
+
+#include <array>
+#include <cstdint>
+
+#include "platform/text.h"
+#include "window/frmMain.h"
+
+namespace lexmill {
+namespace {
+
+constexpr std::int16_t kRows = 4;
+
+}  // namespace
+
+bool SetOption(std::u16string_view name, std::u16string_view value) {
+  platform::Control* control = frmMain::Instance().Window.Find(name);
+  if (control == nullptr || control == &frmMain::Instance().chkAdvMode) {
+    return false;
+  }
+  if (control->Kind() == platform::ControlKind::TextBox) {
+    static_cast<platform::TextBox*>(control)->Text(value);
+    return true;
+  }
+  if (control->Kind() == platform::ControlKind::CheckBox && (value == u"0" || value == u"1")) {
+    static_cast<platform::CheckBox*>(control)->Value(value == u"1" ? 1 : 0);
+    return true;
+  }
+  return false;
+}
+
+std::string SetOptions(const ConsoleArguments& arguments) {
+  frmMain& window = frmMain::Instance();
+  if (!arguments.settings.empty()) {
+    window.CfgLoadMaxToCtrl();
+    window.CfgLoadIniToCtrl(arguments.settings);
+  }
+  if (arguments.preset == Preset::Full) {
+    window.CfgLoadMaxToCtrl();
+  } else if (arguments.preset == Preset::Minimal) {
+    window.CfgLoadMinToCtrl();
+  }
+  for (const auto& [name, value] : arguments.options) {
+    if (!SetOption(name, value)) {
+      return "no such option or value: " + platform::ToUtf8(name) + "=" + platform::ToUtf8(value);
+    }
+  }
+  return {};
+}
+
+void PressStart(const ConsoleArguments& arguments) {
+  frmMain& window = frmMain::Instance();
+  window.cboToDo.Text(arguments.toDo);
+  window.cboRefer.Text(arguments.refer);
+  window.cboFinal.Text(arguments.result);
+  window.cmdStart.UserClicks();
+}
+
+std::string ProgressRows() {
+  const frmMain& window = frmMain::Instance();
+  const std::array titles{&window.lblSta1, &window.lblSta2, &window.lblSta3, &window.lblSta4};
+  std::string rows;
+  for (std::int16_t i = 0; i < kRows; ++i) {
+    const auto& title = titles.at(static_cast<std::size_t>(i))->Caption();
+    rows += platform::ToUtf8(title + u" " + window.lblState(i).Caption()) + "\n";
+  }
+  return rows;
+}
+
+std::string CurrentProgress() {
+  const frmMain& window = frmMain::Instance();
+  for (std::int16_t i = kRows; i-- > 0;) {
+    if (!window.lblState(i).Caption().empty()) {
+      return platform::ToUtf8(window.lblState(i).Caption());
+    }
+  }
+  return {};
+}
+
+}  // namespace lexmill

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+// What lexmill-run does with the window: it sets the options, fills in the paths and presses start.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "run/console_arguments.h"
+
+namespace lexmill {
+
+/// Sets an option's control: a check box to "0" or "1", a text box to any text.
+/// @return false for a name that is no option's, or another value for a check box
+[[nodiscard]] bool SetOption(std::u16string_view name, std::u16string_view value);
+
+/// Sets the options as `arguments` say, in this order: settings file, preset, single options.
+/// @return what is wrong with the first option that can't be set, in UTF-8; empty if all are set
+[[nodiscard]] std::string SetOptions(const ConsoleArguments& arguments);
+
+/// Fills in the three paths and presses the start button. Returns when the run is over.
+void PressStart(const ConsoleArguments& arguments);
+
+/// The four rows of the progress panel, UTF-8, each line ended by LF.
+[[nodiscard]] std::string ProgressRows();
+
+/// The text of the last row that has one, in UTF-8.
+[[nodiscard]] std::string CurrentProgress();
+
+}  // namespace lexmill
