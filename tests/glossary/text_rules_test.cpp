@@ -209,6 +209,7 @@ TEST(ReferenceRules, StripFinalPunctuationByTheFirstMarkHeld) {
       {"wide colon", All(), u"n", u"名称：", "[n][名称]"},
       {"two wide colons", All(), u"n", u"名称：：", "[n][名称：：]"},
       {"dots inside keep the wide colon", All(), u"n", u"等...了：", "[n][等...了：]"},
+      {"two dots do not", All(), u"n", u"等..了：", "[n][等..了]"},
       {"one ellipsis", All(), u"n", u"打开…", "[n][打开]"},
       {"two ellipses", All(), u"n", u"打开……", "[n][打开]"},
       {"three ellipses", All(), u"n", u"打开………", "[n][打开………]"},

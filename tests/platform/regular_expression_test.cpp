@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/text.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill::platform {
@@ -58,6 +61,7 @@ TEST(RegExp, TakesEachUnitAsOneCharacter) {
       {uR"(^\w$)", u"中", false},
       {uR"(^\s{6}$)", u" \f\n\r\t\v", true},
       {uR"(\s)", u"\u0085\u00A0\u2028\u3000", false},
+      {uR"(^\S\D\W$)", u"\u00A0１é", true},
       {uR"(\bé\b)", u"é", false},
   };
   ExpectMatches(kCases);
@@ -88,6 +92,7 @@ TEST(RegExp, KnowsThePublishedGrammar) {
       {uR"(^[\b]\b$)", u"\b", false},
       {uR"(^[\b]a\b$)", u"\ba", true},
       {uR"(^(a)\1$)", u"aa", true},
+      {uR"(^(?:a)\1$)", u"a\1", true},
       {uR"(^(a)\10$)", u"aa0", true},
       {uR"(^(a)\2$)", u"a\2", true},
       {uR"(^\1(a)$)", u"\1a", true},
@@ -234,6 +239,7 @@ TEST(RegExp, MatchesTextsOfAnyLength) {
   EXPECT_EQ(GroupSizes(literalTab, letters + u"\\t" + letters), (Sizes{kLong, kLong + 2}));
   EXPECT_EQ(GroupSizes(bothBlanks, blanks + letters + blanks), (Sizes{kLong, kLong, kLong}));
   EXPECT_EQ(GroupSizes(bothBlanks, blanks), Sizes{});
+  EXPECT_EQ(GroupSizes(u"((?:a|b)*)ba", u"aba" + letters), Sizes{1});
   EXPECT_EQ(GroupSizes(uR"(^(?:\.{3}|(.*[^\.])\.{3})$)", letters + u"..."), Sizes{kLong});
   EXPECT_EQ(GroupSizes(u"^(.*[^:]):$", std::u16string(kLong, u':')), Sizes{});
 }
