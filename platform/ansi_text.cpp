@@ -19,6 +19,16 @@ constexpr int kDefaultPage = 936;
 constexpr int kGb18030Page = 54936;
 constexpr int kUtf8Page = 65001;
 
+char16_t* WriteUtf16(char32_t codePoint, char16_t* out) {
+  if (U_IS_BMP(codePoint)) {
+    *out++ = static_cast<char16_t>(codePoint);
+  } else {
+    *out++ = U16_LEAD(codePoint);
+    *out++ = U16_TRAIL(codePoint);
+  }
+  return out;
+}
+
 /// A page of one and two bytes a character, which may be carried on by four-byte forms.
 class TablePage final : public CodePage {
  public:
@@ -58,40 +68,30 @@ class TablePage final : public CodePage {
     } else if (const char16_t single = table_.Unit(first); single != 0) {
       *out++ = single;
       ++at;
+    } else if (const auto codePoint = FourByteCharacter(bytes.substr(at)); !codePoint) {
+      *out++ = SurvivingByte(first);
+      ++at;
     } else {
-      TakeRareCharacter(bytes, at, out);
+      at += FourByteForms::kLength;
+      out = WriteUtf16(*codePoint, out);
     }
   }
 
-  void TakeRareCharacter(std::string_view bytes, std::size_t& at, char16_t*& out) const {
-    const auto codePoint = isCarriedOn_ ? Forms().Decode(bytes.substr(at)) : std::nullopt;
-    if (!codePoint) {
-      *out++ = SurvivingByte(bytes[at++]);
-      return;
-    }
-    at += FourByteForms::kLength;
-    if (U_IS_BMP(*codePoint)) {
-      *out++ = static_cast<char16_t>(*codePoint);
-    } else {
-      *out++ = U16_LEAD(*codePoint);
-      *out++ = U16_TRAIL(*codePoint);
-    }
+  /// The character of the four-byte form at the start of `bytes`, if there is one.
+  std::optional<char32_t> FourByteCharacter(std::string_view bytes) const {
+    return isCarriedOn_ ? Forms().Decode(bytes) : std::nullopt;
   }
 
   bool TakeUnit(std::u16string_view text, std::size_t& at, char*& out) const {
     const DoubleByteCode code = table_.Code(text[at]);
-    if (code == 0) {
-      return TakeRareUnit(text, at, out);
-    }
     if (code > 0xFF) {
       *out++ = static_cast<char>(code >> 8);
     }
-    *out++ = static_cast<char>(code & 0xFF);
-    ++at;
-    return true;
-  }
-
-  bool TakeRareUnit(std::u16string_view text, std::size_t& at, char*& out) const {
+    if (code != 0) {
+      *out++ = static_cast<char>(code & 0xFF);
+      ++at;
+      return true;
+    }
     char32_t codePoint = 0;
     U16_NEXT(text.data(), at, text.size(), codePoint);
     if (IsSurvivingByte(codePoint)) {
