@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include <unicode/utf16.h>
+
 namespace lexmill::platform {
 
 /// Number of ASCII bytes at the start of `bytes`.
@@ -57,6 +59,17 @@ namespace lexmill::platform {
     bytes[done] = static_cast<char>(text[done]);
   }
   return done;
+}
+
+/// Writes `codePoint` as one unit or as a pair. @return where to go on
+[[nodiscard]] inline char16_t* WriteUtf16(char32_t codePoint, char16_t* out) {
+  if (U_IS_BMP(codePoint)) {
+    *out++ = static_cast<char16_t>(codePoint);
+  } else {
+    *out++ = U16_LEAD(codePoint);
+    *out++ = U16_TRAIL(codePoint);
+  }
+  return out;
 }
 
 /// Appends the text of `bytes` to `text`.

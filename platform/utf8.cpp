@@ -51,11 +51,8 @@ void DecodeUtf8(std::string_view bytes, std::u16string& text) {
     const UChar32 codePoint = NextUtf8(from, at);
     if (codePoint < 0) {
       *out++ = SurvivingByte(first);
-    } else if (U_IS_BMP(codePoint)) {
-      *out++ = static_cast<char16_t>(codePoint);
     } else {
-      *out++ = U16_LEAD(codePoint);
-      *out++ = U16_TRAIL(codePoint);
+      out = WriteUtf16(static_cast<char32_t>(codePoint), out);
     }
   });
 }
