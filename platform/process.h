@@ -27,7 +27,9 @@ struct Pipe {
 
 /// Reads what has arrived, at most `buffer.size()` bytes; waits for the first byte. While it waits,
 /// the function of SetWaiting runs in short steps.
-/// @return number of bytes; none when the pipe is broken (its last writer is gone) or can't be read
+/// @return number of bytes, never 0; none when the pipe is broken (its last writer is gone) or
+/// can't
+///   be read
 [[nodiscard]] std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer);
 
 /// How a child is started. A null handle gives the child an empty stream that takes everything.
@@ -40,11 +42,13 @@ struct ProcessStart {
 };
 
 /// Starts a child process in a process group of its own, so that it can be ended with all it
-/// started. The child is reaped whenever it ends; nobody waits for it.
+/// started. Nobody waits for its end: an ended child is reaped by a later call of CreateProcess,
+/// ReadPipe or EndChildProcesses, as a rule when the pipe breaks that it wrote to.
 /// @return false if the program can't be started
 [[nodiscard]] bool CreateProcess(const ProcessStart& start);
 
-/// Ends every child process that CreateProcess started and that still runs, with all it started.
+/// Ends every child process that CreateProcess started, with all it started, at once and without a
+/// chance to refuse. What a child has left behind in its group is ended too.
 void EndChildProcesses();
 
 /// Sets what runs about every 50 milliseconds while ReadPipe waits; nothing by default. The window

@@ -61,11 +61,12 @@ bool DeleteOne(std::u16string_view name, HostFile& error) {
     return true;
   } catch (const Failure& failure) {
     const std::u16string path = FullPath(name);
-    if (failure.Number() == static_cast<std::int32_t>(FailureNumber::PermissionDenied)) {
-      PrintLine(error, path);
-      PrintLine(error, kAccessDenied);
-    } else {
+    const std::u16string_view reason = Describe(failure);
+    if (reason == kFileNotFound || reason == kPathNotFound) {
       PrintLine(error, std::u16string(kCouldNotFind) + path);
+    } else {
+      PrintLine(error, path);
+      PrintLine(error, reason);
     }
     return false;
   }
