@@ -13,8 +13,6 @@ namespace lexmill::platform::batch {
 struct Redirection {
   bool isInput;         ///< `<`; otherwise `>`
   std::u16string path;  ///< without its quotes
-
-  friend bool operator==(const Redirection&, const Redirection&) = default;
 };
 
 /// A line of a script. Inside double quotes every character is plain; outside them only blanks,
