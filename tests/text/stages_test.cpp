@@ -175,13 +175,5 @@ TEST_F(TextStages, ShowAMissingInputOrFolder) {
   run.operator()<clsLexUPB3>("clsLexUPB3");
 }
 
-TEST_F(TextStages, ABadFragmentEndsThePurificationWhereItIsFirstUsed) {
-  RunOptions().txtrAndXBK2 = u"**";
-  EXPECT_EQ(OutputFor<clsLexUPB1>("1:Save\n保存\n2:Open\n打开(&O)\n3:Exit\n退出\n"),
-            kHeadOfR + "INSERT INTO R VALUES ('Save','保存');\n");
-  EXPECT_EQ(Messages(),
-            "错误:5018\n错误的数量词\n源代码位置: Class Module 'clsLexUPB1' -> 'DoItNow'");
-}
-
 }  // namespace
 }  // namespace lexmill

@@ -4,17 +4,14 @@
 #include <optional>
 #include <string>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/failure.h"
 #include "tests/support/files.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill {
 namespace {
 
-using platform::Failure;
 using test::Readable;
 
 TEST(TextEntry, AHeadLineIsANumberAColonAndTheSource) {
@@ -86,14 +83,6 @@ TEST_F(TextEntries, AreFoundInEveryFile) {
     Read(row.bytes, entries);
     EXPECT_EQ(entries, row.entries);
   }
-}
-
-TEST_F(TextEntries, FailWhereTheFileEndsTooSoon) {
-  const auto pastTheEnd = testing::Throws<Failure>(testing::Property(&Failure::Number, 62));
-  std::string entries;
-  EXPECT_THAT([&] { Read("", entries); }, pastTheEnd);
-  EXPECT_THAT([&] { Read("1:a\r\nA\r\n2:b\r\n", entries); }, pastTheEnd);
-  EXPECT_EQ(entries, "(1:a|a|A)");
 }
 
 }  // namespace
