@@ -49,7 +49,7 @@ class Database {
   [[nodiscard]] const Table* FindTable(std::string_view name);
   /// Changes whenever objects may have changed: by own statements, by the undoing of statements and
   /// by other processes. Ask inside a Statement or a transaction.
-  [[nodiscard]] std::uint64_t SchemaVersion() const;
+  [[nodiscard]] std::uint64_t SchemaVersion();
 
   /// Adds a table. Fails if the name is taken: `table R already exists`.
   /// @param sql  the statement as typed, from its first letter to its last token; `name` in it may
@@ -115,8 +115,6 @@ class Statement {
 
  private:
   Database& database_;
-  Access access_;
-  bool isComplete_ = false;
 };
 
 }  // namespace lexmill::platform::sqlite

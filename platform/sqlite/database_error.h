@@ -28,4 +28,7 @@ class DatabaseError {
   std::string text_;
 };
 
+/// What `errno` says of a failed write or read: kFull or kInputOutput.
+[[nodiscard]] DatabaseError HostError();
+
 }  // namespace lexmill::platform::sqlite

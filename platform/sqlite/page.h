@@ -70,6 +70,9 @@ inline constexpr std::size_t kGreatestCell = kOverflowLinkAt + 4;
 inline constexpr std::size_t kOverflowHead = 4;
 inline constexpr std::size_t kOverflowRoom = kPageSize - kOverflowHead;
 
+/// Chains of one child each are damage, so no tree of 32-bit page numbers is deeper.
+inline constexpr std::size_t kGreatestDepth = 32;
+
 /// Bytes that a cell takes for a key and data of `payload` bytes together.
 [[nodiscard]] constexpr std::size_t CellSize(std::size_t payload) {
   return payload > kLocalPayload ? kGreatestCell : (kCellHeadSize + payload + 3) & ~std::size_t{3};

@@ -63,9 +63,7 @@ class PageCache {
   [[nodiscard]] Frame* Vacate();
   /// Lets a vacated frame hold `page`; its bytes are the caller's to fill.
   void Assign(Frame& frame, PageNumber page);
-  /// Forgets a page, whatever its state. Its frame may not be pinned.
-  void Forget(PageNumber page);
-  /// Forgets all pages from `first` on.
+  /// Forgets all pages from `first` on, changed or not. Frames that are pinned keep their bytes.
   void ForgetFrom(PageNumber first);
   /// The frames that differ from the file, in the order of their pages. Good until the next call.
   [[nodiscard]] const std::vector<Frame*>& Dirty();

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "platform/host_file.h"
 #include "platform/sqlite/page.h"

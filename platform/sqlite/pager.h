@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/host_file.h"
@@ -25,9 +26,13 @@ struct PageEdit {
 /// to. Knows nothing of what pages hold, but for the check of tree pages.
 class Pager {
  public:
-  explicit Pager(HostFile file) : io_(std::move(file)) {}
+  /// @param file  the database, open; for writing if a transaction is to be begun
+  /// @param path  its path, from which that of the journal is made
+  Pager(HostFile file, std::string path) : path_(std::move(path)), io_(std::move(file)) {}
 
   [[nodiscard]] HostFile& File() { return io_.File(); }
+  [[nodiscard]] const std::string& Path() const { return path_; }
+  [[nodiscard]] std::string JournalPath() const { return path_ + "-journal"; }
   [[nodiscard]] PageNumber Count() const { return count_; }
   /// Grows with every change of a page.
   [[nodiscard]] std::uint64_t Changes() const { return changes_; }
@@ -48,50 +53,58 @@ class Pager {
   /// Adds a page at the end of the file, of undefined content.
   [[nodiscard]] PageNumber Extend();
 
-  /// Begins a transaction.
-  /// @param journalPath  path of the journal, created now. @throws DatabaseError kCannotOpen
-  void Begin(const std::string& journalPath);
+  /// Begins a transaction, with a journal beside the database.
+  /// @throws DatabaseError kCannotOpen if it can't be created
+  void Begin();
   /// Writes all changes out and removes the journal. On failure the transaction is still open.
   void Commit();
   /// Restores the file as it was at Begin, byte for byte.
   void Rollback();
   [[nodiscard]] bool IsWriting() const { return journal_.has_value(); }
 
-  /// Sets the mark, in place of an earlier one. @param folder  where images may be put aside
-  void Mark(const std::string& folder);
+  /// Sets the mark, in place of an earlier one.
+  void Mark();
   /// Undoes all changes since the mark and removes it.
   void BackToMark();
   /// Removes the mark and keeps the changes.
-  void Unmark();
+  void Unmark() { mark_.reset(); }
 
  private:
-  /// Pages that are to be saved before they are changed, and those saved already.
-  struct Saved {
-    Saved(Journal images, PageNumber pages) : journal(std::move(images)), isSaved(pages + 1) {}
-    void Save(PageNumber page, const char* bytes);
-    [[nodiscard]] bool Needs(PageNumber page) const {
-      return page < isSaved.size() && !isSaved[page];
-    }
+  /// Saves each page once, before its first change.
+  class Saved {
+   public:
+    explicit Saved(Journal images)
+        : images_(std::move(images)), isSaved_(images_.PageCount() + 1) {}
 
-    Journal journal;
-    std::vector<bool> isSaved;
+    [[nodiscard]] bool Needs(PageNumber page) const {
+      return page < isSaved_.size() && !isSaved_[page];
+    }
+    void Save(PageNumber page, const char* bytes);
+    [[nodiscard]] Journal& Images() { return images_; }
+
+   private:
+    Journal images_;
+    std::vector<bool> isSaved_;
   };
 
+  void CheckNumber(PageNumber page) const;
   [[nodiscard]] Frame& Fetch(PageNumber page);
-  [[nodiscard]] Frame& Allot(PageNumber page);
+  [[nodiscard]] Frame& Vacate();
   void Save(PageNumber page, const char* bytes);
+  void PrepareToWrite();
   void WriteOut();
+  void EndTransaction();
 
+  std::string path_;
   PageIo io_;
   PageCache cache_;
   PageNumber count_ = 0;
   std::uint64_t changes_ = 0;
   ByteOrder order_ = ByteOrder::Little;
   std::string tail_;  ///< bytes of the file behind its last full page
-  std::string journalPath_;
   std::optional<Saved> journal_;
   std::optional<Saved> mark_;
-  bool hasWritten_ = false;  ///< the file has been touched in this transaction
+  bool hasWritten_ = false;  ///< the file may have been touched in this transaction
 };
 
 }  // namespace lexmill::platform::sqlite

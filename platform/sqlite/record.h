@@ -32,6 +32,7 @@ struct RecordShape {
 };
 /// @throws DatabaseError kRowTooLong above kGreatestRecord bytes
 [[nodiscard]] RecordShape ShapeOf(std::span<const Value> values);
+[[nodiscard]] bool FitsRecord(std::span<const Value> values);
 /// Writes a record of `shape.size` bytes.
 void PutRecord(char* at, RecordShape shape, std::span<const Value> values);
 
@@ -54,9 +55,11 @@ class RecordView {
   std::size_t columns_ = 0;
 };
 
-/// What the index entries of a text have in common: everything but the row's number.
+/// Adds a column of an index entry: its text, marked and ended so that entries sort as rows do.
 void AppendIndexText(std::string& key, Value text);
-/// Makes `key` the index entry of a row with `text` in a one-column index.
+/// Whether a column of an index entry, without its row number, is NULL.
+[[nodiscard]] bool HasNull(std::string_view texts);
+/// Ends an index entry with the number of its row.
 void AppendRowKey(std::string& key, RowId rowId);
 
 }  // namespace lexmill::platform::sqlite

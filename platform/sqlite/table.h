@@ -21,6 +21,8 @@ struct CatalogObject {
   PageNumber rootPage = 0;         ///< 0 for views and triggers
   std::optional<std::string> sql;  ///< as typed; none for the index of a UNIQUE or PRIMARY KEY
   RowId rowId = 0;                 ///< its row in the master table
+
+  [[nodiscard]] bool operator==(const CatalogObject&) const = default;
 };
 
 struct Column {

@@ -34,9 +34,6 @@ class TreeCursor {
   [[nodiscard]] std::string_view Payload(std::string& buffer) const;
 
  private:
-  /// Chains of one child each are damage, so no tree of 32-bit page numbers is deeper.
-  static constexpr std::size_t kGreatestDepth = 32;
-
   struct Level {
     PageRef page;
     std::size_t cell = 0;  ///< offset of the cell, 0 when the right child was taken
@@ -44,8 +41,12 @@ class TreeCursor {
 
   void Restart();
   void Enter(PageNumber page);
-  void DescendLeft(PageNumber page);
+  [[nodiscard]] bool DescendLeft(PageNumber page);
+  /// Goes up to the entry behind a subtree that has been left. @return false at the end
   [[nodiscard]] bool Climb();
+  [[nodiscard]] Level& Top() { return levels_[depth_ - 1]; }
+  /// The child in front of the current cell, or the right one; 0 on a leaf.
+  [[nodiscard]] PageNumber ChildHere() const;
 
   Pager& pager_;
   PageNumber root_;

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/format_upgrade.h"
+
+#include <algorithm>
+
+#include "platform/sqlite/file_head.h"
+#include "platform/sqlite/index_filler.h"
+#include "platform/sqlite/tree_removal.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+bool IsOnText(const Table& table, const Index& index) {
+  return !index.columns.empty() && std::ranges::all_of(index.columns, [&table](std::size_t column) {
+    return table.columns[column].isText;
+  });
+}
+
+void MakeAnew(Pager& pager, const Table& table, const Index& index) {
+  FreeTreeBelow(pager, index.rootPage, Overflow::Freed);
+  PutEmptyTree(pager.Edit(index.rootPage).bytes, pager.Order());
+  KeySorter entries(pager.Path(), kIndexBuffer);
+  CollectEntries(pager, table, index, entries);
+  AddEntries(pager, index, entries);
+}
+
+}  // namespace
+
+void UpgradeFormat(Pager& pager, Catalog& catalog) {
+  const std::uint32_t format = FileFormat(pager);
+  if (format == 0 || format == kPresentFormat) {
+    return;
+  }
+  for (const CatalogObject& object : catalog.Objects()) {
+    if (object.type != "table") {
+      continue;
+    }
+    const Table* table = catalog.FindTable(object.name);
+    for (const Index& index : table->indexes) {
+      if (IsOnText(*table, index)) {
+        MakeAnew(pager, *table, index);
+      }
+    }
+  }
+  NoteSchemaChange(pager);
+  catalog.Invalidate();
+}
+
+}  // namespace lexmill::platform::sqlite

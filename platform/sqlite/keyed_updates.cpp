@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/keyed_updates.h"
+
+#include <array>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/index_filler.h"
+#include "platform/sqlite/payload.h"
+#include "platform/sqlite/row_cursor.h"
+#include "platform/sqlite/tree_builder.h"
+#include "platform/sqlite/tree_editor.h"
+#include "platform/sqlite/tree_removal.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+constexpr std::size_t kBuffer = std::size_t{8} * 1024 * 1024;
+constexpr std::size_t kNumberSize = 4;
+
+/// How many pages a row is taken to touch when it is changed where it stands; beyond, a pass over
+/// the whole table costs less.
+constexpr std::size_t kPagesPerRow = 8;
+
+std::string_view View(const RowKey& key) {
+  return {key.data(), key.size()};
+}
+
+std::string_view RowKeyOf(CellView cell) {
+  if (cell.KeyLength() != kNumberSize) {
+    throw DatabaseError(kMalformed);
+  }
+  return {cell.Payload(), kNumberSize};
+}
+
+}  // namespace
+
+KeyedUpdates::KeyedUpdates(Pager& pager, const Table& table, std::size_t keyColumn,
+                           std::size_t valueColumn)
+    : pager_(pager),
+      table_(table),
+      keyColumn_(keyColumn),
+      valueColumn_(valueColumn),
+      updates_(pager.Path(), kBuffer) {}
+
+bool KeyedUpdates::IsFor(const Table& table, std::size_t keyColumn, std::size_t valueColumn) const {
+  return &table == &table_ && keyColumn == keyColumn_ && valueColumn == valueColumn_;
+}
+
+void KeyedUpdates::Add(std::string_view key, std::string_view value) {
+  // An update is its text as in an index, its number and its value, so that the updates of a text
+  // come in the order in which they were given.
+  std::string text;
+  AppendIndexText(text, key);
+  std::array<char, kNumberSize> number{};
+  Put32(number.data(), sequence_++, ByteOrder::Big);
+  updates_.Add({text, {number.data(), number.size()}, value});
+}
+
+bool KeyedUpdates::Apply() {
+  updates_.Sort();
+  KeySorter changes(pager_.Path(), kBuffer);
+  Match(changes);
+  changes.Sort();
+  if (changes.Count() * kPagesPerRow < pager_.Count()) {
+    ChangeRows(changes);
+  } else {
+    RewriteTable(changes);
+  }
+  return isAllDone_;
+}
+
+void KeyedUpdates::Match(KeySorter& changes) {
+  if (const Index* index = table_.IndexOn(keyColumn_); index != nullptr) {
+    TreeCursor entries(pager_, index->rootPage);
+    std::string buffer;
+    bool isFirst = true;
+    MatchWith(
+        [&](std::string_view& entry) {
+          const bool isThere = std::exchange(isFirst, false) ? entries.First() : entries.Next();
+          entry = isThere ? entries.Payload(buffer) : std::string_view();
+          return isThere;
+        },
+        changes);
+    return;
+  }
+  Index index;
+  index.columns = {keyColumn_};
+  KeySorter entries(pager_.Path(), kBuffer);
+  CollectEntries(pager_, table_, index, entries);
+  entries.Sort();
+  MatchWith([&entries](std::string_view& entry) { return entries.Next(entry); }, changes);
+}
+
+void KeyedUpdates::MatchWith(const NextEntry& nextEntry, KeySorter& changes) {
+  std::string_view entry;
+  bool hasEntry = nextEntry(entry);
+  isComing_ = updates_.Next(coming_);
+  while (hasEntry && NextUpdate()) {
+    while (hasEntry) {
+      std::ignore = RowIdOfEntry(entry);
+      const std::size_t textSize = entry.size() - kNumberSize;
+      const int order = entry.substr(0, textSize).compare(text_);
+      if (order > 0) {
+        break;
+      }
+      if (order == 0) {
+        changes.Add({entry.substr(textSize), newValue_});
+      }
+      hasEntry = nextEntry(entry);
+    }
+  }
+}
+
+bool KeyedUpdates::NextUpdate() {
+  if (!isComing_) {
+    return false;
+  }
+  std::size_t textSize = 0;
+  do {
+    current_ = coming_;
+    textSize = current_.find('\0') + 1;
+    isComing_ = updates_.Next(coming_);
+  } while (isComing_ && coming_.starts_with(std::string_view(current_).substr(0, textSize)));
+  text_ = std::string_view(current_).substr(0, textSize);
+  newValue_ = std::string_view(current_).substr(textSize + kNumberSize);
+  return true;
+}
+
+void KeyedUpdates::ChangeRows(KeySorter& changes) {
+  RowCursor rows(pager_, table_.rootPage);
+  TreeEditor editor(pager_, table_.rootPage);
+  std::string record;
+  for (std::string_view change; changes.Next(change);) {
+    const RowId rowId = ToRowId(change.data());
+    if (!rows.Seek(rowId)) {
+      throw DatabaseError(kMalformed);
+    }
+    if (Renew(rows.Record(), change.substr(kNumberSize))) {
+      const RecordShape shape = ShapeOf(values_);
+      record.resize(shape.size);
+      PutRecord(record.data(), shape, values_);
+      editor.Put(View(ToRowKey(rowId)), record);
+    }
+  }
+}
+
+void KeyedUpdates::RewriteTable(KeySorter& changes) {
+  TreeBuilder builder = TreeBuilder::Anew(pager_, table_.rootPage);
+  TreeCursor rows(pager_, table_.rootPage);
+  std::string buffer;
+  std::string_view change;
+  bool isChanging = changes.Next(change);
+  for (bool isThere = rows.First(); isThere; isThere = rows.Next()) {
+    const CellView cell = rows.Cell();
+    const std::string_view key = RowKeyOf(cell);
+    const bool isMeant = isChanging && change.starts_with(key);
+    if (isMeant &&
+        Renew(RecordView(rows.Payload(buffer).substr(key.size())), change.substr(key.size()))) {
+      builder.AppendRow(ToRowId(key.data()), values_);
+      FreeOverflow(pager_, cell);
+    } else {
+      builder.AppendCell(cell);
+    }
+    if (isMeant) {
+      isChanging = changes.Next(change);
+    }
+  }
+  if (isChanging) {
+    throw DatabaseError(kMalformed);  // an index entry without a row
+  }
+  FreeTreeBelow(pager_, table_.rootPage, Overflow::Kept);
+  builder.Finish();
+}
+
+bool KeyedUpdates::Renew(const RecordView& record, std::string_view value) {
+  if (record.Column(valueColumn_) == value) {
+    return false;
+  }
+  values_.clear();
+  for (std::size_t i = 0; i < table_.columns.size(); ++i) {
+    values_.push_back(i == valueColumn_ ? Value(value) : record.Column(i));
+  }
+  const bool isTooLong = !FitsRecord(values_);
+  isAllDone_ = isAllDone_ && !isTooLong;
+  return !isTooLong;
+}
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/database.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/table_cursor.h"
