@@ -99,7 +99,7 @@ TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overw
   }
   auto file = ReplacementFile::Create(hostPath);
   if (!file) {
-    throw CreationFailure(errno, hostPath);
+    throw FileFailure(errno, hostPath);
   }
   return TextWriter(std::move(*file), hostPath, encoding);
 }

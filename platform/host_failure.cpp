@@ -55,13 +55,6 @@ Failure FileFailure(int error, const std::string& path) {
   return {FileNumber(error, path), FailureOrigin::ScriptLibrary};
 }
 
-Failure CreationFailure(int error, const std::string& path) {
-  if (error == ENOENT) {
-    return {FailureNumber::PathNotFound, FailureOrigin::ScriptLibrary};
-  }
-  return FileFailure(error, path);
-}
-
 Failure BinaryFileFailure(int error, const std::string& path) {
   const FailureNumber number = FileNumber(error, path);
   const bool isDenied = number == FailureNumber::PermissionDenied;

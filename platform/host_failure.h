@@ -14,9 +14,6 @@ namespace lexmill::platform {
 /// is there, else PathNotFound.
 [[nodiscard]] Failure FileFailure(int error, const std::string& path);
 
-/// The same for the making of a file: what is missing can only be the folder.
-[[nodiscard]] Failure CreationFailure(int error, const std::string& path);
-
 /// The same for binary files of the runtime, which say PathFileAccess for PermissionDenied.
 [[nodiscard]] Failure BinaryFileFailure(int error, const std::string& path);
 

@@ -185,7 +185,6 @@ struct TextWriter::State {
   void Flush() {
     if (!target->File().Write(buffer)) {
       broken = errno;
-      target.reset();
       throw TransferFailure(*broken);
     }
     buffer.clear();
@@ -200,7 +199,7 @@ struct TextWriter::State {
     if (!target->Commit(true)) {
       const int error = errno;
       target.reset();
-      throw CreationFailure(error, targetPath);
+      throw FileFailure(error, targetPath);
     }
     target.reset();
   }

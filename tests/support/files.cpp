@@ -72,13 +72,13 @@ std::string TemporaryFolder::Listing() const {
 
 OrdinaryUser::OrdinaryUser() : wasSuperuser_(geteuid() == 0) {
   constexpr uid_t kNobody = 65534;
-  if (wasSuperuser_ && seteuid(kNobody) != 0) {
+  if (wasSuperuser_ && setresuid(kNobody, kNobody, 0) != 0) {
     ADD_FAILURE() << "can't give up the superuser's rights";
   }
 }
 
 OrdinaryUser::~OrdinaryUser() {
-  if (wasSuperuser_ && seteuid(0) != 0) {
+  if (wasSuperuser_ && setresuid(0, 0, 0) != 0) {
     ADD_FAILURE() << "can't take back the superuser's rights";
   }
 }
