@@ -43,6 +43,12 @@ void ComboBox::UserChooses(std::size_t position) {
   Click.Raise();
 }
 
+void ComboBox::UserDropsFile(std::u16string_view path) {
+  if (IsUsable()) {
+    FileDropped.Raise(path);
+  }
+}
+
 void ComboBox::Text(std::u16string_view text) {
   if (Assign(text_, text, ControlProperty::Text)) {
     Change.Raise();

@@ -71,8 +71,11 @@ class ComboBox : public Control {
 
   Event<> Change;  ///< the text has become another one, but by no choice from the list
   Event<> Click;   ///< the user has chosen from the list
+  Event<std::u16string_view> FileDropped;  ///< the user has dropped a file of that path on the box
   /// The user chooses entry `position`, which becomes the text. Nothing if there is none.
   void UserChooses(std::size_t position);
+  /// The user drops a file. The box itself stays as it is.
+  void UserDropsFile(std::u16string_view path);
 
   [[nodiscard]] const std::u16string& Text() const { return text_; }
   /// Sets the text and leaves the list alone. Also what the user types.

@@ -26,18 +26,20 @@ inline constexpr std::int32_t kNoOwner = -1;
 /// @param Flags        [in,out] further flags of the platform; those that were in force
 /// @return true if the user confirmed; otherwise the strings that are handed back are empty and the
 ///   flags 0
-bool ShowOpenFileDialog(std::u16string& FileName, std::u16string& FileTitle, bool FileMustExist,
-                        bool MultiSelect, bool& ReadOnly, bool HideReadOnly, std::u16string& Filter,
-                        std::int32_t& FilterIndex, std::u16string_view InitDir,
-                        std::u16string_view DlgTitle, std::u16string_view DefaultExt,
-                        std::int32_t Owner, std::int32_t& Flags);
+[[nodiscard]] bool ShowOpenFileDialog(std::u16string& FileName, std::u16string& FileTitle,
+                                      bool FileMustExist, bool MultiSelect, bool& ReadOnly,
+                                      bool HideReadOnly, std::u16string& Filter,
+                                      std::int32_t& FilterIndex, std::u16string_view InitDir,
+                                      std::u16string_view DlgTitle, std::u16string_view DefaultExt,
+                                      std::int32_t Owner, std::int32_t& Flags);
 
 /// Lets the user choose a file that is to be written. As ShowOpenFileDialog, but FilterIndex is 0
 /// if the user cancelled.
-bool ShowSaveFileDialog(std::u16string& FileName, std::u16string& FileTitle, bool OverWritePrompt,
-                        std::u16string& Filter, std::int32_t& FilterIndex,
-                        std::u16string_view InitDir, std::u16string_view DlgTitle,
-                        std::u16string_view DefaultExt, std::int32_t Owner, std::int32_t& Flags);
+[[nodiscard]] bool ShowSaveFileDialog(std::u16string& FileName, std::u16string& FileTitle,
+                                      bool OverWritePrompt, std::u16string& Filter,
+                                      std::int32_t& FilterIndex, std::u16string_view InitDir,
+                                      std::u16string_view DlgTitle, std::u16string_view DefaultExt,
+                                      std::int32_t Owner, std::int32_t& Flags);
 
 /// The text of a buffer up to its first NUL.
 [[nodiscard]] std::u16string_view TrimAtNul(std::u16string_view buffer);

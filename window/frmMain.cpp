@@ -154,6 +154,7 @@ void frmMain::ConnectEvents() {
   connect(LabelEmail.Click, &frmMain::LabelEmail_Click);
   connect(LabelWeb.Click, &frmMain::LabelWeb_Click);
   connect(picState.GotFocus, &frmMain::picState_GotFocus);
+  ConnectDrops();
 }
 
 }  // namespace lexmill

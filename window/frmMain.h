@@ -133,6 +133,8 @@ class frmMain {
   void cmdPreset_Click(std::int16_t Index);
   void LoadPresetFile();
   void SavePresetFile();
+  /// Takes a path for the result, with the extension of the filter if it has no known one.
+  void TakeResultPath(std::u16string path, std::int32_t filterIndex);
   void chkAdvMode_Click();
   void chkaAndX_Click();
   void chkSaveRefDB_Click();
@@ -157,6 +159,7 @@ class frmMain {
   void DressInput();
   void DressProgressPanel();
   void ConnectEvents();
+  void ConnectDrops();
 
   std::vector<platform::Connection> connections_;
 };

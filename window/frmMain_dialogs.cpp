@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The buttons of the window that ask for a file.
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,7 @@
 namespace lexmill {
 namespace {
 
+// The dialogs belong to the active window, which is this one.
 constexpr std::int32_t kOwner = 0;
 
 constexpr std::u16string_view kDictionaryFilter =
@@ -21,6 +23,7 @@ constexpr std::u16string_view kDatabaseFilter = u"已净化数据库(*.db)|*.db"
 constexpr std::u16string_view kGlossaryFilter = u"PASSOLO字典(*.glo)|*.glo";
 constexpr std::u16string_view kTextFilter = u"点睛文本(*.a.txt;*.u.txt)|*.txt";
 constexpr std::u16string_view kPlainTextFilter = u"文本格式文件(*.txt)|*.txt";
+constexpr std::int32_t kPlainTextIndex = 1;  ///< among the filters for the result
 constexpr std::u16string_view kSavedDatabaseFilter = u"数据库文件(*.db)|*.db";
 constexpr std::u16string_view kSettingsFilter = u"配置文件(*.ini)|*.ini";
 constexpr std::u16string_view kAllFilesFilter = u"所有文件(*.*)|*.*";
@@ -43,9 +46,9 @@ std::u16string AskForFileToOpen(std::u16string_view title, std::u16string filter
   bool readOnly = false;
   std::int32_t filterIndex = 1;
   std::int32_t flags = 0;
-  GCommonDialog::ShowOpenFileDialog(path, name, true, false, readOnly, true, filters, filterIndex,
-                                    {}, title, {}, kOwner, flags);
-  return path;
+  const bool chosen = GCommonDialog::ShowOpenFileDialog(
+      path, name, true, false, readOnly, true, filters, filterIndex, {}, title, {}, kOwner, flags);
+  return chosen ? path : std::u16string();
 }
 
 // As above; `filterIndex` [in,out] is the filter to open on, and the chosen one.
@@ -54,9 +57,9 @@ std::u16string AskForFileToSave(std::u16string_view title, std::u16string filter
   std::u16string path;
   std::u16string name;
   std::int32_t flags = 0;
-  GCommonDialog::ShowSaveFileDialog(path, name, true, filters, filterIndex, {}, title, extension,
-                                    kOwner, flags);
-  return path;
+  const bool chosen = GCommonDialog::ShowSaveFileDialog(path, name, true, filters, filterIndex, {},
+                                                        title, extension, kOwner, flags);
+  return chosen ? path : std::u16string();
 }
 
 bool EndsInAnyCase(std::u16string_view path, std::u16string_view extension) {
@@ -78,6 +81,13 @@ std::u16string AskForFileToSaveAs(std::u16string_view title, std::u16string_view
 
 }  // namespace
 
+void frmMain::TakeResultPath(std::u16string path, std::int32_t filterIndex) {
+  if (!EndsInAnyCase(path, u".txt") && !EndsInAnyCase(path, u".glo")) {
+    path += filterIndex == kPlainTextIndex ? u".txt" : u".glo";
+  }
+  modMain::AddComboHistory(cboFinal, path);
+}
+
 void frmMain::cmdOpen_Click(std::int16_t Index) {
   if (Index == 0) {
     modMain::AddComboHistory(
@@ -92,15 +102,11 @@ void frmMain::cmdOpen_Click(std::int16_t Index) {
 
 void frmMain::cmdSave_Click() {
   std::int32_t filterIndex = 0;
-  std::u16string path = AskForFileToSave(
-      u"选择已译字典的保存文件", JoinFilters({kPlainTextFilter, kGlossaryFilter}), filterIndex);
-  if (path.empty()) {
-    return;
+  const auto path = AskForFileToSave(u"选择已译字典的保存文件",
+                                     JoinFilters({kPlainTextFilter, kGlossaryFilter}), filterIndex);
+  if (!path.empty()) {
+    TakeResultPath(path, filterIndex);
   }
-  if (!EndsInAnyCase(path, u".txt") && !EndsInAnyCase(path, u".glo")) {
-    path += filterIndex == 1 ? u".txt" : u".glo";
-  }
-  modMain::AddComboHistory(cboFinal, path);
 }
 
 void frmMain::cmdPreset_Click(std::int16_t Index) {
@@ -144,6 +150,17 @@ void frmMain::optXRefDB_Click() {
     }
   });
   IgnoreFailures([this] { txtSaveRefDB.SetFocus(); });
+}
+
+// A dropped file counts as chosen in the dialog of its box, with the first filter.
+void frmMain::ConnectDrops() {
+  for (platform::ComboBox* combo : {&cboToDo, &cboRefer}) {
+    connections_.push_back(combo->FileDropped.Connect([combo](std::u16string_view path) {
+      modMain::AddComboHistory(*combo, std::u16string(path));
+    }));
+  }
+  connections_.push_back(cboFinal.FileDropped.Connect(
+      [this](std::u16string_view path) { TakeResultPath(std::u16string(path), kPlainTextIndex); }));
 }
 
 }  // namespace lexmill

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/frmMain.h"
 
+#include <algorithm>
 #include <optional>
 #include <set>
 #include <string>
@@ -157,6 +158,19 @@ TEST_F(MainWindow, CompletesTheNameOfTheResult) {
     window.cmdSave.UserClicks();
     EXPECT_EQ(Readable(window.cboFinal.Text()), row.path);
   }
+}
+
+TEST_F(MainWindow, TakesADroppedFileAsAChosenOne) {
+  window.cboToDo.UserDropsFile(u"/a.dictionary");
+  window.cboRefer.UserDropsFile(u"/b.db");
+  window.cboFinal.UserDropsFile(u"/c");
+  EXPECT_EQ(Readable(window.cboToDo.List(0)), "/a.dictionary");
+  EXPECT_EQ(Readable(window.cboRefer.Text()), "/b.db");
+  EXPECT_EQ(Readable(window.cboFinal.Text()), "/c.txt");
+  EXPECT_TRUE(window.cmdStart.Enabled());
+  window.cboToDo.Visible(false);
+  window.cboToDo.UserDropsFile(u"/during a run");
+  EXPECT_EQ(Readable(window.cboToDo.Text()), "/a.dictionary");
 }
 
 TEST_F(MainWindow, BrowsesForTheSavedDatabase) {
