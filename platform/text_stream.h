@@ -15,6 +15,9 @@ namespace lexmill::platform {
 class HostFile;
 class ReplacementFile;
 
+/// The mark at the start of a file in Utf8WithMark.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
 /// Reads a text file line by line. LF ends a line and a CR directly before it goes too; a lone CR
 /// is text. A last line without an end counts. Buffered; closed by its destructor.
 class TextReader {
