@@ -91,7 +91,7 @@ bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
   }
   const std::string target = CopyTarget(source, HostName(names[1]));
   if (const int error = ReplaceByCopy(file, target); error != 0) {
-    PrintLine(streams.error, Describe(CreationFailure(error, target)));
+    PrintLine(streams.error, Describe(FileFailure(error, target)));
     PrintLine(streams.output, kNoFileCopied);
     return false;
   }

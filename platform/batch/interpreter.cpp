@@ -80,7 +80,7 @@ bool Interpreter::Redirect(std::span<const Redirection> redirections, Redirected
     file = OpenRedirected(path, redirection.isInput);
     if (!file.IsOpen()) {
       PrintLine(error_, Describe(redirection.isInput ? FileFailure(errno, path)
-                                                     : CreationFailure(errno, path)));
+                                                     : FileFailure(errno, path)));
       return false;
     }
   }
