@@ -1,4 +1,24 @@
 // SPDX-License-Identifier: MIT
-int main() {
-  return 0;
+// platform/sqlite: the program `sqlite`.
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/host_file.h"
+#include "platform/sqlite/shell.h"
+
+int main(int count, char** words) {
+  using lexmill::platform::HostFile;
+  lexmill::platform::ReadPlatformSettings();
+  HostFile input(STDIN_FILENO);
+  HostFile output(STDOUT_FILENO);
+  HostFile error(STDERR_FILENO);
+  const lexmill::platform::sqlite::ShellStreams streams = {
+      [&](std::span<char> buffer) { return input.Read(buffer); },
+      [&](std::string_view bytes) { return output.Write(bytes); },
+      [&](std::string_view bytes) { return error.Write(bytes); }};
+  const std::vector<std::string> arguments(words, words + count);
+  return lexmill::platform::sqlite::RunShell(arguments, streams);
 }

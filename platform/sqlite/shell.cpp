@@ -1,1 +1,167 @@
 // SPDX-License-Identifier: MIT
+#include "platform/sqlite/shell.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+#include "platform/sqlite/arguments.h"
+#include "platform/sqlite/database.h"
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/row_output.h"
+#include "platform/sqlite/script_reader.h"
+#include "platform/sqlite/session.h"
+#include "platform/sqlite/sql_token.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+
+/// `text` with the program's own line end behind each of its lines.
+std::string AsLines(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const std::size_t length = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, length);
+    text.remove_prefix(std::min(length + 1, text.size()));
+    if (line.ends_with('\r')) {
+      line.remove_suffix(1);
+    }
+    result.append(line).append(kLineEnd);
+  }
+  return result;
+}
+
+/// Writes lines to the error stream. If that fails too, there is nobody left to tell.
+void TellError(std::string_view text, const ShellStreams& streams) {
+  std::ignore = streams.error(AsLines(text));
+}
+
+/// Thrown when nothing can run: the database can't be opened.
+struct OpenFailure {
+  std::string text;
+};
+
+/// One run on one database.
+class Shell {
+ public:
+  Shell(const ShellArguments& arguments, const ShellStreams& streams)
+      : arguments_(arguments),
+        streams_(streams),
+        output_(streams.output),
+        rows_(output_, arguments.form, arguments.separator) {}
+
+  int Run() {
+    const int code = arguments_.statement ? RunArgument(*arguments_.statement) : RunScript();
+    output_.Flush();
+    return code;
+  }
+
+ private:
+  int RunArgument(std::string_view statement) {
+    if (SkipBlanks(statement).empty()) {
+      return kSuccess;
+    }
+    try {
+      OpenSession().Run(statement);
+      return kSuccess;
+    } catch (const DatabaseError& failure) {
+      output_.Flush();
+      TellError("SQL error: " + failure.Text(), streams_);
+      return kFailure;
+    }
+  }
+
+  int RunScript() {
+    ScriptReader reader(streams_.input);
+    while (const std::optional<ScriptBatch> batch = reader.Next()) {
+      switch (batch->kind) {
+        case ScriptBatch::Kind::Statements:
+          RunBatch(batch->text);
+          break;
+        case ScriptBatch::Kind::Command:
+          output_.Flush();
+          TellError("unknown command: " + std::string(batch->text), streams_);
+          break;
+        case ScriptBatch::Kind::Incomplete:
+          output_.Append("Incomplete SQL: ");
+          output_.Append(AsLines(batch->text));
+          break;
+      }
+    }
+    return kSuccess;
+  }
+
+  void RunBatch(std::string_view text) {
+    if (SkipBlanks(text).empty()) {
+      return;
+    }
+    Session& session = OpenSession();
+    ReportFailure(text, [&] {
+      if (!session.Collect(text)) {
+        ReportFailure({}, [&] { session.Settle(); });
+        rows_.BeginBatch();
+        session.Run(text);
+      }
+    });
+  }
+
+  /// Runs `body`; after a failure prints `text` and what is wrong.
+  template <typename Body>
+  void ReportFailure(std::string_view text, Body body) {
+    try {
+      body();
+    } catch (const DatabaseError& failure) {
+      output_.Append(AsLines(text));
+      output_.Append("SQL error: " + failure.Text());
+      output_.EndLine();
+    }
+  }
+
+  Session& OpenSession() {
+    if (!session_) {
+      try {
+        database_.emplace(arguments_.database);
+      } catch (const DatabaseError& failure) {
+        throw OpenFailure{failure.Text()};
+      }
+      session_.emplace(*database_, rows_);
+    }
+    return *session_;
+  }
+
+  const ShellArguments& arguments_;
+  const ShellStreams& streams_;
+  OutputBuffer output_;
+  RowOutput rows_;
+  std::optional<Database> database_;
+  std::optional<Session> session_;
+};
+
+}  // namespace
+
+int RunShell(std::span<const std::string> words, const ShellStreams& streams) {
+  const ParsedArguments parsed = ParseArguments(words);
+  if (!parsed.arguments) {
+    TellError(parsed.complaint, streams);
+    return kFailure;
+  }
+  try {
+    return Shell(*parsed.arguments, streams).Run();
+  } catch (const OpenFailure& failure) {
+    TellError("Unable to open database \"" + parsed.arguments->database + "\": " + failure.text,
+              streams);
+  } catch (const StreamFailure& failure) {
+    TellError(failure.text, streams);
+  } catch (const std::bad_alloc&) {
+    TellError("out of memory", streams);
+  }
+  return kFailure;
+}
+
+}  // namespace lexmill::platform::sqlite
