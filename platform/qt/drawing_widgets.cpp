@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/drawing_widgets.h"
+
+#include <QPainter>
+
+#include "platform/qt/colors.h"
+#include "platform/qt/twips.h"
+
+namespace lexmill::platform::qt {
+namespace {
+
+void LetMouseThrough(QWidget& widget) {
+  widget.setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+}  // namespace
+
+LineWidget::LineWidget(const Line& line, QWidget& parent) : QWidget(&parent), line_(line) {
+  LetMouseThrough(*this);
+}
+
+// A line without height is still one pixel high.
+void LineWidget::ShowPlace() {
+  setGeometry(ToPixels(line_.Place()).adjusted(0, 0, 1, 1));
+}
+
+void LineWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setPen(ToQt(line_.ForeColor(), palette(), QPalette::WindowText));
+  painter.drawLine(rect().topLeft(), rect().bottomRight());
+}
+
+ShapeWidget::ShapeWidget(const Shape& shape, QWidget& parent) : QWidget(&parent), shape_(shape) {
+  LetMouseThrough(*this);
+}
+
+void ShapeWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setPen(ToQt(shape_.ForeColor(), palette(), QPalette::WindowText));
+  painter.setBrush(ToQt(shape_.BackColor(), palette(), QPalette::Window));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+ImageWidget::ImageWidget(QWidget& parent) : QWidget(&parent) {
+  LetMouseThrough(*this);
+}
+
+void ImageWidget::ShowPicture(std::string_view file) {
+  picture_.loadFromData(reinterpret_cast<const uchar*>(file.data()),
+                        static_cast<uint>(file.size()));
+  update();
+}
+
+void ImageWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(rect(), picture_);
+}
+
+PanelWidget::PanelWidget(const PictureBox& panel, QWidget& parent)
+    : QWidget(&parent), panel_(panel) {}
+
+void PanelWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (panel_.BackColor() != kDefaultColor) {
+    painter.fillRect(rect(), ToQt(panel_.BackColor(), palette(), QPalette::Window));
+  }
+  if (panel_.Border()) {
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+}
+
+}  // namespace lexmill::platform::qt

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLayout>
+
+#include "platform/dialogs.h"
+#include "platform/qt/ending.h"
+#include "platform/qt/qt_text.h"
+
+namespace lexmill::platform {
+namespace {
+
+using qt::FromQt;
+using qt::ToQt;
+
+// The folder that the next dialog opens in if its caller names none.
+QString& LastFolder() {
+  static QString folder = QDir::homePath();
+  return folder;
+}
+
+// A filter as the toolkit writes it. Its pattern "*.*" is only for names with a point.
+QString NameFilter(const FileFilter& filter) {
+  QStringList patterns = ToQt(filter.patterns).split(u';', Qt::SkipEmptyParts);
+  patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+  return ToQt(filter.description) + QStringLiteral(" (") + patterns.join(u' ') +
+         QStringLiteral(")");
+}
+
+QStringList NameFilters(const FileDialogRequest& request) {
+  QStringList filters;
+  for (const FileFilter& filter : request.filters) {
+    filters.append(NameFilter(filter));
+  }
+  return filters;
+}
+
+QFileDialog::FileMode OpenMode(const FileDialogRequest& request) {
+  if (request.multipleSelection) {
+    return QFileDialog::ExistingFiles;
+  }
+  return request.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile;
+}
+
+void SetUp(QFileDialog& dialog, const FileDialogRequest& request, const QStringList& filters) {
+  dialog.setObjectName(QStringLiteral("fileDialog"));
+  dialog.setWindowTitle(ToQt(request.title));
+  // The toolkit's own dialog is the same on every desktop, matches patterns without case and tells
+  // the chosen filter.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
+  dialog.setDirectory(request.initialFolder.empty() ? LastFolder() : ToQt(request.initialFolder));
+  dialog.setNameFilters(filters);
+  if (request.filterIndex > 0 && request.filterIndex <= filters.size()) {
+    dialog.selectNameFilter(filters[request.filterIndex - 1]);
+  }
+  dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+  if (!request.fileName.empty()) {
+    dialog.selectFile(ToQt(request.fileName));
+  }
+}
+
+QCheckBox* AddReadOnlyBox(QFileDialog& dialog, const FileDialogRequest& request) {
+  auto* box = new QCheckBox(ToQt(u"以只读方式打开"), &dialog);
+  box->setChecked(request.readOnly);
+  box->setVisible(request.readOnlyBox);
+  if (request.readOnlyBox) {
+    dialog.layout()->addWidget(box);
+  }
+  return box;
+}
+
+// One path as it is; of several the folder and each name, with a NUL between two.
+QString JoinPaths(const QStringList& paths) {
+  if (paths.size() == 1) {
+    return paths.front();
+  }
+  QString joined = QFileInfo(paths.front()).absolutePath();
+  for (const QString& path : paths) {
+    joined += QChar::Null + QFileInfo(path).fileName();
+  }
+  return joined;
+}
+
+std::optional<FileDialogAnswer> Ask(const FileDialogRequest& request,
+                                    QFileDialog::AcceptMode mode) {
+  if (qt::IsEnding()) {
+    return std::nullopt;
+  }
+  QFileDialog dialog(request.overActiveWindow ? QApplication::activeWindow() : nullptr);
+  const QStringList filters = NameFilters(request);
+  dialog.setAcceptMode(mode);
+  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? OpenMode(request) : QFileDialog::AnyFile);
+  SetUp(dialog, request, filters);
+  const QCheckBox* readOnly = AddReadOnlyBox(dialog, request);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    return std::nullopt;
+  }
+  LastFolder() = dialog.directory().absolutePath();
+  FileDialogAnswer answer;
+  answer.path = FromQt(JoinPaths(dialog.selectedFiles()));
+  answer.filterIndex = static_cast<std::int32_t>(filters.indexOf(dialog.selectedNameFilter())) + 1;
+  answer.readOnly = readOnly->isChecked();
+  return answer;
+}
+
+}  // namespace
+
+std::optional<FileDialogAnswer> ShowOpenDialog(const FileDialogRequest& request) {
+  return Ask(request, QFileDialog::AcceptOpen);
+}
+
+std::optional<FileDialogAnswer> ShowSaveDialog(const FileDialogRequest& request) {
+  return Ask(request, QFileDialog::AcceptSave);
+}
+
+}  // namespace lexmill::platform

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/file_drop.h"
+
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
+
+#include "platform/qt/qt_text.h"
+
+namespace lexmill::platform::qt {
+namespace {
+
+// The path of the first file that is dragged; empty if what is dragged is no file here.
+QString DraggedFile(const QDropEvent& event) {
+  for (const QUrl& address : event.mimeData()->urls()) {
+    if (address.isLocalFile()) {
+      return address.toLocalFile();
+    }
+  }
+  return {};
+}
+
+// A field takes dropped text by itself; a file would come in as its address.
+class FileDropFilter final : public QObject {
+ public:
+  FileDropFilter(ComboBox& combo, QObject& parent) : QObject(&parent), combo_(combo) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::DragEnter:
+      case QEvent::DragMove:
+      case QEvent::Drop:
+        return TakeFile(static_cast<QDropEvent&>(*event));
+      default:
+        return QObject::eventFilter(watched, event);
+    }
+  }
+
+ private:
+  bool TakeFile(QDropEvent& event) {
+    const QString file = DraggedFile(event);
+    if (file.isEmpty()) {
+      return false;
+    }
+    event.acceptProposedAction();
+    if (event.type() == QEvent::Drop) {
+      combo_.UserDropsFile(FromQt(file));
+    }
+    return true;
+  }
+
+  ComboBox& combo_;
+};
+
+}  // namespace
+
+void TakeDroppedFiles(ComboBox& combo, QComboBox& field) {
+  auto* filter = new FileDropFilter(combo, field);
+  field.setAcceptDrops(true);
+  field.installEventFilter(filter);
+  field.lineEdit()->installEventFilter(filter);
+}
+
+}  // namespace lexmill::platform::qt

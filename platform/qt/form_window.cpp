@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/form_window.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include "platform/qt/control_kinds.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/tab_order.h"
+#include "platform/qt/twips.h"
+
+namespace lexmill::platform::qt {
+
+FormWindow::FormWindow(Form& form) : form_(form) {
+  setObjectName(ToQt(form.Name()));
+  for (Control* control : form.Controls()) {
+    mirrors_.push_back(
+        std::make_unique<ControlMirror>(form, *control, *this, [this] { Arrange(); }));
+  }
+  Arrange();
+  NameFields(mirrors_);
+  for (const auto& mirror : mirrors_) {
+    mirror->ShowAll();
+  }
+  changed_ = form.Changed.Connect([this](FormProperty what) { Show(what); });
+  for (const auto what : {FormProperty::Caption, FormProperty::Size, FormProperty::Visible}) {
+    Show(what);
+  }
+}
+
+void FormWindow::Show(FormProperty what) {
+  switch (what) {
+    case FormProperty::Caption:
+      setWindowTitle(ToQt(form_.Caption()));
+      break;
+    case FormProperty::Size:
+      setFixedSize(ToPixels(form_.ScaleWidth()), ToPixels(form_.ScaleHeight()));
+      break;
+    case FormProperty::Visible:
+      ShowVisible();
+      break;
+  }
+}
+
+void FormWindow::ShowVisible() {
+  if (form_.Visible()) {
+    const QRect desktop = screen()->availableGeometry();
+    move(desktop.center() - rect().center());
+    show();
+  } else if (isVisible()) {
+    hide();
+    QCoreApplication::exit();
+  }
+}
+
+void FormWindow::Arrange() {
+  for (const auto& mirror : mirrors_) {
+    const Control* container = mirror->Shown().Container();
+    QWidget* parent = container == nullptr ? this : &WidgetOf(*container);
+    if (mirror->Widget().parentWidget() != parent) {
+      mirror->Widget().setParent(parent);
+      mirror->Widget().setVisible(mirror->Shown().Visible());
+    }
+  }
+  for (const bool drawing : {true, false}) {
+    for (const Control* control : std::views::reverse(form_.FrontToBack())) {
+      if (IsDrawing(control->Kind()) == drawing) {
+        WidgetOf(*control).raise();
+      }
+    }
+  }
+  ChainTabOrder(mirrors_);
+}
+
+QWidget& FormWindow::WidgetOf(const Control& control) const {
+  const auto found = std::ranges::find_if(
+      mirrors_, [&](const auto& mirror) { return &mirror->Shown() == &control; });
+  return (*found)->Widget();
+}
+
+bool FormWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ApplicationPaletteChange) {
+    for (const auto& mirror : mirrors_) {
+      mirror->Show(ControlProperty::Colors);
+    }
+  }
+  return QWidget::event(event);
+}
+
+// A key that is held down counts once: what it starts may be over before it is let go.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (event->isAutoRepeat() || (!isEnter && event->key() != Qt::Key_Escape)) {
+    QWidget::keyPressEvent(event);
+  } else if (isEnter) {
+    form_.UserPressesEnter();
+  } else {
+    form_.UserPressesEscape();
+  }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  form_.Close();
+  event->setAccepted(!form_.Visible());
+}
+
+}  // namespace lexmill::platform::qt

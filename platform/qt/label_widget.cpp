@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/label_widget.h"
+
+#include <algorithm>
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "platform/qt/colors.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/twips.h"
+
+namespace lexmill::platform::qt {
+namespace {
+
+Qt::Alignment ToQt(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::Right:
+      return Qt::AlignRight;
+    case Alignment::Center:
+      return Qt::AlignHCenter;
+    case Alignment::Left:
+      break;
+  }
+  return Qt::AlignLeft;
+}
+
+// `place` made as large as `text` needs, towards the sides that the alignment leaves free.
+QRect Flowing(const QRect& place, const QSize& text, Alignment alignment) {
+  const int across = std::max(0, text.width() - place.width());
+  const int down = std::max(0, text.height() - place.height());
+  int toLeft = 0;
+  if (alignment == Alignment::Right) {
+    toLeft = across;
+  } else if (alignment == Alignment::Center) {
+    toLeft = across / 2;
+  }
+  return place.adjusted(-toLeft, -(down / 2), across - toLeft, down - down / 2);
+}
+
+// The caption without its hot key marks.
+QString WithoutMarks(const QString& caption) {
+  QString plain;
+  for (qsizetype i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && i + 1 < caption.size()) {
+      ++i;
+    }
+    plain += caption[i];
+  }
+  return plain;
+}
+
+}  // namespace
+
+LabelWidget::LabelWidget(Label& label, QWidget& parent) : QLabel(&parent), label_(label) {
+  setTextFormat(Qt::PlainText);
+}
+
+// The toolkit itself reads hot key marks where a label has a field to hand the focus to.
+void LabelWidget::ShowCaption() {
+  const QString caption = qt::ToQt(label_.Caption());
+  setText(buddy() == nullptr ? WithoutMarks(caption) : caption);
+  ShowPlace();
+}
+
+void LabelWidget::ShowPlace() {
+  setGeometry(Flowing(ToPixels(label_.Place()), sizeHint(), label_.Alignment()));
+  update();
+}
+
+void LabelWidget::ShowLook() {
+  QPalette colors;
+  colors.setColor(QPalette::WindowText, qt::ToQt(label_.ForeColor(), colors, QPalette::WindowText));
+  setPalette(colors);
+  setAlignment(ToQt(label_.Alignment()) | Qt::AlignVCenter);
+  if (label_.HandPointer()) {
+    setCursor(Qt::PointingHandCursor);
+  } else {
+    unsetCursor();
+  }
+  ShowPlace();
+}
+
+void LabelWidget::paintEvent(QPaintEvent* event) {
+  if (!label_.Transparent() && label_.BackColor() != kDefaultColor) {
+    QPainter(this).fillRect(ToPixels(label_.Place()).translated(-pos()),
+                            qt::ToQt(label_.BackColor(), palette(), QPalette::Window));
+  }
+  QLabel::paintEvent(event);
+}
+
+void LabelWidget::mousePressEvent(QMouseEvent* event) {
+  pressed_ = event->button() == Qt::LeftButton;
+}
+
+void LabelWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (std::exchange(pressed_, false) && rect().contains(event->position().toPoint())) {
+    label_.UserClicks();
+  }
+}
+
+void LabelWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) {
+    label_.UserDoubleClicks();
+  }
+}
+
+}  // namespace lexmill::platform::qt

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/screen.h"
+
+#include <array>
+#include <new>
+
+#include <QFont>
+#include <QLibraryInfo>
+#include <QSessionManager>
+#include <QStyleFactory>
+
+#include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+#include "platform/process.h"
+#include "platform/qt/ending.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/termination_signals.h"
+#include "platform/qt/waiting.h"
+
+namespace lexmill::platform::qt {
+namespace {
+
+// The places of a window are drawn for Chinese characters of that size; the toolkit scales both.
+constexpr int kFontPixels = 12;
+
+void Show(const Failure& failure) {
+  ShowMessageBox(u"错误:" + ToText(failure.Number()) + u"\r\n" + failure.Description(),
+                 MessageIcon::Critical, MessageButtons::Ok);
+}
+
+// Runs `body` and shows the failure that ends it, if one does. @return whether it ran to its end
+template <class Body>
+bool ShowFailureOf(const Body& body) {
+  try {
+    body();
+    return true;
+  } catch (const Failure& failure) {
+    Show(failure);
+  } catch (const std::bad_alloc&) {
+    Show(Failure(FailureNumber::OutOfMemory, FailureOrigin::Runtime));
+  }
+  return false;
+}
+
+}  // namespace
+
+bool IsScreenThere() {
+  constexpr std::array kNames = {"WAYLAND_DISPLAY", "DISPLAY", "QT_QPA_PLATFORM"};
+  for (const char* name : kNames) {
+    if (!qEnvironmentVariableIsEmpty(name)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+Screen::Screen(int& argc, char** argv) : QApplication(argc, argv) {
+  setApplicationName(qt::ToQt(kApplicationTitle));
+  // The places are drawn for narrow edges, which other styles don't have; colours stay the user's.
+  setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QFont windowFont = font();
+  windowFont.setPixelSize(kFontPixels);
+  setFont(windowFont);
+  // The end is the form's matter: a message may be shown while there is no window.
+  setQuitOnLastWindowClosed(false);
+  LoadTranslation();
+  SetWaiting(RepaintWhileWaiting);
+}
+
+Screen::~Screen() {
+  SetWaiting({});
+}
+
+// The toolkit's dialogs in the window's language; in English where that isn't installed.
+void Screen::LoadTranslation() {
+  if (translator_.load(QStringLiteral("qtbase_zh_CN"),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    installTranslator(&translator_);
+  }
+}
+
+int Screen::Run(const std::function<Form&()>& open, const std::function<void()>& opened) {
+  constexpr int kFailed = 1;
+  Form* form = nullptr;
+  if (!ShowFailureOf([&] { form = &open(); })) {
+    return kFailed;
+  }
+  FormWindow window(*form);
+  const Connection insisted = form->CloseInsisted.Connect(EndChildProcesses);
+  const TerminationSignals signals([form] { EndProgram(*form); });
+  connect(this, &QGuiApplication::commitDataRequest, &window, [form] { EndProgram(*form); });
+  opened();
+  return form->Visible() ? exec() : 0;
+}
+
+bool Screen::notify(QObject* receiver, QEvent* event) {
+  bool handled = true;
+  ShowFailureOf([&] { handled = QApplication::notify(receiver, event); });
+  return handled;
+}
+
+}  // namespace lexmill::platform::qt

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/tab_order.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/qt/label_widget.h"
+#include "platform/qt/qt_text.h"
+
+namespace lexmill::platform::qt {
+namespace {
+
+std::vector<const ControlMirror*> ByTabIndex(Mirrors mirrors) {
+  std::vector<const ControlMirror*> sorted;
+  for (const auto& mirror : mirrors) {
+    sorted.push_back(mirror.get());
+  }
+  std::ranges::stable_sort(sorted, {},
+                           [](const auto* mirror) { return mirror->Shown().TabIndex(); });
+  return sorted;
+}
+
+bool IsField(const Control& control) {
+  return control.Kind() == ControlKind::TextBox || control.Kind() == ControlKind::ComboBox;
+}
+
+bool NamesFields(const Control& control) {
+  return control.Kind() == ControlKind::Label || control.Kind() == ControlKind::CheckBox;
+}
+
+void NameField(const ControlMirror& field, const ControlMirror& namer) {
+  QString name = ToQt(namer.Shown().Caption());
+  name.replace(QStringLiteral("&&"), QStringLiteral("&"));
+  field.Widget().setAccessibleName(name);
+}
+
+}  // namespace
+
+void ChainTabOrder(Mirrors mirrors) {
+  QWidget* last = nullptr;
+  for (const ControlMirror* mirror : ByTabIndex(mirrors)) {
+    QWidget& widget = mirror->Widget();
+    if ((widget.focusPolicy() & Qt::TabFocus) == 0) {
+      continue;
+    }
+    if (last != nullptr) {
+      QWidget::setTabOrder(last, &widget);
+    }
+    last = &widget;
+  }
+}
+
+void NameFields(Mirrors mirrors) {
+  const ControlMirror* namer = nullptr;
+  const ControlMirror* before = nullptr;
+  for (const ControlMirror* mirror : ByTabIndex(mirrors)) {
+    const Control& control = mirror->Shown();
+    if (NamesFields(control)) {
+      namer = mirror;
+    } else if (IsField(control) && namer != nullptr &&
+               namer->Shown().Container() == control.Container()) {
+      NameField(*mirror, *namer);
+      if (namer == before && namer->Shown().Kind() == ControlKind::Label) {
+        static_cast<LabelWidget&>(namer->Widget()).setBuddy(&mirror->Widget());
+      }
+    }
+    before = mirror;
+  }
+}
+
+}  // namespace lexmill::platform::qt

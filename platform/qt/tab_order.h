@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// platform/qt: the desktop on the screen; the only folder that knows the toolkit.
+// How users get from field to field, and how those who can't see the window know them.
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "platform/qt/control_mirror.h"
+
+namespace lexmill::platform::qt {
+
+using Mirrors = std::span<const std::unique_ptr<ControlMirror>>;
+
+/// Makes the tab key go round by TabIndex.
+void ChainTabOrder(Mirrors mirrors);
+
+/// Gives each field that has no caption the name of the label or box that stands before it in the
+/// same group, by TabIndex, and makes it the field of a label that stands directly before it.
+void NameFields(Mirrors mirrors);
+
+}  // namespace lexmill::platform::qt

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// lexmill: the window.
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/host_path.h"
+#include "platform/qt/screen.h"
+#include "run/modMain.h"
+#include "window/frmMain.h"
+
+namespace {
+
+// A relative path means the same to every part of a run.
+void EnterProgramFolder() {
+  std::error_code failed;
+  std::filesystem::current_path(
+      lexmill::platform::ToHostPath(lexmill::platform::ApplicationFolder()), failed);
+}
+
+void TellReadOnlyFolder() {
+  const std::u16string folder = lexmill::platform::ApplicationFolder();
+  if (access(lexmill::platform::ToHostPath(folder).c_str(), W_OK) != 0) {
+    lexmill::platform::ShowMessageBox(
+        u"程序所在的文件夹不可写入，设置不能保存，处理不能进行:\r\n" + folder,
+        lexmill::platform::MessageIcon::Critical, lexmill::platform::MessageButtons::Ok);
+  }
+}
+
+lexmill::platform::Form& OpenWindow() {
+  lexmill::modMain::Main();
+  return lexmill::frmMain::Instance().Window;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (!lexmill::platform::qt::IsScreenThere()) {
+    std::cerr << "lexmill: no display; lexmill-run carries a run without one\n";
+    return 1;
+  }
+  lexmill::platform::qt::Screen screen(argc, argv);
+  lexmill::platform::ReadPlatformSettings();
+  EnterProgramFolder();
+  return screen.Run(OpenWindow, TellReadOnlyFolder);
+}
