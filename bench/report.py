@@ -1,0 +1,123 @@
+"""Turns measurements into the tables of docs/performance.md."""
+import math
+import os
+import pathlib
+import platform
+import subprocess
+
+import contenders as names
+
+MEGABYTE = 1e6
+
+
+def machine():
+    """The machine in a few words, and how busy it was."""
+    model = platform.processor()
+    for line in pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8").splitlines():
+        if line.startswith("model name"):
+            model = line.split(":", 1)[1].strip()
+            break
+    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 1e9
+    compiler = subprocess.run(["c++", "--version"], capture_output=True, text=True, check=True)
+    return (f"{os.cpu_count()} cores of {model}, {memory:.0f} GB, {platform.system()} "
+            f"{platform.release()}, {compiler.stdout.splitlines()[0]}; load average before the "
+            f"measurements {os.getloadavg()[0]:.1f}")
+
+
+def grouped(number):
+    return f"{number:,}"
+
+
+def table(head, rows):
+    lines = ["| " + " | ".join(head) + " |", "|" + "---|" * len(head)]
+    return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows])
+
+
+def peak(figures):
+    return max(figures["peaks"].values())
+
+
+def peaks_text(figures):
+    """The peaks of every program, the largest first."""
+    ordered = sorted(figures["peaks"].items(), key=lambda item: -item[1])
+    return ", ".join(f"{name} {size / MEGABYTE:.1f}" for name, size in ordered if name != "sh")
+
+
+def exponent(small, large, ratio):
+    return math.log(large / small) / math.log(ratio)
+
+
+def runs_table(results):
+    """results: {reference entries: {contender: figures}}."""
+    rows = []
+    for entries, figures in results.items():
+        plain = figures[names.PLAIN_GLOSSARY]["seconds"]
+        for name, figure in figures.items():
+            rows.append([grouped(entries), name, f"{figure['seconds']:.3f}", f"{figure['cpu']:.3f}",
+                         f"{figure['seconds'] / plain:.2f}", peaks_text(figure)])
+    return table(["Entries", "What", "Seconds", "CPU seconds", "Of the plain shell", "Peak MB"],
+                 rows)
+
+
+def growth_table(results, small, large):
+    rows = []
+    for name, figure in results[large].items():
+        before = results[small][name]
+        rows.append([name,
+                     f"{exponent(before['seconds'], figure['seconds'], large / small):.2f}",
+                     f"{exponent(before['cpu'], figure['cpu'], large / small):.2f}",
+                     f"{exponent(peak(before), peak(figure), large / small):.2f}"])
+    return table(["What", "Time", "CPU time", "Memory"], rows)
+
+
+class Goals:
+    """Rows of what is aimed at, what is measured, and whether it is met."""
+
+    def __init__(self):
+        self.rows = []
+
+    def ratio(self, what, figures, name, other, most):
+        wall = figures[name]["seconds"] / figures[other]["seconds"]
+        cpu = figures[name]["cpu"] / figures[other]["cpu"]
+        self.add(what, f"{most:.2f}", f"{wall:.2f} (CPU {cpu:.2f})", wall <= most)
+
+    def most(self, what, value, most, unit=""):
+        self.add(what, f"{most}{unit}", f"{value:.2f}{unit}", value <= most)
+
+    def add(self, what, goal, measured, met):
+        self.rows.append([what, "at most " + goal, measured, "yes" if met else "**no**"])
+
+    def table(self):
+        return table(["What", "Goal", "Measured", "Met"], self.rows)
+
+
+def goals_table(results, many_hits, square_peak):
+    goals = Goals()
+    for entries in [entries for entries in results if entries >= 300_000]:
+        at = f", {grouped(entries)} entries"
+        figures = results[entries]
+        goals.ratio("whole run, two glossaries, of the plain shell" + at, figures,
+                    names.GLOSSARY_RUN, names.PLAIN_GLOSSARY, 0.30)
+        goals.ratio("its `sqlite` steps, of the plain shell" + at, figures,
+                    names.GLOSSARY_STEPS, names.PLAIN_GLOSSARY, 0.20)
+        goals.ratio("with a purified database, of the whole run" + at, figures,
+                    names.PURIFIED_RUN, names.GLOSSARY_RUN, 0.30)
+        goals.ratio("untranslated text, of the plain shell" + at, figures,
+                    names.TEXT_RUN, names.PLAIN_TEXT, 0.40)
+    small, large = 100_000, max(results)
+    if large >= 1_000_000:
+        run, before = results[large][names.GLOSSARY_RUN], results[small][names.GLOSSARY_RUN]
+        goals.ratio("whole run, of msgmerge, 1,000,000 entries", results[large],
+                    names.GLOSSARY_RUN, names.MSGMERGE, 0.20)
+        runs = [names.GLOSSARY_RUN, names.PURIFIED_RUN, names.TEXT_RUN]
+        largest = max(peak(results[large][name]) for name in runs)
+        goals.most("peak of any process, 1,000,000 x 100,000", largest / MEGABYTE, 32, " MB")
+        goals.most("growth of time from 100,000 to 1,000,000",
+                   exponent(before["seconds"], run["seconds"], large / small), 1.05)
+        goals.most("growth of memory from 100,000 to 1,000,000",
+                   exponent(peak(before), peak(run), large / small), 0.1)
+    if square_peak:
+        goals.most("peak of any process, 1,000,000 x 1,000,000", square_peak / MEGABYTE, 64, " MB")
+    goals.ratio("100,000 untranslated strings that nearly all match, of the plain shell",
+                many_hits, names.GLOSSARY_RUN, names.PLAIN_GLOSSARY, 0.35)
+    return goals.table()

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// bench: what the stages consist of: scanner, rule chains, script writing.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "bench/dictionary_files.h"
+#include "bench/parts_data.h"
+#include "glossary/record_scanner.h"
+#include "glossary/text_rules.h"
+#include "glossary/working_scripts.h"
+#include "platform/file_system.h"
+#include "platform/regular_expression.h"
+
+namespace lexmill::bench {
+namespace {
+
+constexpr auto kEntries = static_cast<std::int64_t>(kPartEntries);
+
+/// The options of the full preset.
+OptionSet FullOptions() {
+  OptionSet options;
+  for (bool OptionSet::*const wanted :
+       {&OptionSet::chkaMTab, &OptionSet::chkaAndX, &OptionSet::chkrAndXEER,
+        &OptionSet::chkaLTrimSpace, &OptionSet::chkaRTrimSpace, &OptionSet::chkaBanMaoHao,
+        &OptionSet::chkaBanSenHao, &OptionSet::chkrQuanMaoHao, &OptionSet::chkrQuanSenHao}) {
+    options.*wanted = true;
+  }
+  options.txtrAndXBK1 = uR"([\(\[])";
+  options.txtrAndXBK2 = uR"([\)\]])";
+  options.txttAndXBK1 = u"(";
+  options.txttAndXBK2 = u")";
+  options.txtLenLimit = 500;
+  return options;
+}
+
+void Scanner(benchmark::State& state) {
+  WriteDictionaries(PartFolder(), {.reference = kPartEntries, .untranslated = 1});
+  RecordScanner scanner;
+  std::size_t length = 0;
+  const auto connection = scanner.Connect([] {}, [&] { length += scanner.Field(2).size(); }, [] {});
+  for ([[maybe_unused]] auto round : state) {
+    scanner.FieldSeparator(u"\t");
+    scanner.ScanFile(PartFolder() + u"ref.glo");
+    scanner.ScanAction(RecordScanner::kRun);
+  }
+  benchmark::DoNotOptimize(length);
+  state.SetItemsProcessed(state.iterations() * kEntries);
+}
+
+void ReferenceRuleChain(benchmark::State& state) {
+  const OptionSet options = FullOptions();
+  platform::RegExp expression;
+  ReferenceRules rules(options, expression);
+  for ([[maybe_unused]] auto round : state) {
+    for (const auto& entry : PartReferences()) {
+      benchmark::DoNotOptimize(rules.PurifyReference(entry.source, entry.target));
+    }
+  }
+  state.SetItemsProcessed(state.iterations() * kEntries);
+}
+
+void UntranslatedRuleChain(benchmark::State& state) {
+  const OptionSet options = FullOptions();
+  platform::RegExp expression;
+  UntranslatedRules rules(options, expression);
+  for ([[maybe_unused]] auto round : state) {
+    for (const auto& entry : PartUntranslated()) {
+      benchmark::DoNotOptimize(rules.DecomposeUntranslated(entry.source, entry.target));
+    }
+  }
+  state.SetItemsProcessed(state.iterations() * kEntries);
+}
+
+void ScriptWriting(benchmark::State& state) {
+  std::u16string statement;
+  for ([[maybe_unused]] auto round : state) {
+    auto script = platform::FileSystemObject().CreateTextFile(PartFolder() + u"r.sql", true);
+    for (const auto& entry : PartReferences()) {
+      SetRowOfR(statement, entry.source, entry.target);
+      script.WriteLine(statement);
+    }
+    script.Close();
+  }
+  state.SetItemsProcessed(state.iterations() * kEntries);
+}
+
+BENCHMARK(Scanner);
+BENCHMARK(ReferenceRuleChain);
+BENCHMARK(UntranslatedRuleChain);
+BENCHMARK(ScriptWriting);
+
+}  // namespace
+}  // namespace lexmill::bench
