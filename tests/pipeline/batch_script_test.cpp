@@ -19,9 +19,9 @@ using test::Readable;
 class BatchScript : public testing::Test {
  protected:
   BatchScript() {
-    platform::OverrideClock({.tickCount = {},
-                             .dayAndHour = u"1714",
-                             .random = [this] { return ++drawn_ / 1048576.0; }});
+    platform::OverrideClock({.tickCount = {}, .dayAndHour = u"1714", .random = [this] {
+                               return ++drawn_ / 1048576.0;
+                             }});
     world_.window.cboRefer.Text(u"/dict/ref.glo");
   }
   ~BatchScript() override { platform::OverrideClock({}); }
@@ -82,11 +82,11 @@ TEST_F(BatchScript, SavesThePurifiedDatabaseBeforeTheUntranslatedScript) {
 TEST_F(BatchScript, StartsFromACopyOfAPurifiedDatabaseAndSavesNone) {
   RunOptions().chkSaveRefDB = true;
   TheRun().RefDbPath = u"/dict/我的 字典.db";
-  EXPECT_TRUE(GlossaryScript().starts_with(
-      "@echo off\n"
-      "echo rad00002.sql\n"
-      "copy \"/dict/我的 字典.db\" rad00001.db>nul\n"
-      "echo rad00003.sql\n"));
+  EXPECT_TRUE(
+      GlossaryScript().starts_with("@echo off\n"
+                                   "echo rad00002.sql\n"
+                                   "copy \"/dict/我的 字典.db\" rad00001.db>nul\n"
+                                   "echo rad00003.sql\n"));
 }
 
 TEST_F(BatchScript, WritesTwoScriptsForAText) {
@@ -120,9 +120,9 @@ TEST_F(BatchScript, MakesUpTheSavedNameFromTheReference) {
   struct Case {
     std::u16string chosen, reference, saved;
   };
-  for (const auto& row : {Case{u"", u"/dict/ref.glo", u"/dict/ref_1714.db"},
-                          Case{u"", u"/dict.old/ref", u"/dict_1714.db"},
-                          Case{u"mine", u"/dict/ref.glo", u"mine"}}) {
+  for (const auto& row :
+       {Case{u"", u"/dict/ref.glo", u"/dict/ref_1714.db"},
+        Case{u"", u"/dict.old/ref", u"/dict_1714.db"}, Case{u"mine", u"/dict/ref.glo", u"mine"}}) {
     RunOptions().txtSaveRefDB = row.chosen;
     world_.window.cboRefer.Text(row.reference);
     EXPECT_EQ(Readable(SavedDatabasePath()), Readable(row.saved));
@@ -144,8 +144,7 @@ TEST_F(BatchScript, ShowsAPathThatCannotBeCarriedAndLeavesTheLinesBeforeIt) {
     RunOptions().chkSaveRefDB = true;
     RunOptions().txtSaveRefDB = row.saved;
     world_.window.cboRefer.Text(row.reference);
-    EXPECT_EQ(GlossaryScript(),
-              "@echo off\necho rad00002.sql\nsqlite rad00001.db<rad00002.sql\n");
+    EXPECT_EQ(GlossaryScript(), "@echo off\necho rad00002.sql\nsqlite rad00001.db<rad00002.sql\n");
     ASSERT_EQ(world_.session.messages.size(), 1U);
     EXPECT_EQ(Readable(world_.session.messages[0].text), row.message);
   }

@@ -41,7 +41,9 @@ class RunWithoutPrograms : public testing::Test {
     }
     return all;
   }
-  std::string Row(std::int16_t i) const { return test::Readable(world_.window.lblState(i).Caption()); }
+  std::string Row(std::int16_t i) const {
+    return test::Readable(world_.window.lblState(i).Caption());
+  }
 
   test::HeadlessWindow world_;
   int drawn_ = 0;
@@ -75,8 +77,9 @@ TEST_F(RunWithoutPrograms, ShowsAMissingListingAndKeepsTheTemporaryFiles) {
   EXPECT_EQ(Messages(),
             "错误:53 Class Module 'clsLexUPB3' -> 'DoItNow'\n"
             "错误:53 Class Module 'clsLexGenOO' -> 'Start'\n");
-  EXPECT_EQ(world_.folder.Listing(),
-            "rad00002.sql rad00003.sql rad00004.sql rad00005.sql rad00008.bat rad00009.bat ref todo");
+  EXPECT_EQ(
+      world_.folder.Listing(),
+      "rad00002.sql rad00003.sql rad00004.sql rad00005.sql rad00008.bat rad00009.bat ref todo");
 }
 
 }  // namespace

@@ -47,7 +47,8 @@ TEST(LineListing, LeavesOneEmptyLineForAnEmptyListingAndNothingForAMissingOne) {
 TEST(LineListing, GrowsStarsFromOneToSixAndEndsWithItsTime) {
   test::HeadlessWindow world;
   std::int32_t now = 0;
-  platform::OverrideClock({.tickCount = [&] { return now += 501; }, .dayAndHour = {}, .random = {}});
+  platform::OverrideClock(
+      {.tickCount = [&] { return now += 501; }, .dayAndHour = {}, .random = {}});
   std::string shown;
   world.session.onDoEvents = [&] {
     shown += test::Readable(world.window.lblState(3).Caption()) + " ";

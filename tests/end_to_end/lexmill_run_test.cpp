@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// The program lexmill-run, called as a user calls it.
+#include <fcntl.h>
+
+#include <optional>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/host_file.h"
+#include "platform/host_path.h"
+#include "platform/program_start.h"
+#include "tests/support/files.h"
+
+namespace lexmill::test {
+namespace {
+
+class LexmillRun : public testing::Test {
+ protected:
+  LexmillRun() {
+    // A copy, since the program takes the folder that it lies in for its own.
+    for (const auto* program : {"lexmill-run", "batch", "sqlite"}) {
+      std::filesystem::copy(std::filesystem::path(LEXMILL_PROGRAMS) / program, programs_.Path());
+    }
+    WriteBytes(folder_.File("todo"), Ansi("9 1\t4 2\n&Open\t&Open\n"));
+    WriteBytes(folder_.File("refer"), Ansi("Open\t打开\n"));
+  }
+
+  // Runs the program in the dictionaries' folder. @return its exit code
+  int Run(const std::vector<std::u16string>& arguments) {
+    const HostFileAt out(folder_.File("stdout"));
+    const HostFileAt error(folder_.File("stderr"));
+    platform::ProgramStart start;
+    start.words = {programs_.File("lexmill-run")};
+    start.words.insert(start.words.end(), arguments.begin(), arguments.end());
+    start.directory = platform::FromHostPath(folder_.Path().string());
+    start.standardOutput = &out.file;
+    start.standardError = &error.file;
+    return platform::RunProgram(start).value_or(-1);
+  }
+  std::string Output() const { return ReadBytes(folder_.File("stdout")); }
+  std::string Errors() const { return ReadBytes(folder_.File("stderr")); }
+
+  struct HostFileAt {
+    explicit HostFileAt(std::u16string_view path)
+        : file(platform::HostFile::Open(platform::ToHostPath(path), O_WRONLY | O_CREAT | O_TRUNC)) {
+    }
+    platform::HostFile file;
+  };
+
+  TemporaryFolder programs_;
+  TemporaryFolder folder_;
+};
+
+TEST_F(LexmillRun, CarriesARunAndPrintsTheRows) {
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--preset", u"full"}), 0) << Errors();
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "9 1\t4 2\n&Open\t打开(&O)\n");
+  EXPECT_TRUE(Output().starts_with("参照字典净化: 时间: ")) << Output();
+  EXPECT_EQ(Errors(), "");
+  // No settings are kept and no temporary file is left.
+  EXPECT_EQ(programs_.Listing(), "POLOLID.ini batch lexmill-run sqlite");
+}
+
+TEST_F(LexmillRun, TakesOptionsInTheOrderSettingsPresetSingleOnes) {
+  WriteBytes(folder_.File("my.ini"),
+             "[LexmillCustomSetting]\r\nchkaUpperCase=1\r\ntxttAndXBK1=<\r\ntxttAndXBK2=>\r\n");
+  WriteBytes(folder_.File("todo"), Ansi("&OPEN\t&OPEN\n"));
+  EXPECT_EQ(Run({u"--settings", u"my.ini", u"todo", u"refer", u"final"}), 0) << Errors();
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "&OPEN\t打开<&O>\n");
+  EXPECT_EQ(Run({u"--settings", u"my.ini", u"todo", u"refer", u"final", u"--preset", u"full"}), 0);
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "");
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkaUpperCase=1", u"--set",
+                 u"chkNotAddANDX=1"}),
+            0);
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "&OPEN\t打开\n");
+}
+
+TEST_F(LexmillRun, RefusesWrongArguments) {
+  for (const auto& arguments : std::vector<std::vector<std::u16string>>{
+           {},
+           {u"todo", u"refer"},
+           {u"todo", u"refer", u"final", u"more"},
+           {u"todo", u"refer", u"final", u"--preset", u"maximal"},
+           {u"todo", u"refer", u"final", u"--preset"},
+           {u"todo", u"refer", u"final", u"--what"},
+           {u"todo", u"refer", u"final", u"--set", u"chkaUpperCase"},
+           {u"todo", u"refer", u"final", u"--set", u"chkaUpperCase=2"},
+           {u"todo", u"refer", u"final", u"--set", u"cboToDo=x"},
+           {u"todo", u"refer", u"final", u"--set", u"chkAdvMode=1"}}) {
+    EXPECT_EQ(Run(arguments), 2);
+    EXPECT_TRUE(Errors().starts_with("lexmill-run: ")) << Errors();
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "final"));
+  }
+}
+
+TEST_F(LexmillRun, TellsWhatFails) {
+  EXPECT_EQ(Run({u"missing", u"refer", u"final"}), 1);
+  EXPECT_NE(Errors().find("错误:1"), std::string::npos) << Errors();
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "final"));
+
+  WriteBytes(folder_.File("empty"), "");
+  EXPECT_EQ(Run({u"empty", u"refer", u"final"}), 1);
+  EXPECT_NE(Errors().find("错误:62"), std::string::npos) << Errors();
+
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"txtrAndXBK1=("}), 0);
+  WriteBytes(folder_.File("refer"), Ansi("Open\t打开(&O)\n"));
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"txtrAndXBK1=("}), 1);
+  EXPECT_NE(Errors().find("错误:5020"), std::string::npos) << Errors();
+}
+
+TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
+  const OrdinaryUser user;
+  TemporaryFolder locked;
+  WriteBytes(locked.File("final"), "old");
+  std::filesystem::permissions(locked.Path() / "final", std::filesystem::perms::owner_read);
+  EXPECT_EQ(Run({u"todo", u"refer", locked.File("final")}), 1);
+  EXPECT_NE(Errors().find("错误:70"), std::string::npos) << Errors();
+  EXPECT_EQ(ReadBytes(locked.File("final")), "old");
+}
+
+TEST_F(LexmillRun, TellsThatTheShellIsMissingAndGoesOn) {
+  std::filesystem::remove(programs_.Path() / "sqlite");
+  EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
+  EXPECT_EQ(Errors(), "lexmill-run: the program 'sqlite' is missing\n");
+  EXPECT_EQ(ReadBytes(folder_.File("final")), "9 1\t4 2\r\n");
+}
+
+}  // namespace
+}  // namespace lexmill::test

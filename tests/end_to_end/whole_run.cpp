@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "tests/end_to_end/whole_run.h"
+
+#include "platform/application.h"
+#include "tests/support/readable_text.h"
+
+namespace lexmill::test {
+
+WholeRun::WholeRun() {
+  for (const auto* program : {"batch", "sqlite"}) {
+    std::filesystem::create_symlink(std::filesystem::path(LEXMILL_PROGRAMS) / program,
+                                    world_.folder.Path() / program);
+  }
+  platform::SetApplicationFolder(platform::FromUtf8(world_.folder.Path().string()));
+  world_.window.Show();
+  world_.window.CfgLoadMaxToCtrl();
+}
+
+WholeRun::~WholeRun() {
+  for (const auto& message : world_.session.messages) {
+    ADD_FAILURE() << "a message that the test did not expect: " << Readable(message.text);
+  }
+}
+
+void WholeRun::Press(std::string_view toDo, std::string_view refer, std::string_view result) {
+  world_.window.cboToDo.Text(Dictionary(toDo));
+  world_.window.cboRefer.Text(Dictionary(refer));
+  world_.window.cboFinal.Text(Dictionary(result));
+  world_.window.cmdStart.UserClicks();
+}
+
+std::string WholeRun::ResultOf(std::string_view toDo, std::string_view refer) {
+  WriteBytes(Dictionary("todo"), Ansi(toDo));
+  WriteBytes(Dictionary("refer"), Ansi(refer));
+  Press("todo", "refer", "final");
+  return FromAnsiBytes(ReadBytes(Dictionary("final")));
+}
+
+void WholeRun::ExpectNoTemporaryFiles() const {
+  std::string expected;
+  for (const auto* name : {"Lexmill.ini", "POLOLID.ini", "batch", "sqlite"}) {
+    if (std::filesystem::exists(world_.folder.Path() / name)) {
+      expected += (expected.empty() ? "" : " ") + std::string(name);
+    }
+  }
+  EXPECT_EQ(world_.folder.Listing(), expected);
+}
+
+}  // namespace lexmill::test
