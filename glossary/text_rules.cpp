@@ -54,6 +54,14 @@ bool Holds(std::u16string_view text, std::u16string_view mark) {
   return found != 0 && platform::Contains(text, mark);
 }
 
+/// The first unit of `text`, or the first two if they make up one character: half of it could be
+/// written to no file.
+std::u16string_view FirstCharacter(std::u16string_view text) {
+  const bool isPair =
+      text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
+  return text.substr(0, isPair ? 2 : 1);
+}
+
 bool IsTooLong(std::u16string_view source, const OptionSet& options) {
   return std::cmp_greater(source.size(), options.txtLenLimit);
 }
@@ -196,7 +204,10 @@ std::u16string_view UntranslatedRules::SetHotKeyAside(Work& work) {
   work.mainEnd = text_.size();
   work.text = text_.append(tail);
   hotKey_.assign(options_.txttAndXBK1).append(1, u'&');
-  hotKey_.append(1, platform::UpperCase(groups[2].front())).append(options_.txttAndXBK2);
+  for (const char16_t unit : FirstCharacter(groups[2])) {
+    hotKey_.append(1, platform::UpperCase(unit));
+  }
+  hotKey_.append(options_.txttAndXBK2);
   return hotKey_;
 }
 

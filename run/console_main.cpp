@@ -2,12 +2,14 @@
 // lexmill-run: one run of the window without a screen.
 #include <unistd.h>
 
+#include <csignal>
 #include <iostream>
 #include <string>
 #include <variant>
 
 #include "platform/application.h"
 #include "platform/headless/headless.h"
+#include "platform/process.h"
 #include "platform/profile_file.h"
 #include "platform/program_start.h"
 #include "platform/text.h"
@@ -38,12 +40,35 @@ bool TellMissingPrograms() {
   return all;
 }
 
+volatile std::sig_atomic_t endingSignal = 0;
+
+// The children have a process group of their own, which no key on the terminal reaches.
+void EndIfAsked() {
+  if (endingSignal != 0) {
+    lexmill::platform::EndChildProcesses();
+    std::signal(endingSignal, SIG_DFL);
+    std::raise(endingSignal);
+  }
+}
+
+void EndChildrenWithUs() {
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    std::signal(number, [](int received) { endingSignal = received; });
+  }
+  lexmill::platform::SetWaiting(EndIfAsked);
+}
+
 // Shows the moving percentages where somebody watches.
-void ShowProgressOnTerminal(lexmill::platform::headless::Session& session) {
+void ShowProgress() {
+  EndIfAsked();
   if (isatty(STDERR_FILENO) != 0) {
-    session.onDoEvents = [] {
-      std::cerr << "\r\033[K" << lexmill::CurrentProgress() << std::flush;
-    };
+    std::cerr << "\r\033[K" << lexmill::CurrentProgress() << std::flush;
+  }
+}
+
+void ClearProgress() {
+  if (isatty(STDERR_FILENO) != 0) {
+    std::cerr << "\r\033[K";
   }
 }
 
@@ -56,11 +81,10 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
     return RefuseArguments(wrong);
   }
   const bool programsThere = TellMissingPrograms();
-  ShowProgressOnTerminal(session);
+  EndChildrenWithUs();
+  session.onDoEvents = ShowProgress;
   lexmill::PressStart(arguments);
-  if (session.onDoEvents) {
-    std::cerr << "\r\033[K";
-  }
+  ClearProgress();
   std::cout << lexmill::ProgressRows();
   return programsThere && session.messages.empty() ? 0 : kFailed;
 }

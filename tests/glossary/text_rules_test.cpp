@@ -265,6 +265,7 @@ TEST(UntranslatedRules, SetEachDecorationAside) {
       {"all in upper case", upper, uR"(  &Open...\tCtrl+O)", R"([  ][OPEN][(&O)][...\tCtrl+O])"},
       {"tail from left to right", All(), uR"(Open:  \tCtrl+O)", R"([][Open][][:  \tCtrl+O])"},
       {"hot key in upper case", All(), u"&open", "[][open][(&O)][]"},
+      {"hot key of two units", All(), u"a&😀b", "[][a😀b][(&😀)][]"},
       {"hot key of its own case", All(), u"打&开", "[][打开][(&开)][]"},
       {"upper case of the main text only", upper, u"é&x: ", "[][ÉX][(&X)][: ]"},
       {"brackets as they stand", otherBrackets, u"&a", R"([][a][ $1[&A]\][])"},
