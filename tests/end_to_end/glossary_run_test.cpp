@@ -24,7 +24,7 @@ TEST_F(GlossaryRun, DressesTheTranslationLikeTheString) {
                      kReference),
             "9 1\t4 2\n"
             "  &Open...\\tCtrl+O\t  打开(&O)...\\tCtrl+O\n"
-            "Save &As:\tSave &As:\n");
+            "Save &As:\t另存为(&A):\n");
   ExpectNoTemporaryFiles();
 }
 

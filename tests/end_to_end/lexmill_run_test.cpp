@@ -48,6 +48,7 @@ class LexmillRun : public testing::Test {
     platform::HostFile file;
   };
 
+  OrdinaryUser user_;
   TemporaryFolder programs_;
   TemporaryFolder folder_;
 };
@@ -109,13 +110,11 @@ TEST_F(LexmillRun, TellsWhatFails) {
 }
 
 TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
-  const OrdinaryUser user;
-  TemporaryFolder locked;
-  WriteBytes(locked.File("final"), "old");
-  std::filesystem::permissions(locked.Path() / "final", std::filesystem::perms::owner_read);
-  EXPECT_EQ(Run({u"todo", u"refer", locked.File("final")}), 1);
+  WriteBytes(folder_.File("final"), "old");
+  std::filesystem::permissions(folder_.Path() / "final", std::filesystem::perms::owner_read);
+  EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
   EXPECT_NE(Errors().find("错误:70"), std::string::npos) << Errors();
-  EXPECT_EQ(ReadBytes(locked.File("final")), "old");
+  EXPECT_EQ(ReadBytes(folder_.File("final")), "old");
 }
 
 TEST_F(LexmillRun, TellsThatTheShellIsMissingAndGoesOn) {
