@@ -7,10 +7,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/ansi_text.h"
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/hash_chains.h"
+#include "platform/sqlite/packed_rows.h"
 #include "platform/sqlite/plain_listing.h"
 #include "platform/sqlite/table_cursor.h"
 #include "platform/sqlite/untranslated_rows.h"
@@ -47,15 +49,6 @@ std::optional<Side<Count>> FindSide(Database& database, std::string_view name,
   return result;
 }
 
-std::uint32_t HashOfRow(const FiveValues& values) {
-  constexpr std::uint32_t kFactor = 0x9E3779B1;
-  std::uint32_t hash = 0;
-  for (const Value& value : values) {
-    hash = hash * kFactor + (value ? HashOf(*value) : 1);
-  }
-  return hash;
-}
-
 void CheckLength(const FiveValues& values) {
   std::size_t length = 0;
   for (const Value& value : values) {
@@ -66,15 +59,15 @@ void CheckLength(const FiveValues& values) {
   }
 }
 
-/// The join at work. Its memory is bounded by a few bytes for each row of `S` and of the result;
-/// texts of earlier rows are read again when they have to be compared.
+/// The join at work. Since no two rows of `S` are equal but for their keys, a row of the result
+/// comes up again only when `R` has a key with the same translation again. Memory is bounded by a
+/// few bytes for each row of `S` and for each translation of its keys.
 class Lookup {
  public:
-  Lookup(Database& database, const Side<2>& reference, const Side<5>& untranslated,
-         RowOutput& output)
-      : untranslated_(database, *untranslated.table, untranslated.columns),
-        untranslatedCursor_(database, *untranslated.table),
-        earlierUntranslated_(database, *untranslated.table),
+  Lookup(const UntranslatedRows& untranslated, TableCursor untranslatedCursor, Database& database,
+         const Side<2>& reference, RowOutput& output)
+      : untranslated_(untranslated),
+        untranslatedCursor_(std::move(untranslatedCursor)),
         referenceCursor_(database, *reference.table),
         earlierReference_(database, *reference.table),
         keyColumn_(reference.columns[0]),
@@ -96,61 +89,84 @@ class Lookup {
   }
 
  private:
-  /// Where a row of the result came from.
-  struct Origin {
-    std::uint32_t untranslated;
+  /// A key, told by its first row of `S`, with a translation.
+  struct Pair {
+    std::uint32_t firstRow;
     RowId reference;
+    std::uint32_t place;  ///< of the translation among the packed ones
   };
 
   /// Prints the rows that the current row of `R` gives under `key`.
   void PrintMatches(std::string_view key) {
     const HashChains& byKey = untranslated_.ByKey();
-    for (std::uint32_t number = byKey.First(HashOf(key)); number != HashChains::kNone;
-         number = byKey.Next(number)) {
+    std::uint32_t number = byKey.First(HashOf(key));
+    while (number != HashChains::kNone && KeyOf(number) != key) {
+      number = byKey.Next(number);
+    }
+    if (number == HashChains::kNone) {
+      return;
+    }
+    const Value translation = referenceCursor_.Column(translationColumn_);
+    if (!AddPair(number, translation)) {
+      return;
+    }
+    for (; number != HashChains::kNone; number = byKey.Next(number)) {
       FiveValues values = untranslated_.Values(number, untranslatedCursor_);
       if (values[kMiddle] == key) {
-        values[kMiddle] = referenceCursor_.Column(translationColumn_);
-        PrintIfNew(values, {number, referenceCursor_.CurrentRowId()});
+        values[kMiddle] = translation;
+        CheckLength(values);
+        output_.Print(kNames, values);
       }
     }
   }
 
-  void PrintIfNew(const FiveValues& values, Origin origin) {
-    CheckLength(values);
-    const std::uint32_t hash = HashOfRow(values);
-    for (std::uint32_t number = printed_.First(hash); number != HashChains::kNone;
-         number = printed_.Next(number)) {
-      if (EarlierRow(origins_[number]) == values) {
-        return;
-      }
-    }
-    printed_.Add(hash);
-    origins_.push_back(origin);
-    output_.Print(kNames, values);
+  Value KeyOf(std::uint32_t number) {
+    return untranslated_.Values(number, untranslatedCursor_)[kMiddle];
   }
 
-  /// A row that was printed before; good until the next call.
-  FiveValues EarlierRow(Origin origin) {
-    FiveValues values = untranslated_.Values(origin.untranslated, earlierUntranslated_);
-    if (!earlierReference_.Seek(origin.reference)) {
+  /// Keeps the pair of a key and the current row's translation. @return false if it was there
+  /// before
+  bool AddPair(std::uint32_t firstRow, Value translation) {
+    constexpr std::uint32_t kFactor = 0x9E3779B1;
+    const std::uint32_t hash = firstRow * kFactor + (translation ? HashOf(*translation) : 1);
+    for (std::uint32_t number = pairsByHash_.First(hash); number != HashChains::kNone;
+         number = pairsByHash_.Next(number)) {
+      const Pair& pair = pairs_[number];
+      if (pair.firstRow == firstRow && TranslationOf(pair) == translation) {
+        return false;
+      }
+    }
+    pairsByHash_.Add(hash);
+    pairs_.push_back(
+        {firstRow, referenceCursor_.CurrentRowId(), translations_.Add({&translation, 1})});
+    return true;
+  }
+
+  /// The translation of an earlier row; good until the next call.
+  Value TranslationOf(const Pair& pair) {
+    Value translation;
+    if (pair.place != PackedRows::kNoPlace) {
+      translations_.Read(pair.place, {&translation, 1});
+      return translation;
+    }
+    if (!earlierReference_.Seek(pair.reference)) {
       throw DatabaseError(kMalformed);
     }
-    values[kMiddle] = earlierReference_.Column(translationColumn_);
-    return values;
+    return earlierReference_.Column(translationColumn_);
   }
 
   static inline const std::array<std::string, 5> kNames = {"S.so", "S.sh", "R.r2", "S.sk", "S.st"};
 
-  UntranslatedRows untranslated_;
+  const UntranslatedRows& untranslated_;
   TableCursor untranslatedCursor_;
-  TableCursor earlierUntranslated_;
   TableCursor referenceCursor_;
   TableCursor earlierReference_;
   std::size_t keyColumn_;
   std::size_t translationColumn_;
   RowOutput& output_;
-  HashChains printed_;
-  std::deque<Origin> origins_;
+  HashChains pairsByHash_;
+  std::deque<Pair> pairs_;
+  PackedRows translations_{4};
 };
 
 }  // namespace
@@ -161,7 +177,11 @@ bool PrintDictionaryJoin(Database& database, DictionaryJoin join, RowOutput& row
   if (!reference || !untranslated) {
     return false;
   }
-  Lookup(database, *reference, *untranslated, rows).Run(join);
+  const UntranslatedRows kept(database, *untranslated->table, untranslated->columns);
+  if (kept.HasTwins()) {
+    return false;
+  }
+  Lookup(kept, TableCursor(database, *untranslated->table), database, *reference, rows).Run(join);
   return true;
 }
 

@@ -10,7 +10,8 @@ namespace lexmill::platform::sqlite {
 
 /// Prints the join of tables `R` and `S`: for each row of `R`, in order, the rows of `S` with its
 /// key, in order; of equal rows the first. To be called inside a Statement.
-/// @return false, and nothing is printed, if the tables aren't there or their columns don't suit
+/// @return false, and nothing is printed, if the tables aren't there, their columns don't suit, or
+///   two rows of `S` differ in nothing but their keys, which those of a run never do
 /// @throws DatabaseError kRowTooLong for a row of more than 1,048,562 bytes
 [[nodiscard]] bool PrintDictionaryJoin(Database& database, DictionaryJoin join, RowOutput& rows);
 

@@ -9,7 +9,6 @@ namespace lexmill::platform::sqlite {
 namespace {
 
 constexpr std::size_t kBlockSize = 1024 * 1024;
-constexpr std::size_t kMostBlocks = 12;
 
 /// Before each value stands its length, or this for NULL.
 using Length = std::uint16_t;
@@ -52,7 +51,7 @@ void PackedRows::Read(std::uint32_t place, std::span<Value> values) const {
 /// Room for `size` bytes; null if there is none left.
 char* PackedRows::Reserve(std::size_t size) {
   if (blocks_.empty() || used_ + size > kBlockSize) {
-    if (blocks_.size() == kMostBlocks) {
+    if (blocks_.size() == mostBlocks_) {
       return nullptr;
     }
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlockSize));

@@ -12,10 +12,12 @@
 
 namespace lexmill::platform::sqlite {
 
-/// As many rows as fit into 12 MB, closely packed.
+/// As many rows as fit into a number of megabytes, closely packed.
 class PackedRows {
  public:
   static constexpr std::uint32_t kNoPlace = UINT32_MAX;
+
+  explicit PackedRows(std::size_t megabytes) : mostBlocks_(megabytes) {}
 
   /// Packs a row. @return its place; kNoPlace if it is too long or there is no room left
   [[nodiscard]] std::uint32_t Add(std::span<const Value> values);
@@ -26,6 +28,7 @@ class PackedRows {
  private:
   [[nodiscard]] char* Reserve(std::size_t size);
 
+  std::size_t mostBlocks_;
   std::vector<std::unique_ptr<char[]>> blocks_;
   std::size_t used_ = 0;  ///< bytes of the last block
 };

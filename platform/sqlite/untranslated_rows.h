@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 
 #include "platform/sqlite/database.h"
 #include "platform/sqlite/hash_chains.h"
@@ -20,13 +21,18 @@ using FiveValues = std::array<Value, 5>;
 inline constexpr std::size_t kMiddle = 2;
 
 /// The rows of `S` that have a key, numbered from 0 in the order of the table, and found by the
-/// hash of the key. Those that don't fit into memory are read again whenever they are asked for.
+/// hash of the key; of equal rows the first. Those that don't fit into memory are read again
+/// whenever they are asked for.
 class UntranslatedRows {
  public:
   using Columns = std::array<std::size_t, 5>;
 
   /// Reads the whole table. @param columns  positions of the five columns in it
   UntranslatedRows(Database& database, const Table& table, const Columns& columns);
+
+  /// Whether two rows differ in nothing but their keys. Only such rows can give equal rows of the
+  /// result under different keys.
+  [[nodiscard]] bool HasTwins() const { return hasTwins_; }
 
   /// Row numbers by HashOf(key). The key itself is still to be compared.
   [[nodiscard]] const HashChains& ByKey() const { return byKey_; }
@@ -42,11 +48,15 @@ class UntranslatedRows {
   };
 
   [[nodiscard]] FiveValues ValuesOf(const TableCursor& cursor) const;
+  /// Looks for an earlier row that is equal but for its key. @return its key, none without one
+  [[nodiscard]] std::optional<Value> KeyOfTwin(const FiveValues& values, const HashChains& byRest,
+                                               std::uint32_t hash, TableCursor& cursor) const;
 
   Columns columns_;
+  bool hasTwins_ = false;
   HashChains byKey_;
   std::deque<Source> sources_;
-  PackedRows packed_;
+  PackedRows packed_{12};
 };
 
 }  // namespace lexmill::platform::sqlite
