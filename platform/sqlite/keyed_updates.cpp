@@ -20,12 +20,17 @@ namespace {
 constexpr std::size_t kBuffer = std::size_t{8} * 1024 * 1024;
 constexpr std::size_t kNumberSize = 4;
 
-/// How many pages a row is taken to touch when it is changed where it stands; beyond, a pass over
-/// the whole table costs less.
+/// How many pages it is taken to cost to find a row and to change it where it stands. Where that
+/// makes more than all pages, a pass over the whole trees costs less.
 constexpr std::size_t kPagesPerRow = 8;
 
 std::string_view View(const RowKey& key) {
   return {key.data(), key.size()};
+}
+
+/// The text in the form that index entries begin with.
+std::string_view TextOf(std::string_view entryText) {
+  return entryText.substr(1, entryText.size() - 2);
 }
 
 std::string_view RowKeyOf(CellView cell) {
@@ -62,9 +67,17 @@ void KeyedUpdates::Add(std::string_view key, std::string_view value) {
 bool KeyedUpdates::Apply() {
   updates_.Sort();
   KeySorter changes(pager_.Path(), kBuffer);
-  Match(changes);
+  isComing_ = updates_.Next(coming_);
+  const Index* index = table_.IndexOn(keyColumn_);
+  if (index == nullptr) {
+    MatchWithRows(changes);
+  } else if (AreFew(updates_.Count())) {
+    Search(*index, changes);
+  } else {
+    MatchWithIndex(*index, changes);
+  }
   changes.Sort();
-  if (changes.Count() * kPagesPerRow < pager_.Count()) {
+  if (AreFew(changes.Count())) {
     ChangeRows(changes);
   } else {
     RewriteTable(changes);
@@ -72,20 +85,33 @@ bool KeyedUpdates::Apply() {
   return isAllDone_;
 }
 
-void KeyedUpdates::Match(KeySorter& changes) {
-  if (const Index* index = table_.IndexOn(keyColumn_); index != nullptr) {
-    TreeCursor entries(pager_, index->rootPage);
-    std::string buffer;
-    bool isFirst = true;
-    MatchWith(
-        [&](std::string_view& entry) {
-          const bool isThere = std::exchange(isFirst, false) ? entries.First() : entries.Next();
-          entry = isThere ? entries.Payload(buffer) : std::string_view();
-          return isThere;
-        },
-        changes);
-    return;
+bool KeyedUpdates::AreFew(std::size_t count) const {
+  return count < pager_.Count() / kPagesPerRow;
+}
+
+void KeyedUpdates::Search(const Index& index, KeySorter& changes) {
+  EntryCursor entries(pager_, index.rootPage);
+  while (NextUpdate()) {
+    entries.Seek(TextOf(text_));
+    while (const auto rowId = entries.Next()) {
+      changes.Add({View(ToRowKey(*rowId)), newValue_});
+    }
   }
+}
+
+void KeyedUpdates::MatchWithIndex(const Index& index, KeySorter& changes) {
+  TreeCursor entries(pager_, index.rootPage);
+  std::string buffer;
+  bool isFirst = true;
+  const NextEntry next = [&](std::string_view& entry) {
+    const bool isThere = std::exchange(isFirst, false) ? entries.First() : entries.Next();
+    entry = isThere ? entries.Payload(buffer) : std::string_view();
+    return isThere;
+  };
+  MatchWith(next, changes);
+}
+
+void KeyedUpdates::MatchWithRows(KeySorter& changes) {
   Index index;
   index.columns = {keyColumn_};
   KeySorter entries(pager_.Path(), kBuffer);
@@ -97,7 +123,6 @@ void KeyedUpdates::Match(KeySorter& changes) {
 void KeyedUpdates::MatchWith(const NextEntry& nextEntry, KeySorter& changes) {
   std::string_view entry;
   bool hasEntry = nextEntry(entry);
-  isComing_ = updates_.Next(coming_);
   while (hasEntry && NextUpdate()) {
     while (hasEntry) {
       std::ignore = RowIdOfEntry(entry);

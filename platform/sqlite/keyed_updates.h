@@ -35,7 +35,10 @@ class KeyedUpdates {
  private:
   using NextEntry = std::function<bool(std::string_view& entry)>;
 
-  void Match(KeySorter& changes);
+  [[nodiscard]] bool AreFew(std::size_t count) const;
+  void Search(const Index& index, KeySorter& changes);
+  void MatchWithIndex(const Index& index, KeySorter& changes);
+  void MatchWithRows(KeySorter& changes);
   void MatchWith(const NextEntry& nextEntry, KeySorter& changes);
   [[nodiscard]] bool NextUpdate();
   void ChangeRows(KeySorter& changes);

@@ -9,6 +9,8 @@ namespace lexmill::platform::sqlite {
 namespace {
 
 constexpr RowId kGreatestRowId = std::numeric_limits<RowId>::max();
+/// Cells stand at multiples of 4 bytes.
+constexpr RowPlace kCellPlaces = kPageSize / 4;
 constexpr std::size_t kRowKeySize = RowKey{}.size();
 
 std::string_view View(const RowKey& key) {
@@ -50,6 +52,17 @@ bool RowCursor::Seek(RowId rowId) {
   }
   Load();
   return true;
+}
+
+RowPlace RowCursor::CurrentPlace() const {
+  const PageNumber page = tree_.CurrentPage();
+  const bool isBeyond = page > std::numeric_limits<RowPlace>::max() / kCellPlaces;
+  return isBeyond ? 0 : page * kCellPlaces + static_cast<RowPlace>(tree_.CellOffset() / 4);
+}
+
+void RowCursor::SeekPlace(RowPlace place) {
+  tree_.GoTo(place / kCellPlaces, place % kCellPlaces * std::size_t{4});
+  Load();
 }
 
 void RowCursor::Load() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,9 @@
 #include "platform/sqlite/tree_cursor.h"
 
 namespace lexmill::platform::sqlite {
+
+/// Where a row stands in the file; 0 stands for a place beyond what fits here.
+using RowPlace = std::uint32_t;
 
 /// The rows of a table's tree in the order of their numbers. The tree may be changed meanwhile.
 /// Damage throws kMalformed.
@@ -26,6 +30,11 @@ class RowCursor {
   [[nodiscard]] bool Seek(RowId rowId);
   /// Next begins with the first row again.
   void Rewind() { last_.reset(); }
+
+  [[nodiscard]] RowPlace CurrentPlace() const;
+  /// Goes to the row at a place that CurrentPlace told, not 0; good as long as nothing is changed.
+  /// Only Seek, SeekPlace and Rewind make sense then.
+  void SeekPlace(RowPlace place);
 
   [[nodiscard]] RowId CurrentRowId() const { return *last_; }
   /// The current row. Its texts are good until the cursor moves or the tree changes.

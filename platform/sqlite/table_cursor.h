@@ -28,6 +28,12 @@ class TableCursor {
   /// Next begins with the first row again.
   void Rewind() { rows_.Rewind(); }
 
+  /// Where the current row stands; 0 if that can't be told, and Seek has to do.
+  [[nodiscard]] RowPlace CurrentPlace() const { return rows_.CurrentPlace(); }
+  /// Reads the row at a place again, without a way through the tree. Good as long as the table
+  /// isn't changed; only Seek, SeekPlace and Rewind make sense then.
+  void SeekPlace(RowPlace place) { rows_.SeekPlace(place); }
+
   [[nodiscard]] RowId CurrentRowId() const { return rows_.CurrentRowId(); }
   /// The current row's value. The text lies in a page or a buffer of the cursor: it is good until
   /// the cursor moves or the table changes. NULL for a column that the row doesn't have.

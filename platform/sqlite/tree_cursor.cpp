@@ -32,6 +32,18 @@ bool TreeCursor::SeekAtLeast(std::string_view key) {
   return Top().cell != 0 || Climb();
 }
 
+void TreeCursor::GoTo(PageNumber page, std::size_t cell) {
+  Restart();
+  Enter(page);
+  Level& level = Top();
+  while (level.cell != cell) {
+    if (level.cell == 0) {
+      throw DatabaseError(kMalformed);
+    }
+    level.cell = Cell().Next();
+  }
+}
+
 bool TreeCursor::Next() {
   if (depth_ == 0) {
     return false;

@@ -23,12 +23,17 @@ class TreeCursor {
   [[nodiscard]] bool First();
   /// Goes to the first entry whose key is not less than `key`. @return false if there is none
   [[nodiscard]] bool SeekAtLeast(std::string_view key);
+  /// Goes to an entry by its page and the offset of its cell. First and SeekAtLeast make sense
+  /// then, Next doesn't.
+  void GoTo(PageNumber page, std::size_t cell);
   /// Goes to the next entry. @return false behind the last
   [[nodiscard]] bool Next();
   /// Whether pages have been changed since the cursor came here: then only First and SeekAtLeast
   /// make sense.
   [[nodiscard]] bool IsStale() const { return changes_ != pager_.Changes(); }
 
+  [[nodiscard]] PageNumber CurrentPage() const { return levels_[depth_ - 1].page.Number(); }
+  [[nodiscard]] std::size_t CellOffset() const { return levels_[depth_ - 1].cell; }
   [[nodiscard]] CellView Cell() const;
   /// Key and data of the entry in one piece: in the page, or put together in `buffer`.
   [[nodiscard]] std::string_view Payload(std::string& buffer) const;

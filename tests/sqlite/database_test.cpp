@@ -102,12 +102,11 @@ INSTANTIATE_TEST_SUITE_P(Files, Fixtures,
                            return name;
                          });
 
-/// Lengths at which the bytes of a row change their form: the payload that fits a cell, the width of
-/// offsets, full overflow pages, keys that reach into overflow pages.
+/// Lengths at which the bytes of a row change their form: the payload that fits a cell, the width
+/// of offsets, full overflow pages, keys that reach into overflow pages.
 constexpr std::array<std::size_t, 33> kLengths = {
-    0,    1,    2,    3,    4,     5,     114,   220,   221,   222,   223,    224,   225,   226,
-    227,  228,  229,  230,  234,   235,   236,   248,   249,   250,   251,    252,   300,   1240,
-    1250, 5000, 65520, 65528, 100000};
+    0,   1,   2,   3,   4,   5,   114, 220, 221, 222, 223,  224,  225,  226,   227,   228,   229,
+    230, 234, 235, 236, 248, 249, 250, 251, 252, 300, 1240, 1250, 5000, 65520, 65528, 100000};
 
 class Lengths : public DatabaseTest {
  protected:
@@ -294,11 +293,11 @@ TEST_F(DatabaseTest, UniqueTextsAreKeptUnique) {
     EXPECT_EQ(ErrorOf([&] { Append(database, "P", {"x", "3"}); }), "column a is not unique");
     const Table& table = *database.FindTable("P");
     Write(database, [&] { database.Update(table, 1, std::array{Value("x"), Value("new")}); });
-    EXPECT_EQ(ErrorOf([&] {
-                Write(database,
-                      [&] { database.Update(table, 1, std::array{Value("y"), Value("4")}); });
-              }),
-              "column a is not unique");
+    EXPECT_EQ(
+        ErrorOf([&] {
+          Write(database, [&] { database.Update(table, 1, std::array{Value("y"), Value("4")}); });
+        }),
+        "column a is not unique");
     EXPECT_EQ(Rows(database, "P"), (Rowset{"x\tnew", "y\t2"}));
   });
 }

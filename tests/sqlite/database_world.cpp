@@ -41,20 +41,28 @@ void DatabaseTest::MakeR(Database& database, bool hasIndex) {
   }
 }
 
+const platform::sqlite::Table& DatabaseTest::TableOf(Database& database, std::string_view name) {
+  const platform::sqlite::Table* table = database.FindTable(name);
+  if (table == nullptr) {
+    throw DatabaseError("no such table: " + std::string(name));
+  }
+  return *table;
+}
+
 void DatabaseTest::Append(Database& database, std::string_view table,
                           std::initializer_list<std::string_view> texts) {
   const std::vector<Value> values(texts.begin(), texts.end());
-  database.Append(*database.FindTable(table), values);
+  database.Append(TableOf(database, table), values);
 }
 
 std::vector<std::string> DatabaseTest::Rows(Database& database, std::string_view table) {
   const Statement frame(database, Statement::Access::Read);
-  const platform::sqlite::Table* found = database.FindTable(table);
+  const platform::sqlite::Table& found = TableOf(database, table);
   std::vector<std::string> rows;
-  TableCursor cursor(database, *found);
+  TableCursor cursor(database, found);
   while (cursor.Next()) {
     std::string& row = rows.emplace_back();
-    for (std::size_t i = 0; i < found->columns.size(); ++i) {
+    for (std::size_t i = 0; i < found.columns.size(); ++i) {
       row += i == 0 ? "" : "\t";
       row += cursor.Column(i).value_or("NULL");
     }

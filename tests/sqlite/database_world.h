@@ -29,6 +29,8 @@ class DatabaseTest : public testing::Test {
   static void Write(platform::sqlite::Database& database, const std::function<void()>& statement);
   /// Makes the table `CREATE TABLE R(r1 TEXT,r2 TEXT)`, with its index irm or without.
   static void MakeR(platform::sqlite::Database& database, bool hasIndex);
+  [[nodiscard]] static const platform::sqlite::Table& TableOf(platform::sqlite::Database& database,
+                                                              std::string_view name);
   static void Append(platform::sqlite::Database& database, std::string_view table,
                      std::initializer_list<std::string_view> texts);
   /// All rows of a table, columns joined by TAB, NULL as "NULL".

@@ -218,8 +218,8 @@ class Checker {
     for (const auto& [rowId, row] : content_.tables[*object.at(2)]) {
       std::string key;
       for (const std::string& name : NamesIn(*object.at(4))) {
-        const FileValue& value = row.at(
-            static_cast<std::size_t>(std::ranges::find(columns, name) - columns.begin()));
+        const FileValue& value =
+            row.at(static_cast<std::size_t>(std::ranges::find(columns, name) - columns.begin()));
         key += value ? "c" + *value : "a";
         key += '\0';
       }
@@ -242,6 +242,8 @@ class Checker {
 
 }  // namespace
 
-FileContent CheckFile(std::string_view bytes) { return Checker(bytes).Run(); }
+FileContent CheckFile(std::string_view bytes) {
+  return Checker(bytes).Run();
+}
 
 }  // namespace lexmill::test
