@@ -30,6 +30,7 @@ std::uint32_t HashChains::FindFrom(std::uint32_t number, std::uint32_t last,
 /// Puts a number at the end of its slot.
 void HashChains::Link(std::uint32_t number) {
   Entry& entry = entries_[number];
+  present_[BitOf(entry.hash)] = true;
   std::uint32_t& last = lastOfSlot_[SlotOf(entry.hash)];
   entry.next = number;
   if (last != kNone) {
@@ -43,6 +44,7 @@ void HashChains::DoubleSlots() {
   const std::size_t count = 2 * lastOfSlot_.size();
   lastOfSlot_ = {};  // the old ones go before the new ones come
   lastOfSlot_.assign(count, kNone);
+  present_.assign(count * kBitsOfSlot, false);
   for (std::uint32_t number = 0; number < entries_.size(); ++number) {
     Link(number);
   }
