@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,9 +32,9 @@ class KeySorter {
   [[nodiscard]] bool Next(std::string_view& key);
 
  private:
-  /// A string in the buffer; most comparisons end at its first bytes.
+  /// A string in the buffer. Comparisons look at eight of its bytes, which stand here.
   struct Entry {
-    std::uint64_t head = 0;  ///< its first eight bytes as a number, zeros behind the end
+    std::uint64_t head = 0;  ///< the bytes as a number, zeros behind the string's end
     std::uint32_t offset = 0;
     std::uint32_t length = 0;
   };
@@ -51,9 +52,10 @@ class KeySorter {
   [[nodiscard]] std::string_view TextOf(const Entry& entry) const {
     return {texts_.data() + entry.offset, entry.length};
   }
-  [[nodiscard]] bool IsLess(const Entry& left, const Entry& right) const;
   [[nodiscard]] static bool IsBehind(const Run* left, const Run* right);
   void SortEntries();
+  void SortBehind(std::span<Entry> entries, std::size_t depth);
+  void SortAlike(std::span<Entry> entries, std::size_t depth);
   void Spill();
   void OpenRuns();
   void Push(Run& run);
