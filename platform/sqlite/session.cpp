@@ -23,12 +23,6 @@ constexpr std::array<std::string_view, 6> kSchemaVerbs = {"BEGIN",    "COMMIT", 
 constexpr std::array<std::string_view, 8> kEngineVerbs = {"SELECT",  "INSERT",  "UPDATE", "DELETE",
                                                           "REPLACE", "EXPLAIN", "PRAGMA", "VACUUM"};
 
-template <std::size_t Count>
-bool IsOneOf(std::string_view word, const std::array<std::string_view, Count>& keywords) {
-  return std::any_of(keywords.begin(), keywords.end(),
-                     [word](std::string_view keyword) { return IsKeyword(word, keyword); });
-}
-
 /// libsqlite3 would look at its own database in place of the file.
 void RefuseCheck(std::string_view pragma) {
   const std::string_view word = LeadingWord(SkipBlanks(pragma));
@@ -116,11 +110,11 @@ void Session::RunStatement(std::string_view text) {
   if (text.empty() || text == ";") {
     return;
   }
-  if (IsOneOf(verb, kSchemaVerbs)) {
+  if (IsKeyword(verb, kSchemaVerbs)) {
     RunSchemaStatement(text);
     return;
   }
-  if (!verb.empty() && !IsOneOf(verb, kEngineVerbs)) {
+  if (!verb.empty() && !IsKeyword(verb, kEngineVerbs)) {
     throw DatabaseError("near \"" + std::string(verb) + "\": syntax error");
   }
   if (IsKeyword(verb, "PRAGMA")) {

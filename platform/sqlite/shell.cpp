@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/shell.h"
 
-#include <algorithm>
 #include <new>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "platform/sqlite/arguments.h"
 #include "platform/sqlite/database.h"
@@ -22,24 +20,14 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 
-/// `text` with the program's own line end behind each of its lines.
-std::string AsLines(std::string_view text) {
-  std::string result;
-  while (!text.empty()) {
-    const std::size_t length = std::min(text.find('\n'), text.size());
-    std::string_view line = text.substr(0, length);
-    text.remove_prefix(std::min(length + 1, text.size()));
-    if (line.ends_with('\r')) {
-      line.remove_suffix(1);
-    }
-    result.append(line).append(kLineEnd);
-  }
-  return result;
-}
-
-/// Writes lines to the error stream. If that fails too, there is nobody left to tell.
 void TellError(std::string_view text, const ShellStreams& streams) {
-  std::ignore = streams.error(AsLines(text));
+  try {
+    OutputBuffer error(streams.error);
+    error.AppendLines(text);
+    error.Flush();
+  } catch (const StreamFailure&) {
+    // There is nobody left to tell.
+  }
 }
 
 /// Thrown when nothing can run: the database can't be opened.
@@ -90,7 +78,7 @@ class Shell {
           break;
         case ScriptBatch::Kind::Incomplete:
           output_.Append("Incomplete SQL: ");
-          output_.Append(AsLines(batch->text));
+          output_.AppendLines(batch->text);
           break;
       }
     }
@@ -117,7 +105,7 @@ class Shell {
     try {
       body();
     } catch (const DatabaseError& failure) {
-      output_.Append(AsLines(text));
+      output_.AppendLines(text);
       output_.Append("SQL error: " + failure.Text());
       output_.EndLine();
     }

@@ -99,4 +99,9 @@ bool IsKeyword(std::string_view word, std::string_view keyword) {
   });
 }
 
+bool IsKeyword(std::string_view word, std::span<const std::string_view> keywords) {
+  return std::ranges::any_of(keywords,
+                             [word](std::string_view keyword) { return IsKeyword(word, keyword); });
+}
+
 }  // namespace lexmill::platform::sqlite

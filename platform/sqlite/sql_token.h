@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 
 namespace lexmill::platform::sqlite {
@@ -44,5 +45,7 @@ struct SqlToken {
 
 /// True if `word` is `keyword`, given in capitals, but for the case of a to z.
 [[nodiscard]] bool IsKeyword(std::string_view word, std::string_view keyword);
+/// True if `word` is one of the keywords, under the same conditions.
+[[nodiscard]] bool IsKeyword(std::string_view word, std::span<const std::string_view> keywords);
 
 }  // namespace lexmill::platform::sqlite

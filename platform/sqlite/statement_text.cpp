@@ -19,12 +19,6 @@ constexpr std::array<std::string_view, 11> kBehindTables = {
 constexpr std::array<std::string_view, 6> kJoinKinds = {"CROSS", "INNER", "LEFT",
                                                         "RIGHT", "FULL",  "OUTER"};
 
-template <std::size_t Count>
-bool IsOneOf(std::string_view word, const std::array<std::string_view, Count>& keywords) {
-  return std::any_of(keywords.begin(), keywords.end(),
-                     [word](std::string_view keyword) { return IsKeyword(word, keyword); });
-}
-
 /// Goes over the tokens of a statement and knows at each whether it stands in a list of tables.
 class JoinFixer {
  public:
@@ -59,14 +53,14 @@ class JoinFixer {
       result_ += kMasterAlias;
     } else if (isInTables_.back() && IsKeyword(word, "INNER")) {
       result_ += "CROSS";
-    } else if (isInTables_.back() && IsKeyword(word, "JOIN") && !IsOneOf(last_, kJoinKinds)) {
+    } else if (isInTables_.back() && IsKeyword(word, "JOIN") && !IsKeyword(last_, kJoinKinds)) {
       result_ += "CROSS JOIN";
     } else {
       result_ += word;
     }
     if (IsKeyword(word, "FROM")) {
       isInTables_.back() = true;
-    } else if (IsOneOf(word, kBehindTables)) {
+    } else if (IsKeyword(word, kBehindTables)) {
       isInTables_.back() = false;
     }
   }

@@ -28,9 +28,7 @@ struct StreamFailure {
   std::string_view text;  ///< what it was
 };
 
-inline constexpr std::string_view kLineEnd = "\r\n";
-
-/// Output that is collected and written in large pieces.
+/// Output that is collected and written in large pieces. Its lines end with CR LF.
 class OutputBuffer {
  public:
   /// @param write  has to outlive this object
@@ -41,11 +39,15 @@ class OutputBuffer {
   /// Ends a line; writes if much has come together.
   /// @throws StreamFailure
   void EndLine() {
-    bytes_.append(kLineEnd);
+    bytes_.append("\r\n");
     if (bytes_.size() >= kCapacity) {
       Flush();
     }
   }
+
+  /// Appends `text` line by line, whatever ends its lines.
+  /// @throws StreamFailure
+  void AppendLines(std::string_view text);
 
   /// Writes what is left.
   /// @throws StreamFailure
