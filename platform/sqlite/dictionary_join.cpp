@@ -12,8 +12,8 @@
 #include "platform/ansi_text.h"
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/hash_chains.h"
-#include "platform/sqlite/packed_rows.h"
 #include "platform/sqlite/plain_listing.h"
+#include "platform/sqlite/row_store.h"
 #include "platform/sqlite/table_cursor.h"
 #include "platform/sqlite/untranslated_rows.h"
 #include "platform/sqlite/upper.h"
@@ -21,6 +21,7 @@
 namespace lexmill::platform::sqlite {
 namespace {
 
+constexpr std::size_t kMegabytes = 4;  // for translations
 constexpr std::size_t kLongestRow = 1048562;
 
 /// A table and the positions of its columns that the join reads.
@@ -72,7 +73,8 @@ class Lookup {
         earlierReference_(database, *reference.table),
         keyColumn_(reference.columns[0]),
         translationColumn_(reference.columns[1]),
-        output_(output) {}
+        output_(output),
+        translations_({&translationColumn_, 1}, kMegabytes) {}
 
   void Run(DictionaryJoin join) {
     std::string upper;
@@ -89,13 +91,6 @@ class Lookup {
   }
 
  private:
-  /// A key, told by its first row of `S`, with a translation.
-  struct Pair {
-    std::uint32_t firstRow;
-    RowId reference;
-    std::uint32_t place;  ///< of the translation among the packed ones
-  };
-
   /// Prints the rows that the current row of `R` gives under `key`.
   void PrintMatches(std::string_view key) {
     const HashChains& byKey = untranslated_.ByKey();
@@ -124,35 +119,28 @@ class Lookup {
     return untranslated_.Values(number, untranslatedCursor_)[kMiddle];
   }
 
-  /// Keeps the pair of a key and the current row's translation. @return false if it was there
-  /// before
-  bool AddPair(std::uint32_t firstRow, Value translation) {
+  /// Keeps the pair of a key, told by its first row of `S`, and the current row's translation.
+  /// @return false if it was there before
+  bool AddPair(std::uint32_t firstRow, const Value& translation) {
     constexpr std::uint32_t kFactor = 0x9E3779B1;
     const std::uint32_t hash = firstRow * kFactor + (translation ? HashOf(*translation) : 1);
-    for (std::uint32_t number = pairsByHash_.First(hash); number != HashChains::kNone;
-         number = pairsByHash_.Next(number)) {
-      const Pair& pair = pairs_[number];
-      if (pair.firstRow == firstRow && TranslationOf(pair) == translation) {
+    for (std::uint32_t pair = pairsByHash_.First(hash); pair != HashChains::kNone;
+         pair = pairsByHash_.Next(pair)) {
+      if (firstRows_[pair] == firstRow && TranslationOf(pair) == translation) {
         return false;
       }
     }
     pairsByHash_.Add(hash);
-    pairs_.push_back(
-        {firstRow, referenceCursor_.CurrentRowId(), translations_.Add({&translation, 1})});
+    firstRows_.push_back(firstRow);
+    translations_.Add(referenceCursor_, {&translation, 1});
     return true;
   }
 
-  /// The translation of an earlier row; good until the next call.
-  Value TranslationOf(const Pair& pair) {
+  /// The translation of an earlier pair; good until the next call.
+  Value TranslationOf(std::uint32_t pair) {
     Value translation;
-    if (pair.place != PackedRows::kNoPlace) {
-      translations_.Read(pair.place, {&translation, 1});
-      return translation;
-    }
-    if (!earlierReference_.Seek(pair.reference)) {
-      throw DatabaseError(kMalformed);
-    }
-    return earlierReference_.Column(translationColumn_);
+    translations_.Read(pair, earlierReference_, {&translation, 1});
+    return translation;
   }
 
   static inline const std::array<std::string, 5> kNames = {"S.so", "S.sh", "R.r2", "S.sk", "S.st"};
@@ -165,8 +153,8 @@ class Lookup {
   std::size_t translationColumn_;
   RowOutput& output_;
   HashChains pairsByHash_;
-  std::deque<Pair> pairs_;
-  PackedRows translations_{4};
+  std::deque<std::uint32_t> firstRows_;  ///< of each pair
+  RowStore translations_;                ///< of each pair
 };
 
 }  // namespace

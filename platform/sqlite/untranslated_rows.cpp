@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/untranslated_rows.h"
 
-#include "platform/sqlite/database_error.h"
-
 namespace lexmill::platform::sqlite {
 namespace {
+
+constexpr std::size_t kMegabytes = 12;
 
 /// The hash of a row's values but for its key.
 std::uint32_t HashOfRest(const FiveValues& values) {
@@ -26,11 +26,12 @@ bool IsRestEqual(const FiveValues& left, FiveValues right) {
 }  // namespace
 
 UntranslatedRows::UntranslatedRows(Database& database, const Table& table, const Columns& columns)
-    : columns_(columns) {
+    : rows_(columns, kMegabytes) {
   HashChains byRest;
   TableCursor earlier(database, table);
   for (TableCursor cursor(database, table); cursor.Next();) {
-    const FiveValues values = ValuesOf(cursor);
+    FiveValues values;
+    rows_.ReadCurrent(cursor, values);
     if (!values[kMiddle]) {
       continue;
     }
@@ -41,7 +42,7 @@ UntranslatedRows::UntranslatedRows(Database& database, const Table& table, const
     }
     byRest.Add(hash);
     byKey_.Add(HashOf(*values[kMiddle]));
-    sources_.push_back({cursor.CurrentRowId(), packed_.Add(values)});
+    rows_.Add(cursor, values);
   }
 }
 
@@ -58,23 +59,8 @@ std::optional<Value> UntranslatedRows::KeyOfTwin(const FiveValues& values, const
 }
 
 FiveValues UntranslatedRows::Values(std::uint32_t number, TableCursor& cursor) const {
-  const Source& source = sources_[number];
-  if (source.place == PackedRows::kNoPlace) {
-    if (!cursor.Seek(source.rowId)) {
-      throw DatabaseError(kMalformed);
-    }
-    return ValuesOf(cursor);
-  }
   FiveValues values;
-  packed_.Read(source.place, values);
-  return values;
-}
-
-FiveValues UntranslatedRows::ValuesOf(const TableCursor& cursor) const {
-  FiveValues values;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    values[i] = cursor.Column(columns_[i]);
-  }
+  rows_.Read(number, cursor, values);
   return values;
 }
 

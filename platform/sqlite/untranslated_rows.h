@@ -5,12 +5,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <optional>
 
 #include "platform/sqlite/database.h"
 #include "platform/sqlite/hash_chains.h"
-#include "platform/sqlite/packed_rows.h"
+#include "platform/sqlite/row_store.h"
 #include "platform/sqlite/table_cursor.h"
 
 namespace lexmill::platform::sqlite {
@@ -42,21 +41,13 @@ class UntranslatedRows {
   [[nodiscard]] FiveValues Values(std::uint32_t number, TableCursor& cursor) const;
 
  private:
-  struct Source {
-    RowId rowId;
-    std::uint32_t place;  ///< among the packed rows
-  };
-
-  [[nodiscard]] FiveValues ValuesOf(const TableCursor& cursor) const;
   /// Looks for an earlier row that is equal but for its key. @return its key, none without one
   [[nodiscard]] std::optional<Value> KeyOfTwin(const FiveValues& values, const HashChains& byRest,
                                                std::uint32_t hash, TableCursor& cursor) const;
 
-  Columns columns_;
   bool hasTwins_ = false;
   HashChains byKey_;
-  std::deque<Source> sources_;
-  PackedRows packed_{12};
+  RowStore rows_;
 };
 
 }  // namespace lexmill::platform::sqlite
