@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/failure.h"
+#include "platform/text.h"
 #include "run/shared/run_state.h"
 
 namespace lexmill {
@@ -80,7 +81,7 @@ void RecordScanner::ReadRecord(platform::TextReader& file) {
   fields_.clear();
   const std::u16string_view record = record_;
   for (std::size_t start = 0; start <= record.size() && FieldCount() < kMostFields;) {
-    const std::size_t end = std::min(record.find(separator_, start), record.size());
+    const std::size_t end = platform::Find(record, separator_, start);
     fields_.push_back(record.substr(start, end - start));
     start = end + 1;
   }

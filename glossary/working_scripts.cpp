@@ -3,6 +3,8 @@
 
 #include <initializer_list>
 
+#include "platform/text.h"
+
 namespace lexmill {
 namespace {
 
@@ -12,7 +14,7 @@ static_assert(kReferenceScript.createTable.substr(0, kCreateTableR.size()) == kC
 
 void AppendQuoted(std::u16string& statement, std::u16string_view value) {
   constexpr char16_t kApostrophe = u'\'';
-  for (std::size_t at = 0; (at = value.find(kApostrophe)) != std::u16string_view::npos;) {
+  for (std::size_t at = 0; (at = platform::Find(value, kApostrophe)) < value.size();) {
     statement.append(value.substr(0, at + 1)).push_back(kApostrophe);
     value.remove_prefix(at + 1);
   }

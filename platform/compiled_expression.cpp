@@ -70,7 +70,7 @@ void CompiledExpression::Compile(std::u16string_view pattern) {
                   FailureOrigin::ScriptLibrary);
   }
   // Where machine code may not be made, the library interprets the pattern instead.
-  std::ignore = pcre2_jit_compile(code_.get(), PCRE2_JIT_COMPLETE);
+  isMachineCode_ = pcre2_jit_compile(code_.get(), PCRE2_JIT_COMPLETE) == 0;
 }
 
 std::span<const std::u16string_view> CompiledExpression::Match(std::u16string_view text) {
@@ -106,8 +106,8 @@ std::uint32_t CompiledExpression::MatchLimit(std::size_t length) const {
 
 int CompiledExpression::FindFirst(std::u16string_view text) {
   pcre2_set_match_limit(matchContext_.get(), MatchLimit(text.size()));
-  return pcre2_match(code_.get(), Units(text), text.size(), 0, 0, matchData_.get(),
-                     matchContext_.get());
+  const auto match = isMachineCode_ ? pcre2_jit_match : pcre2_match;
+  return match(code_.get(), Units(text), text.size(), 0, 0, matchData_.get(), matchContext_.get());
 }
 
 int CompiledExpression::FindFirstOnLargeStack(std::u16string_view text) {

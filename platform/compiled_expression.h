@@ -42,6 +42,7 @@ class CompiledExpression {
   std::unique_ptr<pcre2_code, FreeBy<pcre2_code_free>> code_;
   std::unique_ptr<pcre2_match_data, FreeBy<pcre2_match_data_free>> matchData_;
   std::unique_ptr<pcre2_match_context, FreeBy<pcre2_match_context_free>> matchContext_;
+  bool isMachineCode_ = false;
   bool isAnchored_ = false;
   std::vector<std::u16string_view> groups_;
 };

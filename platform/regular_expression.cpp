@@ -2,6 +2,7 @@
 #include "platform/regular_expression.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -18,6 +19,12 @@ struct KeptPattern {
   std::u16string text;
   std::unique_ptr<CompiledExpression> compiled;  ///< null until the first use
 };
+
+/// As ==, which compares 16-bit text unit by unit.
+bool IsSame(std::u16string_view left, std::u16string_view right) {
+  return left.size() == right.size() &&
+         std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
+}
 
 }  // namespace
 
@@ -54,7 +61,8 @@ std::u16string RegExp::Pattern() const {
 }
 
 void RegExp::Pattern(std::u16string_view pattern) {
-  const auto known = std::ranges::find(state_->kept, pattern, &KeptPattern::text);
+  const auto known = std::ranges::find_if(
+      state_->kept, [pattern](const KeptPattern& kept) { return IsSame(kept.text, pattern); });
   if (known != state_->kept.end()) {
     state_->current = static_cast<std::size_t>(known - state_->kept.begin());
     return;

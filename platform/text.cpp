@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 #include <unicode/uchar.h>
 
@@ -48,6 +50,36 @@ std::u16string_view TrimRight(std::u16string_view text) {
 
 std::u16string_view Trim(std::u16string_view text) {
   return TrimLeft(TrimRight(text));
+}
+
+std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start) {
+  // A block less the sought unit has a zero where the unit stands; the sum below has a top bit set
+  // exactly if some unit is zero.
+  constexpr std::uint64_t kOnes = 0x0001000100010001;
+  constexpr std::uint64_t kTops = 0x8000800080008000;
+  const std::uint64_t sought = kOnes * unit;
+  std::array<std::uint64_t, 2> blocks{};
+  std::size_t at = start;
+  for (; at + sizeof blocks / sizeof unit <= text.size(); at += sizeof blocks / sizeof unit) {
+    std::memcpy(blocks.data(), text.data() + at, sizeof blocks);
+    const std::uint64_t low = blocks[0] ^ sought;
+    const std::uint64_t high = blocks[1] ^ sought;
+    if ((((low - kOnes) & ~low) | ((high - kOnes) & ~high)) & kTops) {
+      break;
+    }
+  }
+  while (at < text.size() && text[at] != unit) {
+    ++at;
+  }
+  return at;
+}
+
+bool Contains(std::u16string_view text, std::u16string_view piece) {
+  std::size_t at = Find(text, piece.front());
+  while (at < text.size() && !text.substr(at).starts_with(piece)) {
+    at = Find(text, piece.front(), at + 1);
+  }
+  return at < text.size();
 }
 
 char16_t UpperCase(char16_t unit) {

@@ -33,12 +33,14 @@ namespace lexmill::platform {
 [[nodiscard]] std::u16string ReplaceAll(std::u16string_view text, std::u16string_view from,
                                         std::u16string_view to);
 
-/// True if `text` holds `piece` anywhere.
-[[nodiscard]] inline bool Contains(std::u16string_view text, std::u16string_view piece) {
-  return text.find(piece) != std::u16string_view::npos;
-}
+/// Where `unit` first stands in `text` from `start` on; its size if nowhere. Looks at many units in
+/// one step.
+[[nodiscard]] std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start = 0);
+
+/// True if `text` holds `piece`, which is not empty, anywhere.
+[[nodiscard]] bool Contains(std::u16string_view text, std::u16string_view piece);
 [[nodiscard]] inline bool Contains(std::u16string_view text, char16_t unit) {
-  return text.find(unit) != std::u16string_view::npos;
+  return Find(text, unit) < text.size();
 }
 
 /// 16-bit text from UTF-8. Each byte that is no valid UTF-8 becomes the unit 0xDC00 + byte.

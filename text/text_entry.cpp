@@ -4,12 +4,13 @@
 #include <string>
 
 #include "platform/numbers.h"
+#include "platform/text.h"
 
 namespace lexmill {
 
 std::optional<std::u16string_view> SourceOfHeadLine(std::u16string_view line) {
-  const std::size_t colon = line.find(u':');
-  if (colon == std::u16string_view::npos || !platform::IsNumeric(line.substr(0, colon))) {
+  const std::size_t colon = platform::Find(line, u':');
+  if (colon == line.size() || !platform::IsNumeric(line.substr(0, colon))) {
     return std::nullopt;
   }
   return line.substr(colon + 1);
