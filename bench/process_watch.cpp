@@ -2,8 +2,6 @@
 #include "bench/process_watch.h"
 
 #include <sys/ptrace.h>
-#include <sys/resource.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -53,14 +51,12 @@ EndedProcess ReadEnding(pid_t process) {
   return ended;
 }
 
-double Seconds(const timeval& time) {
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-}
-
-double ChildrenCpuSeconds() {
-  rusage usage{};
-  getrusage(RUSAGE_CHILDREN, &usage);
-  return Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
+/// Time that the process has had on a processor, its children not counted.
+double ReadCpuSeconds(pid_t process) {
+  std::ifstream statistics("/proc/" + std::to_string(process) + "/schedstat");
+  double nanoseconds = 0;
+  statistics >> nanoseconds;
+  return nanoseconds * 1e-9;
 }
 
 /// The signal that a stopped process is to go on with: its own, but none for a stop of ours.
@@ -87,6 +83,7 @@ void FollowToTheEnd(pid_t first, CommandMeasurement& result) {
     }
     if (IsAtItsEnd(status)) {
       result.processes.push_back(ReadEnding(process));
+      result.cpuSeconds += ReadCpuSeconds(process);
     }
     const bool isKnown = std::find(known.begin(), known.end(), process) != known.end();
     if (!isKnown) {
@@ -115,12 +112,10 @@ CommandMeasurement MeasureCommand(const std::vector<std::string>& arguments) {
     ThrowErrno("ptrace");
   }
   CommandMeasurement result;
-  const double cpuBefore = ChildrenCpuSeconds();
   const auto start = Clock::now();
   ptrace(PTRACE_CONT, process, nullptr, nullptr);
   FollowToTheEnd(process, result);
   result.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  result.cpuSeconds = ChildrenCpuSeconds() - cpuBefore;
   return result;
 }
 
