@@ -15,7 +15,7 @@
 namespace lexmill::platform::sqlite {
 
 /// Memory for the entries of an index while they are sorted.
-inline constexpr std::size_t kIndexBuffer = std::size_t{12} * 1024 * 1024;
+inline constexpr std::size_t kIndexBuffer = std::size_t{8} * 1024 * 1024;
 
 /// Tells the value of a column.
 using ValueOf = std::function<Value(std::size_t column)>;
