@@ -117,6 +117,20 @@ TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
   EXPECT_EQ(ReadBytes(folder_.File("final")), "old");
 }
 
+TEST_F(LexmillRun, TakesTheCodePageOfItsSettings) {
+  WriteBytes(programs_.File("Lexmill.ini"), "[LexmillPlatform]\r\nCodePage=1252\r\n");
+  WriteBytes(folder_.File("todo"), "caf\xE9:\tcaf\xE9:\r\n");
+  WriteBytes(folder_.File("refer"), "CAF\xC9\tkaf\xE9\r\n");
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkaUpperCase=1"}), 0) << Errors();
+  EXPECT_EQ(ReadBytes(folder_.File("final")), "caf\xE9:\tkaf\xE9:\r\n");
+  // A path that the page lacks can't be carried by the batch script.
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkSaveRefDB=1", u"--set",
+                 u"txtSaveRefDB=打.db"}),
+            1);
+  EXPECT_NE(Errors().find("错误:5\n"), std::string::npos) << Errors();
+  EXPECT_NE(Errors().find("'BuildBatScript'"), std::string::npos) << Errors();
+}
+
 TEST_F(LexmillRun, TellsThatTheShellIsMissingAndGoesOn) {
   std::filesystem::remove(programs_.Path() / "sqlite");
   EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
