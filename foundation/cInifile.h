@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/form.h"
+
 namespace lexmill {
 
 /// Reads and writes values of an INI file by its path, a section and a key. Keeps no copy of the
@@ -59,11 +61,27 @@ class cInifile {
   /// The names of the file's sections as an array, without empty ones.
   void EnumerateAllSections(std::vector<std::u16string>& sSections, std::int32_t& iCount) const;
 
+  /// Stores the place of a window under the keys Maximised, Left, Top, Width and Height (twips). A
+  /// minimised window stores nothing, a maximised one no more than that it is. A failure leaves 0
+  /// as last return code.
+  void SaveFormPosition(const platform::Form& frmThis);
+  /// Moves a window to the place that is stored, pulled in so that it stays four pixels inside the
+  /// screen. A window that is too large is cut down; below the least sizes (twips) it stays where
+  /// it is. A value that is missing is the window's present one. A failure leaves 0 as last return
+  /// code.
+  void LoadFormPosition(platform::Form& frmThis, std::int32_t lMinWidth = 3000,
+                        std::int32_t lMinHeight = 3000);
+
   /// `sString` as an integer, `lDefault` if it is none or too large.
   [[nodiscard]] static std::int32_t CLngDefault(std::u16string_view sString,
                                                 std::int32_t lDefault = 0);
 
  private:
+  void WritePosition(const platform::Form& form);
+  void ReadPosition(platform::Form& form, std::int32_t minWidth, std::int32_t minHeight);
+  void Write(std::u16string_view key, std::int32_t number);
+  [[nodiscard]] std::int32_t Read(std::u16string_view key, std::int32_t otherwise);
+
   std::u16string path_;
   std::u16string key_;
   std::u16string section_;

@@ -33,6 +33,16 @@ void Form::ScaleSize(std::int32_t width, std::int32_t height) {
   Changed.Raise(FormProperty::Size);
 }
 
+void Form::Move(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) {
+  place_ = {.left = left, .top = top, .width = width, .height = height};
+  Changed.Raise(FormProperty::Place);
+}
+
+void Form::WindowState(FormState state) {
+  state_ = state;
+  Changed.Raise(FormProperty::State);
+}
+
 void Form::Show() {
   if (!loaded_) {
     loaded_ = true;

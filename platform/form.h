@@ -14,7 +14,9 @@
 
 namespace lexmill::platform {
 
-enum class FormProperty { Caption, Size, Visible };
+enum class FormProperty { Caption, Size, Visible, Place, State };
+
+enum class FormState : std::int16_t { Normal = 0, Minimised = 1, Maximised = 2 };
 
 /// A window as state and events. Controls enter themselves when they are made for it and leave when
 /// they are destroyed; it must outlive them.
@@ -40,6 +42,19 @@ class Form {
   [[nodiscard]] std::int32_t ScaleWidth() const { return scaleWidth_; }
   [[nodiscard]] std::int32_t ScaleHeight() const { return scaleHeight_; }
   void ScaleSize(std::int32_t width, std::int32_t height);
+
+  /// Place of the whole window on the screen, its frame included, in twips. All 0 until the window
+  /// is shown on a screen or moved.
+  [[nodiscard]] std::int32_t Left() const { return place_.left; }
+  [[nodiscard]] std::int32_t Top() const { return place_.top; }
+  [[nodiscard]] std::int32_t Width() const { return place_.width; }
+  [[nodiscard]] std::int32_t Height() const { return place_.height; }
+  void Move(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
+  /// The user, or whoever shows the window, has moved it there.
+  void UserMoves(const Rectangle& place) { place_ = place; }
+
+  [[nodiscard]] FormState WindowState() const { return state_; }
+  void WindowState(FormState state);
 
   /// Raises Load, the first time or after a close, and makes the window visible.
   void Show();
@@ -82,6 +97,8 @@ class Form {
   std::u16string caption_;
   std::int32_t scaleWidth_ = 0;
   std::int32_t scaleHeight_ = 0;
+  Rectangle place_;
+  FormState state_ = FormState::Normal;
   bool loaded_ = false;
   bool visible_ = false;
   bool busy_ = false;

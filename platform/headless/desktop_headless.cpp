@@ -21,6 +21,10 @@ void SendKeys(std::u16string_view keys) {
   headless::TheSession().sentKeys.emplace_back(keys);
 }
 
+ScreenMetrics GetScreenMetrics() {
+  return headless::TheSession().screen;
+}
+
 void ShellOpen(std::u16string_view target) {
   headless::TheSession().openedTargets.emplace_back(target);
 }

@@ -36,6 +36,7 @@ struct Session {
   int doEventsCount = 0;
   MousePointer mousePointer = MousePointer::Default;
   std::vector<std::u16string> sentKeys;
+  ScreenMetrics screen{.width = 1024 * 15, .height = 768 * 15};
   std::vector<std::u16string> openedTargets;  ///< what ShellOpen was given
 };
 

@@ -8,11 +8,13 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QUrl>
 #include <QWidget>
 
 #include "platform/host_path.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/twips.h"
 #include "platform/text.h"
 
 namespace lexmill::platform {
@@ -70,6 +72,11 @@ void SendKeys(std::u16string_view keys) {
           window, [key, window] { Press(key, *window); }, Qt::QueuedConnection);
     }
   }
+}
+
+ScreenMetrics GetScreenMetrics() {
+  const QSize pixels = QGuiApplication::primaryScreen()->size();
+  return {.width = qt::ToTwips(pixels.width()), .height = qt::ToTwips(pixels.height())};
 }
 
 void ShellOpen(std::u16string_view target) {

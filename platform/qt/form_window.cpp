@@ -44,7 +44,45 @@ void FormWindow::Show(FormProperty what) {
     case FormProperty::Visible:
       ShowVisible();
       break;
+    case FormProperty::Place:
+      ShowPlace();
+      break;
+    case FormProperty::State:
+      ShowState();
+      break;
   }
+}
+
+// The place is that of the frame, which the toolkit keeps out of a window's size.
+void FormWindow::ShowPlace() {
+  const QSize frame = frameGeometry().size() - size();
+  move(ToPixels(form_.Left()), ToPixels(form_.Top()));
+  setFixedSize(QSize(ToPixels(form_.Width()), ToPixels(form_.Height())) - frame);
+}
+
+void FormWindow::ShowState() {
+  const FormState state = form_.WindowState();
+  setWindowState(state == FormState::Maximised   ? Qt::WindowMaximized
+                 : state == FormState::Minimised ? Qt::WindowMinimized
+                                                 : Qt::WindowNoState);
+}
+
+void FormWindow::TellPlace() {
+  const QRect place = frameGeometry();
+  form_.UserMoves({.left = ToTwips(place.x()),
+                   .top = ToTwips(place.y()),
+                   .width = ToTwips(place.width()),
+                   .height = ToTwips(place.height())});
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  TellPlace();
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  TellPlace();
 }
 
 void FormWindow::ShowVisible() {

@@ -24,10 +24,15 @@ class FormWindow final : public QWidget {
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void Show(FormProperty what);
   void ShowVisible();
+  void ShowPlace();
+  void ShowState();
+  void TellPlace();
   /// Brings containers and both orders to the widgets.
   void Arrange();
   [[nodiscard]] QWidget& WidgetOf(const Control& control) const;

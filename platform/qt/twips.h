@@ -11,10 +11,16 @@
 
 namespace lexmill::platform::qt {
 
+inline constexpr std::int32_t kTwipsPerPixel = 15;
+
+/// A length of pixels in twips.
+[[nodiscard]] constexpr std::int32_t ToTwips(int pixels) {
+  return pixels * kTwipsPerPixel;
+}
+
 /// A length in the toolkit's pixels, which are those of a screen of 96 dpi and which the toolkit
 /// scales to the real ones.
 [[nodiscard]] constexpr int ToPixels(std::int32_t twips) {
-  constexpr std::int32_t kTwipsPerPixel = 15;
   const std::int32_t half = twips < 0 ? -kTwipsPerPixel / 2 : kTwipsPerPixel / 2;
   return (twips + half) / kTwipsPerPixel;
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/headless/headless.h"
 #include "tests/support/files.h"
 #include "tests/support/readable_text.h"
 
@@ -83,6 +84,63 @@ TEST_F(Inifile, EnumeratesKeysAndSections) {
   ini_.EnumerateCurrentSection(names, count);
   EXPECT_TRUE(names.empty());
   EXPECT_EQ(count, 0);
+}
+
+// A screen of 1024 by 768 pixels: 15360 by 11520 twips, of which a margin of 60 stays free.
+class FormPosition : public Inifile {
+ protected:
+  FormPosition() { platform::headless::TheSession() = {}; }
+
+  // Place of a window after it was loaded from `keys`, and its state.
+  std::string Loaded(std::string_view keys) {
+    WriteBytes(path_, "[s]\r\n" + std::string(keys));
+    platform::Form form(u"f");
+    form.Move(600, 750, 4500, 4800);
+    ini_.Key(u"mine");
+    ini_.Default(u"mine");
+    ini_.LoadFormPosition(form);
+    EXPECT_TRUE(ini_.Key() == u"mine" && ini_.Default() == u"mine");
+    return std::to_string(form.Left()) + " " + std::to_string(form.Top()) + " " +
+           std::to_string(form.Width()) + " " + std::to_string(form.Height()) +
+           (form.WindowState() == platform::FormState::Maximised ? " max" : "");
+  }
+};
+
+TEST_F(FormPosition, ComesBackInsideTheScreen) {
+  struct Case {
+    const char *keys, *place;
+  };
+  for (const auto& row :
+       {Case{"", "600 750 4500 4800"},
+        Case{"Left=900\r\nTop=1,200\r\nWidth=6000\r\nHeight=5000\r\n", "900 1200 6000 5000"},
+        Case{"Left=-5000\r\nTop=0\r\n", "60 60 4500 4800"},
+        Case{"Left=15000\r\nTop=2147483647\r\n", "10800 6660 4500 4800"},
+        Case{"Width=99999\r\nHeight=99999\r\n", "60 60 15240 11400"},
+        Case{"Width=1\r\nHeight=x\r\n", "600 750 3000 4800"},
+        Case{"Left=900\r\nMaximised=1\r\n", "900 750 4500 4800 max"}}) {
+    EXPECT_EQ(Loaded(row.keys), row.place) << row.keys;
+  }
+  // Cut down below the least width: no move at all.
+  platform::headless::TheSession().screen.width = 3000;
+  EXPECT_EQ(Loaded("Left=900\r\n"), "600 750 4500 4800");
+}
+
+TEST_F(FormPosition, StoresOnlyWhatANormalWindowHas) {
+  platform::Form form(u"f");
+  form.Move(1, 2, 3, 4);
+  ini_.Key(u"mine");
+  form.WindowState(platform::FormState::Minimised);
+  ini_.SaveFormPosition(form);
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "f.ini"));
+  form.WindowState(platform::FormState::Normal);
+  ini_.SaveFormPosition(form);
+  const std::string normal = "[s]\r\nMaximised=0\r\nLeft=1\r\nTop=2\r\nWidth=3\r\nHeight=4\r\n";
+  EXPECT_EQ(ReadBytes(path_), normal);
+  form.Move(9, 9, 9, 9);
+  form.WindowState(platform::FormState::Maximised);
+  ini_.SaveFormPosition(form);
+  EXPECT_EQ(ReadBytes(path_), "[s]\r\nMaximised=1" + normal.substr(normal.find("\r\nLeft")));
+  EXPECT_EQ(ini_.Key(), u"mine");
 }
 
 TEST(InifileConversion, FallsBackOnTheDefault) {
