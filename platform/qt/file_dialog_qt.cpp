@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
@@ -7,7 +9,7 @@
 #include <QLayout>
 
 #include "platform/dialogs.h"
-#include "platform/qt/ending.h"
+#include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 
 namespace lexmill::platform {
@@ -30,12 +32,24 @@ QString NameFilter(const FileFilter& filter) {
          QStringLiteral(")");
 }
 
-QStringList NameFilters(const FileDialogRequest& request) {
+void SetFilters(QFileDialog& dialog, const FileDialogRequest& request) {
   QStringList filters;
   for (const FileFilter& filter : request.filters) {
     filters.append(NameFilter(filter));
   }
-  return filters;
+  dialog.setNameFilters(filters);
+  if (request.filterIndex > 0 && request.filterIndex <= filters.size()) {
+    dialog.selectNameFilter(filters[request.filterIndex - 1]);
+  }
+}
+
+// The chosen filter, from 1. The toolkit tells it by what it shows, without the patterns.
+std::int32_t ChosenFilter(const QFileDialog& dialog, const FileDialogRequest& request) {
+  const std::u16string shown = FromQt(dialog.selectedNameFilter());
+  const auto found = std::ranges::find(request.filters, shown, &FileFilter::description);
+  return found == request.filters.end()
+             ? 1
+             : static_cast<std::int32_t>(found - request.filters.begin()) + 1;
 }
 
 QFileDialog::FileMode OpenMode(const FileDialogRequest& request) {
@@ -45,7 +59,7 @@ QFileDialog::FileMode OpenMode(const FileDialogRequest& request) {
   return request.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile;
 }
 
-void SetUp(QFileDialog& dialog, const FileDialogRequest& request, const QStringList& filters) {
+void SetUp(QFileDialog& dialog, const FileDialogRequest& request) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
   dialog.setWindowTitle(ToQt(request.title));
   // The toolkit's own dialog is the same on every desktop, matches patterns without case and tells
@@ -54,10 +68,7 @@ void SetUp(QFileDialog& dialog, const FileDialogRequest& request, const QStringL
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
   dialog.setDirectory(request.initialFolder.empty() ? LastFolder() : ToQt(request.initialFolder));
-  dialog.setNameFilters(filters);
-  if (request.filterIndex > 0 && request.filterIndex <= filters.size()) {
-    dialog.selectNameFilter(filters[request.filterIndex - 1]);
-  }
+  SetFilters(dialog, request);
   dialog.setDefaultSuffix(ToQt(request.defaultExtension));
   if (!request.fileName.empty()) {
     dialog.selectFile(ToQt(request.fileName));
@@ -88,14 +99,13 @@ QString JoinPaths(const QStringList& paths) {
 
 std::optional<FileDialogAnswer> Ask(const FileDialogRequest& request,
                                     QFileDialog::AcceptMode mode) {
-  if (qt::IsEnding()) {
+  if (qt::ProgramEnd::IsAsked()) {
     return std::nullopt;
   }
   QFileDialog dialog(request.overActiveWindow ? QApplication::activeWindow() : nullptr);
-  const QStringList filters = NameFilters(request);
   dialog.setAcceptMode(mode);
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? OpenMode(request) : QFileDialog::AnyFile);
-  SetUp(dialog, request, filters);
+  SetUp(dialog, request);
   const QCheckBox* readOnly = AddReadOnlyBox(dialog, request);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
     return std::nullopt;
@@ -103,7 +113,7 @@ std::optional<FileDialogAnswer> Ask(const FileDialogRequest& request,
   LastFolder() = dialog.directory().absolutePath();
   FileDialogAnswer answer;
   answer.path = FromQt(JoinPaths(dialog.selectedFiles()));
-  answer.filterIndex = static_cast<std::int32_t>(filters.indexOf(dialog.selectedNameFilter())) + 1;
+  answer.filterIndex = ChosenFilter(dialog, request);
   answer.readOnly = readOnly->isChecked();
   return answer;
 }

@@ -7,7 +7,7 @@
 
 #include "platform/application.h"
 #include "platform/dialogs.h"
-#include "platform/qt/ending.h"
+#include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 
 namespace lexmill::platform {
@@ -33,7 +33,7 @@ QString LinesOf(std::u16string_view text) {
 }  // namespace
 
 MessageAnswer ShowMessageBox(std::u16string_view text, MessageIcon icon, MessageButtons buttons) {
-  if (qt::IsEnding()) {
+  if (qt::ProgramEnd::IsAsked()) {
     std::cerr << LinesOf(text).toStdString() << std::endl;
     return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Cancel;
   }

@@ -14,8 +14,8 @@
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/process.h"
-#include "platform/qt/ending.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/termination_signals.h"
 #include "platform/qt/waiting.h"
@@ -90,8 +90,9 @@ int Screen::Run(const std::function<Form&()>& open, const std::function<void()>&
   }
   FormWindow window(*form);
   const Connection insisted = form->CloseInsisted.Connect(EndChildProcesses);
-  const TerminationSignals signals([form] { EndProgram(*form); });
-  connect(this, &QGuiApplication::commitDataRequest, &window, [form] { EndProgram(*form); });
+  ProgramEnd end(*form);
+  const TerminationSignals signals([&end] { end.Ask(); });
+  connect(this, &QGuiApplication::commitDataRequest, &window, [&end] { end.Ask(); });
   opened();
   return form->Visible() ? exec() : 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt/ending.h"
+#include "platform/qt/program_end.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -9,26 +9,30 @@
 namespace lexmill::platform::qt {
 namespace {
 
-bool& Ending() {
-  static bool ending = false;
-  return ending;
+bool& Asked() {
+  static bool asked = false;
+  return asked;
 }
 
 }  // namespace
 
-void EndProgram(Form& form) {
-  Ending() = true;
+ProgramEnd::~ProgramEnd() {
+  Asked() = false;
+}
+
+void ProgramEnd::Ask() {
+  Asked() = true;
   if (QWidget* dialog = QApplication::activeModalWidget()) {
     dialog->close();
   }
-  form.Close();
-  if (form.Busy()) {
+  form_.Close();
+  if (form_.Busy()) {
     EndChildProcesses();
   }
 }
 
-bool IsEnding() {
-  return Ending();
+bool ProgramEnd::IsAsked() {
+  return Asked();
 }
 
 }  // namespace lexmill::platform::qt
