@@ -107,7 +107,11 @@ void Session::RunTransaction(Action action) {
     throw DatabaseError(keeps ? "cannot commit - no transaction is active"
                               : "cannot rollback - no transaction is active");
   }
-  keeps ? database_.Commit() : database_.Rollback();
+  if (keeps) {
+    database_.Commit();
+  } else {
+    database_.Rollback();
+  }
 }
 
 void Session::Create(const SchemaStatement& statement, std::string_view text) {

@@ -68,15 +68,28 @@ TEST(DictionaryJoin, MeetsInUpperCaseByCharacter) {
 
 TEST(DictionaryJoin, ComparesWholeRowsAlsoWhenTheyAreTooLongToKeep) {
   const ShellWorld world;
-  const std::string length(70'000, 'x');
+  const std::string big(70'000, 'x');
   std::string script(kTables);
-  for (const char* last : {"a", "b", "a"}) {
-    script += "INSERT INTO S VALUES ('" + length + last + "','','" + length + "','','');\n";
-    script += "INSERT INTO R VALUES ('" + length + "','" + last + "');\n";
+  for (const std::string so : {"s1", "a", "b", "a", "s2"}) {
+    const bool isShort = so[0] == 's';
+    script += "INSERT INTO S VALUES ('" + so + "','" + (isShort ? "" : big) + "','" +
+              (isShort ? "k" : big) + "','','');\n";
+  }
+  for (const std::string r2 : {"1", "2", "1"}) {
+    script += "INSERT INTO R VALUES ('" + big + "','" + r2 + "');\n";
+    script += "INSERT INTO R VALUES ('k','" + big + r2 + "');\n";
   }
   ASSERT_EQ(world.Script(script + "COMMIT;\n"), "");
-  EXPECT_EQ(world.Select(JoinOn("R.r1=S.sm")),
-            length + "a||a||\n" + length + "b||a||\n" + length + "a||b||\n" + length + "b||b||\n");
+  std::string expected;
+  for (const std::string r2 : {"1", "2"}) {
+    for (const std::string so : {"a", "b"}) {
+      expected += so + "|" + big + "|" + r2 + "||\n";
+    }
+    for (const std::string so : {"s1", "s2"}) {
+      expected += so + "||" + big + r2 + "||\n";
+    }
+  }
+  EXPECT_EQ(world.Select(JoinOn("R.r1=S.sm")), expected);
 }
 
 TEST(DictionaryJoin, PrintsARowOnceThatTwoKeysGive) {
