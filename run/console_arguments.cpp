@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "platform/application.h"
 #include "platform/host_path.h"
 #include "platform/text.h"
 
@@ -15,14 +16,38 @@ std::u16string AbsolutePath(std::string_view path) {
   return platform::FromHostPath(refused ? std::string(path) : absolute.string());
 }
 
+constexpr std::string_view kHelp =
+    "\n"
+    "Makes the translated dictionary FINAL from the untranslated dictionary TODO and the\n"
+    "reference dictionary REFER (a dictionary or a purified database).\n"
+    "\n"
+    "  --settings FILE.ini    read the options from FILE.ini, not from Lexmill.ini beside\n"
+    "                         the programs\n"
+    "  --preset full|minimal  then set all rules on without a length limit, or all off\n"
+    "  --set NAME=VALUE       then set one option by its name: 0 or 1 for a check box such\n"
+    "                         as chkaUpperCase, a text for a box such as txtLenLimit\n"
+    "  --                     what follows are paths\n"
+    "  --help, --version      tell this, or the version\n"
+    "\n"
+    "Prints the times of the four stages. Exit code: 0 done, 1 a failure was shown on\n"
+    "standard error, 2 wrong arguments.\n";
+
+std::string Version() {
+  return "lexmill-run " + std::to_string(platform::kMajorVersion) + "." +
+         std::to_string(platform::kMinorVersion) + "\n";
+}
+
 // Reads the words one by one; `reason_` is filled by the first that is wrong.
 class Reader {
  public:
   explicit Reader(std::span<const char* const> words) : words_(words) {}
 
-  std::variant<ConsoleArguments, WrongArguments> Read() {
-    while (next_ < words_.size() && reason_.empty()) {
+  std::variant<ConsoleArguments, WrongArguments, WantedText> Read() {
+    while (next_ < words_.size() && reason_.empty() && wanted_.empty()) {
       ReadWord(words_[next_++]);
+    }
+    if (!wanted_.empty()) {
+      return WantedText{wanted_};
     }
     if (reason_.empty() && paths_.size() != 3) {
       reason_ = "three dictionaries are wanted: TODO, REFER, FINAL";
@@ -48,6 +73,10 @@ class Reader {
       ReadPreset(Value(word));
     } else if (word == "--set") {
       ReadOption(Value(word));
+    } else if (word == "--help") {
+      wanted_.assign(kConsoleUsage).append(kHelp);
+    } else if (word == "--version") {
+      wanted_ = Version();
     } else {
       reason_ = "unknown option: " + std::string(word);
     }
@@ -87,11 +116,12 @@ class Reader {
   std::vector<std::u16string> paths_;
   ConsoleArguments arguments_;
   std::string reason_;
+  std::string wanted_;
 };
 
 }  // namespace
 
-std::variant<ConsoleArguments, WrongArguments> ReadConsoleArguments(
+std::variant<ConsoleArguments, WrongArguments, WantedText> ReadConsoleArguments(
     std::span<const char* const> words) {
   return Reader(words).Read();
 }

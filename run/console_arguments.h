@@ -30,16 +30,20 @@ struct WrongArguments {
   std::string reason;
 };
 
+/// What a command line asks to be told instead of a run: UTF-8, each line ended by LF.
+struct WantedText {
+  std::string text;
+};
+
 /// How lexmill-run is called: UTF-8, each line ended by LF.
 inline constexpr std::string_view kConsoleUsage =
     "Usage: lexmill-run TODO REFER FINAL [--settings FILE.ini] [--preset full|minimal]\n"
     "                   [--set NAME=VALUE]...\n"
-    "Makes the translated dictionary FINAL from the untranslated dictionary TODO and the "
-    "reference\n"
-    "dictionary REFER. NAME is an option such as chkaUpperCase (0 or 1) or txtLenLimit.\n";
+    "       lexmill-run --help | --version\n";
 
 /// Reads the words behind the program's name. Relative paths are taken from the current directory.
-[[nodiscard]] std::variant<ConsoleArguments, WrongArguments> ReadConsoleArguments(
+/// The first of "--help" and "--version" that stands where an option may stand counts alone.
+[[nodiscard]] std::variant<ConsoleArguments, WrongArguments, WantedText> ReadConsoleArguments(
     std::span<const char* const> words);
 
 }  // namespace lexmill

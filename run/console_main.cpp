@@ -98,5 +98,9 @@ int main(int argc, char** argv) {
   if (const auto* wrong = std::get_if<lexmill::WrongArguments>(&arguments)) {
     return RefuseArguments(wrong->reason);
   }
+  if (const auto* wanted = std::get_if<lexmill::WantedText>(&arguments)) {
+    std::cout << wanted->text;
+    return 0;
+  }
   return CarryRun(std::get<lexmill::ConsoleArguments>(arguments));
 }

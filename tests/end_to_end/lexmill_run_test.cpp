@@ -94,6 +94,16 @@ TEST_F(LexmillRun, RefusesWrongArguments) {
   }
 }
 
+TEST_F(LexmillRun, TellsHowItIsCalledAndItsVersion) {
+  EXPECT_EQ(Run({u"--help"}), 0);
+  EXPECT_TRUE(Output().starts_with("Usage: lexmill-run TODO REFER FINAL ")) << Output();
+  EXPECT_EQ(Errors(), "");
+  EXPECT_EQ(Run({u"todo", u"--version", u"--what"}), 0);
+  EXPECT_EQ(Output(), "lexmill-run 0.14\n");
+  EXPECT_EQ(Run({u"--what", u"--help"}), 2);
+  EXPECT_EQ(Run({u"--", u"--help", u"refer", u"final"}), 1) << "a path, and no such file";
+}
+
 TEST_F(LexmillRun, TellsWhatFails) {
   EXPECT_EQ(Run({u"missing", u"refer", u"final"}), 1);
   EXPECT_NE(Errors().find("错误:1"), std::string::npos) << Errors();
