@@ -24,6 +24,36 @@ DatabaseError LastError(sqlite3* handle) {
   return DatabaseError(text);
 }
 
+/// libsqlite3's authorizer for statements that only declare an object.
+int AllowDeclarations(void*, int action, const char*, const char*, const char*, const char*) {
+  switch (action) {
+    case SQLITE_SELECT:
+    case SQLITE_ATTACH:
+    case SQLITE_DETACH:
+    case SQLITE_PRAGMA:
+    case SQLITE_TRANSACTION:
+    case SQLITE_SAVEPOINT:
+    case SQLITE_CREATE_VTABLE:
+      return SQLITE_DENY;
+    default:
+      return SQLITE_OK;
+  }
+}
+
+/// While it lives, a connection takes declarations only.
+class OnlyDeclarations {
+ public:
+  explicit OnlyDeclarations(sqlite3* handle) : handle_(handle) {
+    sqlite3_set_authorizer(handle_, &AllowDeclarations, nullptr);
+  }
+  ~OnlyDeclarations() { sqlite3_set_authorizer(handle_, nullptr, nullptr); }
+  OnlyDeclarations(const OnlyDeclarations&) = delete;
+  OnlyDeclarations& operator=(const OnlyDeclarations&) = delete;
+
+ private:
+  sqlite3* handle_;
+};
+
 }  // namespace
 
 bool CompiledStatement::Step() {
@@ -80,6 +110,19 @@ void Connection::Run(std::string_view sql) {
 void Connection::RunIfUnderstood(std::string_view sql) {
   try {
     Run(sql);
+  } catch (const DatabaseError&) {
+    // Refused as if it weren't there.
+  }
+}
+
+void Connection::Declare(std::string_view sql) {
+  const OnlyDeclarations guard(handle_.get());
+  Run(sql);
+}
+
+void Connection::DeclareIfUnderstood(std::string_view sql) {
+  try {
+    Declare(sql);
   } catch (const DatabaseError&) {
     // Says so when a statement names it.
   }

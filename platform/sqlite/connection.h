@@ -51,9 +51,15 @@ class Connection {
   /// Compiles and runs, without regard to rows.
   /// @throws DatabaseError
   void Run(std::string_view sql);
-  /// Runs, or does nothing where libsqlite3 refuses: an object of another program's database that
-  /// it doesn't understand can be kept, but not used.
+  /// Runs, or does nothing where libsqlite3 refuses.
   void RunIfUnderstood(std::string_view sql);
+  /// Runs a CREATE statement that a file holds and that may be meant to do harm: whatever would
+  /// compute, read or reach out of this database is refused.
+  /// @throws DatabaseError
+  void Declare(std::string_view sql);
+  /// The same, but does nothing where libsqlite3 refuses: an object of another program's database
+  /// that it doesn't understand can be kept, but not used.
+  void DeclareIfUnderstood(std::string_view sql);
 
  private:
   struct Closer {

@@ -82,7 +82,8 @@ class Database {
   /// `UPDATE table SET valueColumn=value WHERE keyColumn=key` for scripts of many such statements:
   /// they are collected, on disk if need be, and carried out together before anything else is read
   /// or written, in one pass over the table. Of equal keys the last wins. A row that would become
-  /// too long keeps its value, and the next call into the database fails with kRowTooLong.
+  /// too long keeps its value, and the next statement or Commit fails with kRowTooLong; Commit does
+  /// its work all the same.
   /// Texts are cut at their first NUL byte.
   void UpdateWhere(const Table& table, std::size_t keyColumn, std::size_t valueColumn,
                    std::string_view key, std::string_view value);

@@ -78,7 +78,7 @@ void Engine::Connect() {
     if (object.type == "table") {
       connection_->RunIfUnderstood(VirtualTableSql(object.name));
     } else if (object.type == "view") {
-      connection_->RunIfUnderstood(WithFixedJoinOrder(object.sql.value_or("")));
+      connection_->DeclareIfUnderstood(WithFixedJoinOrder(object.sql.value_or("")));
     }
   }
   version_ = database_.SchemaVersion();

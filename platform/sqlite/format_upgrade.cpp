@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/format_upgrade.h"
 
-#include <algorithm>
-
 #include "platform/sqlite/file_head.h"
 #include "platform/sqlite/index_filler.h"
+#include "platform/sqlite/schema_reader.h"
 #include "platform/sqlite/tree_removal.h"
 
 namespace lexmill::platform::sqlite {
 namespace {
-
-bool IsOnText(const Table& table, const Index& index) {
-  return !index.columns.empty() && std::ranges::all_of(index.columns, [&table](std::size_t column) {
-    return table.columns[column].isText;
-  });
-}
 
 void MakeAnew(Pager& pager, const Table& table, const Index& index) {
   FreeTreeBelow(pager, index.rootPage, Overflow::Freed);

@@ -119,7 +119,7 @@ void SchemaCompiler::Follow(Database& database) {
   // A name in double quotes that no column bears is a mistake in an index, not a text.
   sqlite3_db_config(likeness_->Handle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   for (const CatalogObject& object : database.Objects()) {
-    likeness_->RunIfUnderstood(object.sql.value_or(""));
+    likeness_->DeclareIfUnderstood(object.sql.value_or(""));
   }
   version_ = database.SchemaVersion();
 }

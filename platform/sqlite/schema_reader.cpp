@@ -1,84 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/schema_reader.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <cctype>
-#include <functional>
-#include <memory>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <tuple>
 
+#include "platform/sqlite/connection.h"
 #include "platform/sqlite/database_error.h"
 
 namespace lexmill::platform::sqlite {
 namespace {
 
-/// A database in memory that knows nothing but the statements in question.
-class Scratch {
- public:
-  Scratch() {
-    sqlite3* connection = nullptr;
-    const int result = sqlite3_open(":memory:", &connection);
-    connection_.reset(connection);
-    if (result != SQLITE_OK) {
-      throw DatabaseError("out of memory");
+/// The rows that a PRAGMA gives of an object.
+std::vector<std::vector<std::string>> Ask(Connection& scratch, const std::string& pragma,
+                                          std::string_view object) {
+  std::vector<std::vector<std::string>> rows;
+  auto answer = scratch.Compile("PRAGMA " + pragma + "(" + QuoteName(object) + ")");
+  while (answer && answer->Step()) {
+    std::vector<std::string>& row = rows.emplace_back();
+    for (int i = 0; i < answer->ColumnCount(); ++i) {
+      row.emplace_back(answer->Column(i).value_or(""));
     }
   }
-
-  /// Carries out a CREATE statement of a file, which may be hostile: nothing that reads or
-  /// computes.
-  [[nodiscard]] bool Create(const std::string& sql) {
-    sqlite3_set_authorizer(connection_.get(), &Scratch::Authorise, nullptr);
-    const Prepared statement = Prepare(sql);
-    const bool isDone = statement && sqlite3_step(statement.get()) == SQLITE_DONE;
-    sqlite3_set_authorizer(connection_.get(), nullptr, nullptr);
-    return isDone;
-  }
-
-  [[nodiscard]] std::string Message() const { return sqlite3_errmsg(connection_.get()); }
-
-  using Row = std::function<std::string(int column)>;
-  void ForEachRow(const std::string& query, std::string_view argument,
-                  const std::function<void(const Row&)>& take) {
-    const Prepared statement = Prepare(query);
-    sqlite3_bind_text(statement.get(), 1, argument.data(), static_cast<int>(argument.size()),
-                      SQLITE_TRANSIENT);
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
-      take([&statement](int column) {
-        const unsigned char* text = sqlite3_column_text(statement.get(), column);
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement.get(), column));
-        return std::string(text, text + size);
-      });
-    }
-  }
-
- private:
-  using Prepared = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
-
-  static int Authorise(void*, int action, const char*, const char*, const char*, const char*) {
-    switch (action) {
-      case SQLITE_SELECT:
-      case SQLITE_ATTACH:
-      case SQLITE_PRAGMA:
-      case SQLITE_CREATE_VTABLE:
-        return SQLITE_DENY;
-      default:
-        return SQLITE_OK;
-    }
-  }
-
-  Prepared Prepare(const std::string& sql) {
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(connection_.get(), sql.c_str(), static_cast<int>(sql.size() + 1), &statement,
-                       nullptr);
-    return {statement, &sqlite3_finalize};
-  }
-
-  std::unique_ptr<sqlite3, decltype(&sqlite3_close)> connection_{nullptr, &sqlite3_close};
-};
+  return rows;
+}
 
 bool IsTextType(std::string type) {
   std::ranges::transform(type, type.begin(),
@@ -87,33 +35,36 @@ bool IsTextType(std::string type) {
                              [&type](const char* word) { return type.find(word) != type.npos; });
 }
 
-void ReadColumns(Scratch& scratch, Table& table) {
+void ReadColumns(Connection& scratch, Table& table) {
+  enum : std::size_t { kName = 1, kType, kNotNull, kDefault, kKey };
   std::vector<std::size_t> keyColumns;
-  scratch.ForEachRow(
-      "SELECT name,type,\"notnull\",pk FROM pragma_table_info"
-      "((SELECT name FROM sqlite_master WHERE type='table')) WHERE ?1 IS NOT NULL",
-      table.name, [&](const Scratch::Row& row) {
-        if (row(3) != "0") {
-          keyColumns.push_back(table.columns.size());
-        }
-        table.columns.push_back({row(0), row(1), IsTextType(row(1)), row(2) != "0"});
-      });
+  for (const auto& row : Ask(scratch, "table_info", table.name)) {
+    if (row[kKey] != "0") {
+      keyColumns.push_back(table.columns.size());
+    }
+    table.columns.push_back({row[kName], row[kType], IsTextType(row[kType]), row[kNotNull] != "0"});
+  }
+  if (table.columns.empty()) {
+    throw DatabaseError(kMalformed);
+  }
   if (keyColumns.size() == 1 &&
       SameName(table.columns[keyColumns.front()].declaredType, "INTEGER")) {
     table.rowIdColumn = keyColumns.front();
   }
 }
 
-/// The columns of an index by its name in the scratch database; none if one isn't a plain column.
-std::vector<std::size_t> ReadIndexColumns(Scratch& scratch, const std::string& name) {
+/// The columns of an index by the library's name for it; none if one isn't a plain column.
+std::vector<std::size_t> ReadIndexColumns(Connection& scratch, const std::string& name) {
+  enum : std::size_t { kColumn = 1 };
   std::vector<std::size_t> columns;
-  bool isPlain = true;
-  scratch.ForEachRow("SELECT cid FROM pragma_index_info(?1)", name, [&](const Scratch::Row& row) {
-    const int column = std::stoi(row(0));
-    isPlain = isPlain && column >= 0;
-    columns.push_back(static_cast<std::size_t>(std::max(column, 0)));
-  });
-  return isPlain ? columns : std::vector<std::size_t>{};
+  for (const auto& row : Ask(scratch, "index_info", name)) {
+    const int column = std::stoi(row[kColumn]);
+    if (column < 0) {
+      return {};
+    }
+    columns.push_back(static_cast<std::size_t>(column));
+  }
+  return columns;
 }
 
 /// The name in a file of the index that the library calls `sqlite_autoindex_P_1`.
@@ -128,20 +79,18 @@ const CatalogObject* FindIndex(const std::vector<CatalogObject>& objects, std::s
   return found == objects.end() ? nullptr : &*found;
 }
 
-void ReadIndexes(Scratch& scratch, const std::vector<CatalogObject>& objects, Table& table) {
-  scratch.ForEachRow(
-      "SELECT name,\"unique\",origin FROM pragma_index_list"
-      "((SELECT name FROM sqlite_master WHERE type='table')) WHERE ?1 IS NOT NULL ORDER BY seq "
-      "DESC",
-      table.name, [&](const Scratch::Row& row) {
-        Index index;
-        index.name = row(2) == "c" ? row(0) : OwnIndexName(table.name, row(0));
-        index.columns = ReadIndexColumns(scratch, row(0));
-        index.isUnique = row(1) != "0";
-        const CatalogObject* object = FindIndex(objects, index.name);
-        index.rootPage = object == nullptr ? 0 : object->rootPage;
-        table.indexes.push_back(index);
-      });
+void ReadIndexes(Connection& scratch, const std::vector<CatalogObject>& objects, Table& table) {
+  enum : std::size_t { kName = 1, kUnique, kOrigin };
+  for (const auto& row : Ask(scratch, "index_list", table.name)) {
+    Index index;
+    index.name = row[kOrigin] == "c" ? row[kName] : OwnIndexName(table.name, row[kName]);
+    index.columns = ReadIndexColumns(scratch, row[kName]);
+    index.isUnique = row[kUnique] != "0";
+    const CatalogObject* object = FindIndex(objects, index.name);
+    index.rootPage = object == nullptr ? 0 : object->rootPage;
+    table.indexes.push_back(index);
+  }
+  std::ranges::reverse(table.indexes);  // told from the newest to the oldest
 }
 
 /// Adds the indexes of a table that the library didn't understand.
@@ -158,55 +107,49 @@ void AddUnknownIndexes(const std::vector<CatalogObject>& objects, Table& table) 
   }
 }
 
-bool IsSearchable(const Table& table, const Index& index) {
-  return !index.columns.empty() && std::ranges::all_of(index.columns, [&table](std::size_t column) {
-    return table.columns[column].isText;
-  });
-}
-
-void CreateTable(Scratch& scratch, const CatalogObject& table) {
-  if (!table.sql || !scratch.Create(*table.sql)) {
-    throw DatabaseError(scratch.Message());
-  }
-}
-
 }  // namespace
 
 Table DescribeTable(const CatalogObject& object, const std::vector<CatalogObject>& objects,
                     bool isPresentFormat) {
-  Scratch scratch;
-  CreateTable(scratch, object);
+  Connection scratch;
+  scratch.Declare(object.sql.value_or(""));
   for (const CatalogObject& index : objects) {
     if (index.type == "index" && index.sql && SameName(index.tableName, object.name)) {
-      std::ignore = scratch.Create(*index.sql);
+      scratch.DeclareIfUnderstood(*index.sql);
     }
   }
   Table table;
   table.name = object.name;
-  table.sql = *object.sql;
+  table.sql = object.sql.value_or("");
   table.rootPage = object.rootPage;
   ReadColumns(scratch, table);
   ReadIndexes(scratch, objects, table);
   AddUnknownIndexes(objects, table);
   for (Index& index : table.indexes) {
-    index.isSearchable = isPresentFormat && IsSearchable(table, index);
+    index.isSearchable = isPresentFormat && IsOnText(table, index);
   }
   return table;
 }
 
+bool IsOnText(const Table& table, const Index& index) {
+  return !index.columns.empty() && std::ranges::all_of(index.columns, [&table](std::size_t column) {
+    return table.columns[column].isText;
+  });
+}
+
 void CheckIndex(const CatalogObject& table, const CatalogObject& index) {
-  Scratch scratch;
-  CreateTable(scratch, table);
-  if (scratch.Create(*index.sql)) {
-    return;
-  }
-  constexpr std::string_view kNoColumn = "no such column: ";
-  const std::string message = scratch.Message();
-  if (message.starts_with(kNoColumn)) {
+  Connection scratch;
+  scratch.Declare(table.sql.value_or(""));
+  try {
+    scratch.Declare(index.sql.value_or(""));
+  } catch (const DatabaseError& failure) {
+    constexpr std::string_view kNoColumn = "no such column: ";
+    if (!failure.Text().starts_with(kNoColumn)) {
+      throw;
+    }
     throw DatabaseError("table " + table.name + " has no column named " +
-                        message.substr(kNoColumn.size()));
+                        failure.Text().substr(kNoColumn.size()));
   }
-  throw DatabaseError(message);
 }
 
 }  // namespace lexmill::platform::sqlite

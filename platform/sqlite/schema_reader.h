@@ -17,6 +17,9 @@ namespace lexmill::platform::sqlite {
 [[nodiscard]] Table DescribeTable(const CatalogObject& table,
                                   const std::vector<CatalogObject>& objects, bool isPresentFormat);
 
+/// Whether an index is understood and all its columns are text.
+[[nodiscard]] bool IsOnText(const Table& table, const Index& index);
+
 /// Makes sure that an index statement for a table makes sense.
 /// @throws DatabaseError such as `table R has no column named zz`
 void CheckIndex(const CatalogObject& table, const CatalogObject& index);

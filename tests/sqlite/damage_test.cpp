@@ -145,6 +145,23 @@ TEST_F(Damage, LoopsAreMalformed) {
   }
 }
 
+TEST_F(Damage, StatementsOfAFileAreNotCarriedOut) {
+  Change([this](Database& database) {
+    MakeR(database, true);
+    Write(database, [&] {
+      database.CreateOther("table", "X", "X",
+                           "CREATE TABLE X AS WITH RECURSIVE c(n) AS "
+                           "(SELECT 1 UNION ALL SELECT n+1 FROM c) SELECT n FROM c");
+      database.CreateOther("index", "e", "R", "ATTACH '" + path_ + ".other' AS e");
+      database.CreateOther("index", "f", "R", "VACUUM INTO '" + path_ + ".other'");
+    });
+  });
+  Database database(path_);
+  EXPECT_TRUE(Rows(database, "R").empty());
+  EXPECT_NE(ErrorOf([&] { std::ignore = database.FindTable("X"); }), "");
+  EXPECT_EQ(folder_.Listing(), "t.db");
+}
+
 TEST_F(Damage, OlderFormatIsBroughtUpToDateByTheFirstChange) {
   MakeGood();
   std::string bytes = good_;
