@@ -120,7 +120,8 @@ class Workbench:
             for file in contender.folder.glob(pattern):
                 file.unlink()
         done = subprocess.run([self.bench / "measure", *contender.command], cwd=contender.folder,
-                              capture_output=True, text=True, check=True)
+                              capture_output=True, check=True, encoding="utf-8",
+                              errors="replace")
         result = json.loads(done.stdout)
         if result["exit"] != 0:
             raise SystemExit(f"{contender.name} failed:\n{done.stderr}")

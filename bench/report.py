@@ -105,7 +105,7 @@ def goals_table(results, many_hits, square_peak):
         goals.ratio("untranslated text, of the plain shell" + at, figures,
                     names.TEXT_RUN, names.PLAIN_TEXT, 0.40)
     small, large = 100_000, max(results)
-    if large >= 1_000_000:
+    if large >= 1_000_000 and small in results:
         run, before = results[large][names.GLOSSARY_RUN], results[small][names.GLOSSARY_RUN]
         goals.ratio("whole run, of msgmerge, 1,000,000 entries", results[large],
                     names.GLOSSARY_RUN, names.MSGMERGE, 0.20)

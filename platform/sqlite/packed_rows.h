@@ -12,7 +12,8 @@
 
 namespace lexmill::platform::sqlite {
 
-/// As many rows as fit into a number of megabytes, closely packed.
+/// As many rows as fit into a number of megabytes, closely packed: a text that the row's first one
+/// holds takes no room of its own.
 class PackedRows {
  public:
   static constexpr std::uint32_t kNoPlace = UINT32_MAX;
