@@ -93,7 +93,7 @@ constexpr std::array kRows = {
     Row{u"lblAuthorName", kNoIndex, u"Lexmill 开发组", u"picState", {4260, 180, 2400, 180}},
     Row{u"lblDate", kNoIndex, u"2026", u"picState", {5640, 660, 1020, 180}},
     Row{u"LabelWeb", kNoIndex, u"https://lexmill.example", u"picState", {4260, 420, 2400, 180}},
-    Row{u"LabelEmail", kNoIndex, u"info@lexmill.example", u"picState", {4260, 660, 1980, 180}},
+    Row{u"LabelEmail", kNoIndex, u"hi@lexmill.example", u"picState", {4260, 660, 1980, 180}},
     Row{u"Line2", kNoIndex, u"", u"", {120, 945, 6795, 0}},
     Row{u"Line1", kNoIndex, u"", u"", {120, 960, 6795, 0}},
     Row{u"LineO1", kNoIndex, u"", u"fraOptAdv", {120, 960, 6555, 0}},

@@ -13,6 +13,14 @@ void LetMouseThrough(QWidget& widget) {
   widget.setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
+// A frame one pixel wide. Filled, not drawn: a pen loses pixels at scales that are no whole number.
+void FillFrame(QPainter& painter, const QRect& room, const QColor& color) {
+  painter.fillRect(QRect(room.topLeft(), QSize(room.width(), 1)), color);
+  painter.fillRect(QRect(room.bottomLeft(), QSize(room.width(), 1)), color);
+  painter.fillRect(QRect(room.topLeft(), QSize(1, room.height())), color);
+  painter.fillRect(QRect(room.topRight(), QSize(1, room.height())), color);
+}
+
 }  // namespace
 
 LineWidget::LineWidget(const Line& line, QWidget& parent) : QWidget(&parent), line_(line) {
@@ -25,9 +33,14 @@ void LineWidget::ShowPlace() {
 }
 
 void LineWidget::paintEvent(QPaintEvent* /*event*/) {
+  const QColor color = ToQt(line_.ForeColor(), palette(), QPalette::WindowText);
   QPainter painter(this);
-  painter.setPen(ToQt(line_.ForeColor(), palette(), QPalette::WindowText));
-  painter.drawLine(rect().topLeft(), rect().bottomRight());
+  if (width() == 1 || height() == 1) {
+    painter.fillRect(rect(), color);
+  } else {
+    painter.setPen(color);
+    painter.drawLine(rect().topLeft(), rect().bottomRight());
+  }
 }
 
 ShapeWidget::ShapeWidget(const Shape& shape, QWidget& parent) : QWidget(&parent), shape_(shape) {
@@ -36,9 +49,8 @@ ShapeWidget::ShapeWidget(const Shape& shape, QWidget& parent) : QWidget(&parent)
 
 void ShapeWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(ToQt(shape_.ForeColor(), palette(), QPalette::WindowText));
-  painter.setBrush(ToQt(shape_.BackColor(), palette(), QPalette::Window));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.fillRect(rect(), ToQt(shape_.BackColor(), palette(), QPalette::Window));
+  FillFrame(painter, rect(), ToQt(shape_.ForeColor(), palette(), QPalette::WindowText));
 }
 
 ImageWidget::ImageWidget(QWidget& parent) : QWidget(&parent) {
@@ -66,8 +78,7 @@ void PanelWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), ToQt(panel_.BackColor(), palette(), QPalette::Window));
   }
   if (panel_.Border()) {
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    FillFrame(painter, rect(), palette().color(QPalette::Dark));
   }
 }
 

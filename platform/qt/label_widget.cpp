@@ -25,17 +25,20 @@ Qt::Alignment ToQt(Alignment alignment) {
   return Qt::AlignLeft;
 }
 
-// `place` made as large as `text` needs, towards the sides that the alignment leaves free.
+// `place` made as large as `text` needs: to the sides that the alignment leaves free, and upwards
+// more than downwards, since lines have more room of their own above the characters and often a
+// field below.
 QRect Flowing(const QRect& place, const QSize& text, Alignment alignment) {
   const int across = std::max(0, text.width() - place.width());
   const int down = std::max(0, text.height() - place.height());
+  const int above = down - down / 3;
   int toLeft = 0;
   if (alignment == Alignment::Right) {
     toLeft = across;
   } else if (alignment == Alignment::Center) {
     toLeft = across / 2;
   }
-  return place.adjusted(-toLeft, -(down / 2), across - toLeft, down - down / 2);
+  return place.adjusted(-toLeft, -above, across - toLeft, down - above);
 }
 
 // The caption without its hot key marks.

@@ -7,7 +7,8 @@
 
 namespace lexmill {
 
-/// The bytes of a PNG file of 256 by 48 pixels. Lives as long as the program.
+/// The bytes of a PNG file, drawn three times as large as its place of 256 by 48 pixels, so that it
+/// is sharp on every screen. They live as long as the program.
 [[nodiscard]] std::string_view BannerPicture();
 
 }  // namespace lexmill
