@@ -2,6 +2,8 @@
 #include "run/dictionary_format.h"
 
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "foundation/cInifile.h"
@@ -33,12 +35,16 @@ using Columns = std::vector<std::u16string>;
 std::optional<Columns> ReadGlossaryHead(std::u16string_view path) {
   auto stream = platform::FileSystemObject().OpenTextFile(path, EncodingOf(path));
   Columns head;
+  std::u16string line;
   int found = 0;
   do {
-    const auto line = stream.ReadLine();
-    if (!platform::Contains(line, kTab)) {
+    // A text has no TAB from its first line to its last, so only lines with one are worth decoding.
+    const std::string_view bytes = stream.ReadLineBytes();
+    if (bytes.find('\t') == std::string_view::npos) {
       continue;
     }
+    line.clear();
+    platform::DecodeText(stream.Encoding(), bytes, line);
     if (HasOneTab(line)) {
       ++found;
     }
