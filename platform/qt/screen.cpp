@@ -59,6 +59,8 @@ bool IsScreenThere() {
 
 Screen::Screen(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName(qt::ToQt(kApplicationTitle));
+  // By this name desktops find the icon and the menu entry.
+  setDesktopFileName(QStringLiteral("lexmill"));
   // The places are drawn for narrow edges, which other styles don't have; colours stay the user's.
   setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QFont windowFont = font();
