@@ -48,7 +48,6 @@ class LexmillRun : public testing::Test {
     platform::HostFile file;
   };
 
-  OrdinaryUser user_;
   TemporaryFolder programs_;
   TemporaryFolder folder_;
 };
@@ -121,7 +120,12 @@ TEST_F(LexmillRun, TellsWhatFails) {
 
 TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
   WriteBytes(folder_.File("final"), "old");
-  std::filesystem::permissions(folder_.Path() / "final", std::filesystem::perms::owner_read);
+  using std::filesystem::perms;
+  std::filesystem::permissions(folder_.Path() / "final", perms::owner_read | perms::others_read);
+  for (const auto* folder : {&programs_, &folder_}) {
+    std::filesystem::permissions(folder->Path(), perms::all);
+  }
+  const OrdinaryUser user;
   EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
   EXPECT_NE(Errors().find("错误:70"), std::string::npos) << Errors();
   EXPECT_EQ(ReadBytes(folder_.File("final")), "old");
