@@ -121,7 +121,8 @@ TEST_F(LexmillRun, TellsWhatFails) {
 TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
   WriteBytes(folder_.File("final"), "old");
   using std::filesystem::perms;
-  std::filesystem::permissions(folder_.Path() / "final", perms::owner_read | perms::others_read);
+  std::filesystem::permissions(folder_.Path() / "final",
+                               perms::owner_read | perms::group_read | perms::others_read);
   for (const auto* folder : {&programs_, &folder_}) {
     std::filesystem::permissions(folder->Path(), perms::all);
   }
