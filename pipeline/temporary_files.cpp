@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pipeline/temporary_files.h"
 
+#include <utility>
+
 #include "foundation/entry_point.h"
 #include "platform/file_system.h"
 #include "run/shared/file_extension.h"
@@ -9,31 +11,51 @@
 namespace lexmill {
 namespace {
 
-std::u16string DrawName(const std::u16string& extension) {
+using Reservations = std::vector<platform::NameReservation>;
+
+// There are a million names. Where so many draws find none, the folder is not ours to judge.
+constexpr int kMostDraws = 1000;
+
+std::u16string DrawName(const std::u16string& extension, Reservations& reservations) {
   const platform::FileSystemObject files;
-  return modMain::ChangeFileExtension(files.GetTempName(), extension);
+  std::u16string name;
+  for (int i = 0; i < kMostDraws; ++i) {
+    name = modMain::ChangeFileExtension(files.GetTempName(), extension);
+    if (auto taken = platform::NameReservation::Take(InAppPath(name))) {
+      reservations.push_back(std::move(*taken));
+      break;
+    }
+  }
+  return name;
+}
+
+void Restart(Reservations& reservations) {
+  reservations.clear();
+  platform::RemoveStaleReservations(TheRun().AppPath);
 }
 
 }  // namespace
 
 void DrawNames(GlossaryRunFiles& files) {
-  files.sDbFile = DrawName(u".db");
-  files.sRefSqlFile = DrawName(u".sql");
-  files.sToDoSqlFile = DrawName(u".sql");
-  files.sReadyFile = DrawName(u".txt");
-  files.sBatFile = InAppPath(DrawName(u".bat"));
+  Restart(files.reservations);
+  files.sDbFile = DrawName(u".db", files.reservations);
+  files.sRefSqlFile = DrawName(u".sql", files.reservations);
+  files.sToDoSqlFile = DrawName(u".sql", files.reservations);
+  files.sReadyFile = DrawName(u".txt", files.reservations);
+  files.sBatFile = InAppPath(DrawName(u".bat", files.reservations));
 }
 
 void DrawNames(TextRunFiles& files) {
-  files.sDbFile = DrawName(u".db");
-  files.sRefSqlFile = DrawName(u".sql");
-  files.sEntrySqlFile = DrawName(u".sql");
-  files.sToDoSqlFile = DrawName(u".sql");
-  files.sUpdateSqlFile = DrawName(u".sql");
-  files.sReadyFile = DrawName(u".txt");
-  files.sLineFile = DrawName(u".txt");
-  files.sBatFile = InAppPath(DrawName(u".bat"));
-  files.sBatFile2 = InAppPath(DrawName(u".bat"));
+  Restart(files.reservations);
+  files.sDbFile = DrawName(u".db", files.reservations);
+  files.sRefSqlFile = DrawName(u".sql", files.reservations);
+  files.sEntrySqlFile = DrawName(u".sql", files.reservations);
+  files.sToDoSqlFile = DrawName(u".sql", files.reservations);
+  files.sUpdateSqlFile = DrawName(u".sql", files.reservations);
+  files.sReadyFile = DrawName(u".txt", files.reservations);
+  files.sLineFile = DrawName(u".txt", files.reservations);
+  files.sBatFile = InAppPath(DrawName(u".bat", files.reservations));
+  files.sBatFile2 = InAppPath(DrawName(u".bat", files.reservations));
 }
 
 std::u16string InAppPath(std::u16string_view name) {

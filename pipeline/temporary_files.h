@@ -6,33 +6,40 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/name_reservation.h"
 
 namespace lexmill {
 
 /// The temporary files of a run that ends in a glossary. Names are bare, since the batch runs in
 /// the program's folder; only the batch script is a full path.
 struct GlossaryRunFiles {
-  std::u16string sDbFile;       ///< work database
-  std::u16string sRefSqlFile;   ///< reference script
-  std::u16string sToDoSqlFile;  ///< untranslated script
-  std::u16string sReadyFile;    ///< ready dictionary
-  std::u16string sBatFile;      ///< batch script, full path
+  std::u16string sDbFile;                               ///< work database
+  std::u16string sRefSqlFile;                           ///< reference script
+  std::u16string sToDoSqlFile;                          ///< untranslated script
+  std::u16string sReadyFile;                            ///< ready dictionary
+  std::u16string sBatFile;                              ///< batch script, full path
+  std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 
 /// The temporary files of a run that ends in a text.
 struct TextRunFiles {
-  std::u16string sDbFile;         ///< work database
-  std::u16string sRefSqlFile;     ///< reference script
-  std::u16string sEntrySqlFile;   ///< entries script
-  std::u16string sToDoSqlFile;    ///< untranslated script
-  std::u16string sUpdateSqlFile;  ///< update script
-  std::u16string sReadyFile;      ///< ready dictionary
-  std::u16string sLineFile;       ///< line listing
-  std::u16string sBatFile;        ///< first batch script, full path
-  std::u16string sBatFile2;       ///< second batch script, full path
+  std::u16string sDbFile;                               ///< work database
+  std::u16string sRefSqlFile;                           ///< reference script
+  std::u16string sEntrySqlFile;                         ///< entries script
+  std::u16string sToDoSqlFile;                          ///< untranslated script
+  std::u16string sUpdateSqlFile;                        ///< update script
+  std::u16string sReadyFile;                            ///< ready dictionary
+  std::u16string sLineFile;                             ///< line listing
+  std::u16string sBatFile;                              ///< first batch script, full path
+  std::u16string sBatFile2;                             ///< second batch script, full path
+  std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 
-/// Draws every name anew, in the order of the members. Nothing is created.
+/// Draws every name anew, in the order of the members. No file of these names is created, and none
+/// is there: a name that another run of this folder keeps, or that a killed run has left a file
+/// under, is drawn again.
 void DrawNames(GlossaryRunFiles& files);
 void DrawNames(TextRunFiles& files);
 

@@ -14,8 +14,9 @@ ClockOverride& Override() {
   return clock;
 }
 
+// Two programs that start at the same time have to draw different names for their files.
 std::mt19937_64& Generator() {
-  static std::mt19937_64 generator;
+  static std::mt19937_64 generator{std::random_device{}()};
   return generator;
 }
 

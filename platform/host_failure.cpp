@@ -9,7 +9,8 @@ namespace lexmill::platform {
 namespace {
 
 FailureNumber TransferNumber(int error) {
-  return error == ENOSPC || error == EDQUOT ? FailureNumber::DiskFull : FailureNumber::DeviceError;
+  const bool isFull = error == ENOSPC || error == EDQUOT || error == EFBIG;
+  return isFull ? FailureNumber::DiskFull : FailureNumber::DeviceError;
 }
 
 bool HasFolder(const std::string& path) {

@@ -2,6 +2,7 @@
 #include "platform/host_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,8 @@
 #include <filesystem>
 #include <tuple>
 #include <utility>
+
+#include "platform/host_faults.h"
 
 namespace lexmill::platform {
 namespace {
@@ -22,8 +25,9 @@ const char* HostName(const std::string& path) {
 
 /// Repeats a system call as long as signals interrupt it.
 template <class Call>
-auto Uninterrupted(Call call) {
-  auto result = call();
+auto Uninterrupted(HostCall kind, Call call) {
+  using Result = decltype(call());
+  auto result = HostFaults::Strike(kind) ? Result{-1} : call();
   while (result < 0 && errno == EINTR) {
     result = call();
   }
@@ -33,10 +37,10 @@ auto Uninterrupted(Call call) {
 /// Carries a transfer on until `total` bytes are through or a step moves none.
 /// @return bytes moved; none if a step fails
 template <class Step>
-std::optional<std::size_t> TransferAll(std::size_t total, Step step) {
+std::optional<std::size_t> TransferAll(HostCall kind, std::size_t total, Step step) {
   std::size_t done = 0;
   while (done < total) {
-    const ssize_t moved = Uninterrupted([&step, done] { return step(done); });
+    const ssize_t moved = Uninterrupted(kind, [&step, done] { return step(done); });
     if (moved < 0) {
       return std::nullopt;
     }
@@ -66,6 +70,7 @@ FileStatus ToFileStatus(const struct stat& host) {
   status.permissions = host.st_mode & 07777U;
   status.owner = host.st_uid;
   status.group = host.st_gid;
+  status.links = host.st_nlink;
   return status;
 }
 
@@ -86,7 +91,7 @@ HostFile::~HostFile() {
 }
 
 HostFile HostFile::Open(const std::string& path, int flags, unsigned mode) {
-  const int descriptor = Uninterrupted([&path, flags, mode] {
+  const int descriptor = Uninterrupted(HostCall::Open, [&path, flags, mode] {
     return open(HostName(path), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode);
   });
   if (descriptor >= 0 && (flags & O_NONBLOCK) == 0) {
@@ -97,39 +102,45 @@ HostFile HostFile::Open(const std::string& path, int flags, unsigned mode) {
 }
 
 std::optional<std::size_t> HostFile::Read(std::span<char> buffer) {
-  const ssize_t count =
-      Uninterrupted([this, buffer] { return read(descriptor_, buffer.data(), buffer.size()); });
+  const ssize_t count = Uninterrupted(
+      HostCall::Read, [this, buffer] { return read(descriptor_, buffer.data(), buffer.size()); });
   return count < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(count));
 }
 
 std::optional<std::size_t> HostFile::ReadAt(std::span<char> buffer, std::int64_t offset) const {
-  return TransferAll(buffer.size(), [this, buffer, offset](std::size_t done) {
+  return TransferAll(HostCall::Read, buffer.size(), [this, buffer, offset](std::size_t done) {
     return pread(descriptor_, buffer.data() + done, buffer.size() - done,
                  offset + static_cast<std::int64_t>(done));
   });
 }
 
 bool HostFile::Write(std::string_view bytes) {
-  const auto moved = TransferAll(bytes.size(), [this, bytes](std::size_t done) {
+  const auto moved = TransferAll(HostCall::Write, bytes.size(), [this, bytes](std::size_t done) {
     return write(descriptor_, bytes.data() + done, bytes.size() - done);
   });
   return IsWhole(moved, bytes.size());
 }
 
 bool HostFile::WriteAt(std::string_view bytes, std::int64_t offset) {
-  const auto moved = TransferAll(bytes.size(), [this, bytes, offset](std::size_t done) {
-    return pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
-                  offset + static_cast<std::int64_t>(done));
-  });
+  const auto moved =
+      TransferAll(HostCall::Write, bytes.size(), [this, bytes, offset](std::size_t done) {
+        return pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
+                      offset + static_cast<std::int64_t>(done));
+      });
   return IsWhole(moved, bytes.size());
 }
 
 bool HostFile::Synchronise() {
-  return Uninterrupted([this] { return fsync(descriptor_); }) == 0;
+  return Uninterrupted(HostCall::Synchronise, [this] { return fsync(descriptor_); }) == 0;
 }
 
 bool HostFile::Truncate(std::int64_t size) {
-  return Uninterrupted([this, size] { return ftruncate(descriptor_, size); }) == 0;
+  return Uninterrupted(HostCall::Truncate, [this, size] { return ftruncate(descriptor_, size); }) ==
+         0;
+}
+
+bool HostFile::TryLock() {
+  return flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 void HostFile::TakeOver(const FileStatus& status) {
@@ -153,7 +164,8 @@ bool HostFile::Close() {
     return true;
   }
   // Not repeated when interrupted: the descriptor is gone by then and may be another file's.
-  return close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR;
+  const bool isClosed = close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR;
+  return !HostFaults::Strike(HostCall::Close) && isClosed;
 }
 
 std::optional<FileStatus> StatusOf(const std::string& path) {
@@ -187,11 +199,11 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 }
 
 bool RenameFile(const std::string& from, const std::string& to) {
-  return rename(HostName(from), HostName(to)) == 0;
+  return !HostFaults::Strike(HostCall::Rename) && rename(HostName(from), HostName(to)) == 0;
 }
 
 bool RemoveFile(const std::string& path) {
-  return unlink(HostName(path)) == 0;
+  return !HostFaults::Strike(HostCall::Remove) && unlink(HostName(path)) == 0;
 }
 
 }  // namespace lexmill::platform

@@ -20,6 +20,7 @@ struct FileStatus {
   unsigned permissions = 0;  ///< the host's mode bits, without the kind
   unsigned owner = 0;
   unsigned group = 0;
+  std::uint64_t links = 0;  ///< names that it has; 0 for a file that was removed while open
 };
 
 /// An open file. Closed by its destructor. Functions report failure by `errno`, as the host does:
@@ -57,6 +58,9 @@ class HostFile {
   [[nodiscard]] bool Synchronise();
   /// Cuts or extends the file to `size` bytes.
   [[nodiscard]] bool Truncate(std::int64_t size);
+  /// Locks the file against everybody who locks it in this way, through another open file, until it
+  /// is closed. Doesn't wait. @return false if somebody has it; true where the host has no locks
+  [[nodiscard]] bool TryLock();
   /// Gives the file the owner, the group and the read, write and execute permissions of `status`,
   /// as far as this user may.
   void TakeOver(const FileStatus& status);

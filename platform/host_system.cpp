@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host_system.h"
 
+#include <csignal>
 #include <cstdlib>
+#include <tuple>
 
 #include "platform/host_path.h"
 
@@ -21,6 +23,10 @@ std::uint32_t GetVersion() {
 
 void SetVersion(std::uint32_t version) {
   Version() = version;
+}
+
+void SurviveFileSizeLimit() {
+  std::ignore = std::signal(SIGXFSZ, SIG_IGN);
 }
 
 std::u16string EnvironmentVariable(std::u16string_view name) {

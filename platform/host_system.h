@@ -18,6 +18,10 @@ void SetVersion(std::uint32_t version);
 /// The environment variable `name`; empty if it is not set.
 [[nodiscard]] std::u16string EnvironmentVariable(std::u16string_view name);
 
+/// From now on a write beyond the host's limit for the size of a file fails as one on a full disk
+/// does, in this process and in the programs that it starts; otherwise it would end the process.
+void SurviveFileSizeLimit();
+
 /// Console output in the page of text files. The host has one page for both, so that every byte
 /// stays as it is. The result shares the life of `bytes`.
 [[nodiscard]] constexpr std::string_view OemToAnsi(std::string_view bytes) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/command_line.h"
+#include "platform/host_faults.h"
 #include "platform/program_start.h"
 
 namespace lexmill::platform {
@@ -85,7 +86,7 @@ bool WaitForInput(const HostFile& file) {
 
 std::optional<Pipe> CreatePipe() {
   std::array<int, 2> ends = {};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+  if (HostFaults::Strike(HostCall::Start) || pipe2(ends.data(), O_CLOEXEC) != 0) {
     return std::nullopt;
   }
   return Pipe{HostFile(ends[0]), HostFile(ends[1])};
@@ -102,6 +103,10 @@ std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer) {
   const auto count = readEnd.Read(buffer);
   if (count && *count > 0) {
     return count;
+  }
+  if (!count) {
+    // The caller goes on as if the child were gone, so it must not write behind the caller's back.
+    EndChildProcesses();
   }
   ForgetEndedSoon();
   return std::nullopt;

@@ -28,7 +28,7 @@ struct Pipe {
 /// Reads what has arrived, at most `buffer.size()` bytes; waits for the first byte. While it waits,
 /// the function of SetWaiting runs in short steps.
 /// @return number of bytes, never 0; none when the pipe is broken (its last writer is gone) or if
-///   it can't be read
+///   it can't be read; in that case all child processes are ended
 [[nodiscard]] std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer);
 
 /// How a child is started. A null handle gives the child an empty stream that takes everything.

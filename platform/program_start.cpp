@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "platform/host_faults.h"
 #include "platform/host_path.h"
 
 namespace lexmill::platform {
@@ -132,6 +133,9 @@ std::optional<int> StartProgram(const ProgramStart& start, ProcessGroup group) {
     errno = ENOENT;
     return std::nullopt;
   }
+  if (HostFaults::Strike(HostCall::Start)) {
+    return std::nullopt;
+  }
   const auto streams = StreamsForChild(start);
   if (!streams) {
     return std::nullopt;
@@ -164,7 +168,7 @@ std::optional<int> RunProgram(const ProgramStart& start) {
   int status = 0;
   while (waitpid(*process, &status, 0) < 0 && errno == EINTR) {
   }
-  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  return WIFSIGNALED(status) ? kExitBySignal + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 }  // namespace lexmill::platform

@@ -37,8 +37,15 @@ enum class ProcessGroup {
 ///   host refuses
 [[nodiscard]] std::optional<int> StartProgram(const ProgramStart& start, ProcessGroup group);
 
+/// The exit code of a program whose output may be a part of the whole, since it could not read or
+/// write to the end.
+inline constexpr int kExitBrokenStream = 74;
+/// Exit codes from here on tell of a signal.
+inline constexpr int kExitBySignal = 128;
+
 /// Starts a program in this process's group and waits for its end.
-/// @return its exit code, 128 plus the signal's number if a signal ended it; none as StartProgram
+/// @return its exit code, kExitBySignal plus the signal's number if a signal ended it; none as
+/// StartProgram
 [[nodiscard]] std::optional<int> RunProgram(const ProgramStart& start);
 
 }  // namespace lexmill::platform

@@ -9,6 +9,7 @@
 
 #include "platform/application.h"
 #include "platform/headless/headless.h"
+#include "platform/host_system.h"
 #include "platform/process.h"
 #include "platform/profile_file.h"
 #include "platform/program_start.h"
@@ -56,6 +57,8 @@ void EndChildrenWithUs() {
     std::signal(number, [](int received) { endingSignal = received; });
   }
   lexmill::platform::SetWaiting(EndIfAsked);
+  // A reader of our messages that goes away is no reason to leave the run half done.
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 // Shows the moving percentages where somebody watches.
@@ -92,6 +95,7 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  lexmill::platform::SurviveFileSizeLimit();
   lexmill::platform::ReadPlatformSettings();
   const auto arguments = lexmill::ReadConsoleArguments(
       {argv + (argc > 0 ? 1 : 0), static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});

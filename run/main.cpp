@@ -9,6 +9,7 @@
 #include "platform/application.h"
 #include "platform/dialogs.h"
 #include "platform/host_path.h"
+#include "platform/host_system.h"
 #include "platform/qt/screen.h"
 #include "run/modMain.h"
 #include "window/frmMain.h"
@@ -44,6 +45,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   lexmill::platform::qt::Screen screen(argc, argv);
+  lexmill::platform::SurviveFileSizeLimit();
   lexmill::platform::ReadPlatformSettings();
   EnterProgramFolder();
   return screen.Run(OpenWindow, TellReadOnlyFolder);

@@ -22,14 +22,19 @@ namespace lexmill::platform::batch {
 namespace {
 
 /// @return an object that is not open, and `errno`, if the file can't be had
-HostFile OpenRedirected(const std::string& path, bool isInput) {
-  HostFile file = HostFile::Open(path, isInput ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC);
+HostFile OpenInput(const std::string& path) {
+  HostFile file = HostFile::Open(path, O_RDONLY);
   const auto status = file.IsOpen() ? file.Status() : std::nullopt;
   if (status && status->kind == FileKind::Folder) {
     file.Close();
     errno = EISDIR;
   }
   return file;
+}
+
+/// True if a program that ended with `exitCode` may have written only a part of its output.
+bool IsBrokenOff(int exitCode) {
+  return exitCode == kExitBrokenStream || exitCode >= kExitBySignal;
 }
 
 }  // namespace
@@ -66,9 +71,14 @@ void Interpreter::Run(const BatchLine& line) {
     return;
   }
   Redirected files;
-  if (!Redirect(line.redirections, files) ||
-      !RunCommand(line, files.input.IsOpen() ? files.input : input_,
-                  files.output.IsOpen() ? files.output : output_)) {
+  isBrokenOff_ = false;
+  bool isDone = Redirect(line.redirections, files);
+  if (isDone) {
+    isDone = RunCommand(line, files.input.IsOpen() ? files.input : input_,
+                        files.output ? files.output->File() : output_);
+    isDone = CompleteOutput(files) && isDone;
+  }
+  if (!isDone) {
     exitCode_ = 1;
   }
 }
@@ -76,15 +86,46 @@ void Interpreter::Run(const BatchLine& line) {
 bool Interpreter::Redirect(std::span<const Redirection> redirections, Redirected& files) {
   for (const auto& redirection : redirections) {
     const std::string path = HostName(redirection.path);
-    HostFile& file = redirection.isInput ? files.input : files.output;
-    file = OpenRedirected(path, redirection.isInput);
-    if (!file.IsOpen()) {
-      PrintLine(error_, Describe(redirection.isInput ? FileFailure(errno, path)
-                                                     : FileFailure(errno, path)));
+    const bool isOpen =
+        redirection.isInput ? RedirectInput(path, files.input) : RedirectOutput(path, files);
+    if (!isOpen) {
       return false;
     }
   }
   return true;
+}
+
+bool Interpreter::RedirectInput(const std::string& path, HostFile& input) {
+  input = OpenInput(path);
+  if (!input.IsOpen()) {
+    PrintLine(error_, Describe(FileFailure(errno, path)));
+  }
+  return input.IsOpen();
+}
+
+bool Interpreter::RedirectOutput(const std::string& path, Redirected& files) {
+  if (!CompleteOutput(files)) {
+    return false;
+  }
+  files.output = ReplacementFile::Create(path);
+  files.outputPath = path;
+  if (!files.output) {
+    PrintLine(error_, Describe(FileFailure(errno, path)));
+  }
+  return files.output.has_value();
+}
+
+/// Puts the output in its place, or drops it if it was broken off.
+bool Interpreter::CompleteOutput(Redirected& files) {
+  if (!files.output || isBrokenOff_) {
+    return true;
+  }
+  const bool isDone = files.output->Commit(false);
+  if (!isDone) {
+    PrintLine(error_, Describe(FileFailure(errno, files.outputPath)));
+  }
+  files.output.reset();
+  return isDone;
 }
 
 bool Interpreter::RunCommand(const BatchLine& line, HostFile& input, HostFile& output) {
@@ -126,6 +167,7 @@ bool Interpreter::RunOther(const BatchLine& line, const HostFile& input, const H
     return false;
   }
   exitCode_ = *exitCode;
+  isBrokenOff_ = IsBrokenOff(*exitCode);
   return true;
 }
 

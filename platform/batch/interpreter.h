@@ -4,6 +4,7 @@
 // Stands for: the system's command interpreter, as far as the scripts of this system go.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,7 +15,9 @@
 namespace lexmill::platform::batch {
 
 /// Runs lines in this process's current directory. A line that fails prints why and the next one
-/// runs. Nothing is expanded, and nothing but blanks, quotes, `<`, `>`, and `@` has a meaning.
+/// runs. What a line sends to a file takes that file's place when the line has run; output that was
+/// broken off, since a signal ended its program or the program says so, takes no file's place.
+/// Nothing is expanded, and nothing but blanks, quotes, `<`, `>`, and `@` has a meaning.
 class Interpreter {
  public:
   /// The three files are the streams of what runs; they have to outlive this object.
@@ -36,12 +39,16 @@ class Interpreter {
   /// The files that a line's redirections have opened.
   struct Redirected {
     HostFile input;
-    HostFile output;
+    std::optional<ReplacementFile> output;
+    std::string outputPath;
   };
 
   void Show(std::u16string_view line);
   void Run(const BatchLine& line);
   [[nodiscard]] bool Redirect(std::span<const Redirection> redirections, Redirected& files);
+  [[nodiscard]] bool RedirectInput(const std::string& path, HostFile& input);
+  [[nodiscard]] bool RedirectOutput(const std::string& path, Redirected& files);
+  [[nodiscard]] bool CompleteOutput(Redirected& files);
   [[nodiscard]] bool RunCommand(const BatchLine& line, HostFile& input, HostFile& output);
   void Echo(std::u16string_view argument, HostFile& output);
   [[nodiscard]] bool RunOther(const BatchLine& line, const HostFile& input, const HostFile& output);
@@ -50,6 +57,7 @@ class Interpreter {
   HostFile& output_;
   HostFile& error_;
   bool isEchoOn_ = true;
+  bool isBrokenOff_ = false;  ///< the output of the line's program may be a part of the whole
   int exitCode_ = 0;
 };
 

@@ -8,9 +8,11 @@
 #include "platform/batch/interpreter.h"
 #include "platform/host_file.h"
 #include "platform/host_path.h"
+#include "platform/host_system.h"
 
 int main(int count, char** values) {
   namespace platform = lexmill::platform;
+  platform::SurviveFileSizeLimit();
   platform::ReadPlatformSettings();
 
   std::vector<std::u16string> arguments;

@@ -23,6 +23,9 @@ class DatabaseError {
   explicit DatabaseError(std::string_view text) : text_(text) {}
 
   [[nodiscard]] const std::string& Text() const { return text_; }
+  /// True if the host or the file is to blame, and not the statement: rows that were printed before
+  /// may be a part of the whole.
+  [[nodiscard]] bool IsOfTheFile() const;
 
  private:
   std::string text_;

@@ -7,10 +7,12 @@
 
 #include "platform/application.h"
 #include "platform/host_file.h"
+#include "platform/host_system.h"
 #include "platform/sqlite/shell.h"
 
 int main(int count, char** words) {
   using lexmill::platform::HostFile;
+  lexmill::platform::SurviveFileSizeLimit();
   lexmill::platform::ReadPlatformSettings();
   HostFile input(STDIN_FILENO);
   HostFile output(STDOUT_FILENO);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/program_start.h"
 #include "platform/sqlite/arguments.h"
 #include "platform/sqlite/database.h"
 #include "platform/sqlite/database_error.h"
@@ -61,7 +62,7 @@ class Shell {
     } catch (const DatabaseError& failure) {
       output_.Flush();
       TellError("SQL error: " + failure.Text(), streams_);
-      return kFailure;
+      return failure.IsOfTheFile() ? kExitBrokenStream : kFailure;
     }
   }
 
@@ -146,8 +147,10 @@ int RunShell(std::span<const std::string> words, const ShellStreams& streams) {
               streams);
   } catch (const StreamFailure& failure) {
     TellError(failure.text, streams);
+    return kExitBrokenStream;
   } catch (const std::bad_alloc&) {
     TellError("out of memory", streams);
+    return kExitBrokenStream;
   }
   return kFailure;
 }

@@ -200,16 +200,23 @@ TEST_F(InterpreterTest, RunsProgramsWithTheirRedirections) {
   }
 }
 
-TEST_F(InterpreterTest, OpensTheOutputBeforeTheProgramStarts) {
+TEST_F(InterpreterTest, PutsTheOutputInItsPlaceWhenTheLineHasRun) {
   struct Case {
     const char* line;
     const char* content;
   };
   constexpr Case kCases[] = {
-      {"cat data>  \"f\"", "content"}, {"cat f>f", ""},
-      {"printf %s a>f b", "ab"},       {"nosuch>f", ""},
-      {"echo x >f", "x \r\n"},         {">f echo y", "y\r\n"},
+      {"cat data>  \"f\"", "content"},
+      {"cat f>f", "something longer than the result"},
+      {"printf %s a>f b", "ab"},
+      {"nosuch>f", ""},
+      {"echo x >f", "x \r\n"},
+      {">f echo y", "y\r\n"},
       {"cat<data>\"f\"", "content"},
+      {"echo a>g >f", "a \r\n"},
+      {"sh -c \"echo a; exit 1\">f", "a\n"},
+      {"sh -c \"echo a; kill -9 $$\">f", "something longer than the result"},
+      {"sh -c \"echo a; exit 74\">f", "something longer than the result"},
   };
   for (const auto& row : kCases) {
     SCOPED_TRACE(row.line);
@@ -217,6 +224,8 @@ TEST_F(InterpreterTest, OpensTheOutputBeforeTheProgramStarts) {
     Run(std::string("@") + row.line);
     EXPECT_EQ(Content("f"), row.content);
     EXPECT_EQ(output_, "");
+    std::filesystem::remove(folder_.Path() / "g");
+    EXPECT_EQ(folder_.Listing(), "data f other sub");
   }
 }
 

@@ -62,6 +62,17 @@ TEST_F(BatchScript, LoadsJoinsAndCleansUpForAGlossary) {
             "del rad00001.db\n");
 }
 
+TEST_F(BatchScript, DrawsANameAnewThatIsTakenAlready) {
+  GlossaryRunFiles other;
+  DrawNames(other);  // takes rad00001.db
+  test::WriteBytes(world_.folder.File("rad00002.db"), "left by a run that was killed");
+  drawn_ = 0;
+  GlossaryRunFiles files;
+  DrawNames(files);
+  EXPECT_EQ(Readable(files.sDbFile), "rad00003.db");
+  EXPECT_EQ(Readable(files.sRefSqlFile), "rad00004.sql");
+}
+
 TEST_F(BatchScript, SavesThePurifiedDatabaseBeforeTheUntranslatedScript) {
   RunOptions().chkSaveRefDB = true;
   RunOptions().chkaKeepTmpFile = true;

@@ -168,9 +168,9 @@ TEST_F(TextStream, AFullDiskFailsAndLeavesTheOlderFile) {
   {
     TextWriter writer = Create();
     setrlimit(RLIMIT_FSIZE, &none);
-    EXPECT_EQ(FailureOf([&writer] { writer.Write(std::u16string(200'000, u'x')); }), 57);
+    EXPECT_EQ(FailureOf([&writer] { writer.Write(std::u16string(200'000, u'x')); }), 61);
     setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ(FailureOf([&writer] { writer.Write(u"y"); }), 57);
+    EXPECT_EQ(FailureOf([&writer] { writer.Write(u"y"); }), 61);
   }
   std::ignore = std::signal(SIGXFSZ, signalBefore);
   EXPECT_EQ(ReadBytes(path_), "older");
