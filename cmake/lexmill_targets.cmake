@@ -2,6 +2,7 @@
 
 option(LEXMILL_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
 option(LEXMILL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(LEXMILL_FUZZ "Build the fuzzers, with sanitizers; needs clang" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -22,6 +23,13 @@ if(LEXMILL_SANITIZE)
   target_compile_options(lexmill_settings INTERFACE -fsanitize=address,undefined
                                                     -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(lexmill_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(LEXMILL_FUZZ)
+  set(fuzz_flags -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+                 -fno-omit-frame-pointer)
+  target_compile_options(lexmill_settings INTERFACE ${fuzz_flags})
+  target_link_options(lexmill_settings INTERFACE ${fuzz_flags})
 endif()
 
 # lexmill_library(name sources...): a static library with the tree's settings.
