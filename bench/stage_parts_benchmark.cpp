@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <vector>
 
 #include "bench/dictionary_files.h"
 #include "bench/parts_data.h"
@@ -48,28 +49,29 @@ void Scanner(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kEntries);
 }
 
-void ReferenceRuleChain(benchmark::State& state) {
+template <class Rules, class Apply>
+void RuleChain(benchmark::State& state, const std::vector<DictionaryEntry>& entries, Apply apply) {
   const OptionSet options = FullOptions();
   platform::RegExp expression;
-  ReferenceRules rules(options, expression);
+  Rules rules(options, expression);
   for ([[maybe_unused]] auto round : state) {
-    for (const auto& entry : PartReferences()) {
-      benchmark::DoNotOptimize(rules.PurifyReference(entry.source, entry.target));
+    for (const auto& entry : entries) {
+      benchmark::DoNotOptimize(apply(rules, entry));
     }
   }
   state.SetItemsProcessed(state.iterations() * kEntries);
 }
 
+void ReferenceRuleChain(benchmark::State& state) {
+  RuleChain<ReferenceRules>(state, PartReferences(), [](auto& rules, const auto& entry) {
+    return rules.PurifyReference(entry.source, entry.target);
+  });
+}
+
 void UntranslatedRuleChain(benchmark::State& state) {
-  const OptionSet options = FullOptions();
-  platform::RegExp expression;
-  UntranslatedRules rules(options, expression);
-  for ([[maybe_unused]] auto round : state) {
-    for (const auto& entry : PartUntranslated()) {
-      benchmark::DoNotOptimize(rules.DecomposeUntranslated(entry.source, entry.target));
-    }
-  }
-  state.SetItemsProcessed(state.iterations() * kEntries);
+  RuleChain<UntranslatedRules>(state, PartUntranslated(), [](auto& rules, const auto& entry) {
+    return rules.DecomposeUntranslated(entry.source, entry.target);
+  });
 }
 
 void ScriptWriting(benchmark::State& state) {
