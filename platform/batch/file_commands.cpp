@@ -42,6 +42,13 @@ bool CopyContent(HostFile& from, HostFile& to) {
   }
 }
 
+/// A database beside which a journal stands was being changed when its writer died: its pages make
+/// sense with the journal alone, and a copy would pass for a whole one.
+bool IsHalfWritten(const std::string& source) {
+  const auto journal = StatusOf(source + "-journal");
+  return journal && journal->size > 0;
+}
+
 /// @return 0 if `target` is there in full; otherwise it is as it was, and why, as in `errno`
 int ReplaceByCopy(HostFile& source, const std::string& target) {
   auto copy = ReplacementFile::Create(target);
@@ -87,6 +94,10 @@ bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
   HostFile file = HostFile::Open(source, O_RDONLY);
   if (!file.IsOpen()) {
     PrintLine(streams.error, Describe(FileFailure(errno, source)));
+    return false;
+  }
+  if (IsHalfWritten(source)) {
+    PrintLine(streams.error, kAccessDenied);
     return false;
   }
   const std::string target = CopyTarget(source, HostName(names[1]));

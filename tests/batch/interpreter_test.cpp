@@ -143,6 +143,16 @@ TEST_F(InterpreterTest, CopiesAFileInOneStep) {
   EXPECT_EQ(folder_.Listing(), "a b data new other sub 译文");
 }
 
+TEST_F(InterpreterTest, CopiesNoDatabaseThatWasLeftHalfChanged) {
+  test::WriteBytes(folder_.File("data-journal"), "");
+  Run("@copy data first>nul");
+  test::WriteBytes(folder_.File("data-journal"), "pages");
+  Run("@copy data second>nul");
+  EXPECT_EQ(error_, "拒绝访问。\n");
+  EXPECT_EQ(Content("first"), "content");
+  EXPECT_EQ(Content("second"), "-");
+}
+
 TEST_F(InterpreterTest, DeletesByNameOnly) {
   test::WriteBytes(folder_.File("a b"), "");
   Run("@del data \"a b\"\n"
