@@ -203,9 +203,10 @@ TEST_F(UserGuide, ShowsWhatEachOptionDoes) {
   }
 }
 
-// A reader finds an option by the words that the window shows.
+// A reader finds an option by the words that the window shows, or by its name.
 TEST_F(UserGuide, CallsEachOptionAsTheWindowDoes) {
   const std::string guide = ReadBytes(kGuide);
+  const std::string manual = ReadBytes(u"../docs/lexmill-run.1");
   constexpr std::array kLabels = {
       std::pair{"txtLenLimit", "LabelO1"}, std::pair{"txtrAndXBK1", "LabelO3"},
       std::pair{"txtrAndXBK2", "LabelO3"}, std::pair{"txttAndXBK1", "LabelO2"},
@@ -222,6 +223,7 @@ TEST_F(UserGuide, CallsEachOptionAsTheWindowDoes) {
     }
     const std::string heading = "### " + caption + "（`" + example.option + "`";
     EXPECT_NE(guide.find(heading), std::string::npos) << heading;
+    EXPECT_NE(manual.find(example.option), std::string::npos) << example.option;
   }
 }
 

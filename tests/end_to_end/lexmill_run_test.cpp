@@ -75,6 +75,20 @@ TEST_F(LexmillRun, TakesOptionsInTheOrderSettingsPresetSingleOnes) {
   EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "&OPEN\t打开\n");
 }
 
+// Two that run at a time must not meet in a temporary file.
+TEST_F(LexmillRun, DrawsOtherNamesThanItsLastRun) {
+  for (const int runs : {1, 2}) {
+    EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkaKeepTmpFile=1"}), 0) << Errors();
+    const std::string names = programs_.Listing();
+    std::size_t drawn = 0;
+    for (std::size_t at = names.find("rad"); at != std::string::npos;
+         at = names.find("rad", at + 1)) {
+      ++drawn;
+    }
+    EXPECT_EQ(drawn, 5U * static_cast<unsigned>(runs)) << names;
+  }
+}
+
 TEST_F(LexmillRun, RefusesWrongArguments) {
   for (const auto& arguments : std::vector<std::vector<std::u16string>>{
            {},
