@@ -56,7 +56,7 @@ std::string Target(int i) {
   return "译文" + std::to_string(i);
 }
 
-/// All entries, each between `before` and a line end.
+/// A glossary of all entries, and below it a text of them, with targets that `target` gives.
 std::string Glossary(std::string (*target)(int)) {
   std::string lines = kHead;
   for (int i = 0; i < kEntries; ++i) {
