@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "platform/clock.h"
@@ -110,7 +111,9 @@ std::string ReadBinary(std::u16string_view path, std::int64_t offset, std::size_
   if (!file.IsOpen()) {
     throw BinaryFileFailure(errno, hostPath);
   }
-  std::string bytes(length, '\0');
+  // The size of a device or a file of the kernel tells nothing.
+  const auto left = file.Size().value_or(0) - offset;
+  std::string bytes(left > 0 ? std::min(length, static_cast<std::size_t>(left)) : length, '\0');
   const auto count = file.ReadAt(bytes, offset);
   if (!count) {
     throw BinaryFileFailure(errno, hostPath);
