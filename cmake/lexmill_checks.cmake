@@ -25,8 +25,7 @@ function(lexmill_check_headers)
 endfunction()
 
 # lexmill_tidy(targets...): the target `tidy` asks clang-tidy of each source of these targets, again
-# only when the source has been compiled again. clang-tidy 14 can't read every source of the room with
-# the toolkit's widgets, so that one is left to the compiler.
+# only when the source has been compiled again. Sources that a generator made are left out.
 function(lexmill_tidy)
   find_program(LEXMILL_CLANG_TIDY clang-tidy)
   if(NOT LEXMILL_CLANG_TIDY)

@@ -69,7 +69,7 @@ void SendKeys(std::u16string_view keys) {
   for (const auto& [known, key] : kNamedKeys) {
     if (name == known) {
       QMetaObject::invokeMethod(
-          window, [key, window] { Press(key, *window); }, Qt::QueuedConnection);
+          window, [key = key, window] { Press(key, *window); }, Qt::QueuedConnection);
     }
   }
 }

@@ -2,7 +2,6 @@
 #include "platform/qt/form_window.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -105,10 +104,11 @@ void FormWindow::Arrange() {
       mirror->Widget().setVisible(mirror->Shown().Visible());
     }
   }
+  const auto order = form_.FrontToBack();
   for (const bool drawing : {true, false}) {
-    for (const Control* control : std::views::reverse(form_.FrontToBack())) {
-      if (IsDrawing(control->Kind()) == drawing) {
-        WidgetOf(*control).raise();
+    for (auto control = order.rbegin(); control != order.rend(); ++control) {
+      if (IsDrawing((*control)->Kind()) == drawing) {
+        WidgetOf(**control).raise();
       }
     }
   }
