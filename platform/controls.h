@@ -2,6 +2,9 @@
 // platform: stands in for the desktop system; knows nothing of dictionaries.
 // The kinds of controls. Members that begin with User are what a user does to the control; whoever
 // shows it calls them. They do nothing while the control is not usable.
+//
+// A control is made for a window, which it enters, or for none; its events come on the caller's
+// thread, inside the member that causes them.
 #pragma once
 
 #include <cstddef>
@@ -20,8 +23,9 @@ class Label : public Control {
  public:
   explicit Label(const ControlIdentity& identity = {}) : Control(ControlKind::Label, identity) {}
 
-  Event<> Click;
-  Event<> DblClick;
+  Event<> Click;  ///< the user has clicked the label
+  Event<>
+      DblClick;  ///< the user has clicked it twice in quick succession; Click came for the first
   void UserClicks();
   void UserDoubleClicks();
 
@@ -81,12 +85,14 @@ class ComboBox : public Control {
   /// Sets the text and leaves the list alone. Also what the user types.
   void Text(std::u16string_view text);
 
+  /// Number of texts to choose from.
   [[nodiscard]] std::size_t ListCount() const { return list_.size(); }
   /// Entry `position`, from 0; empty beyond the end.
   [[nodiscard]] std::u16string_view List(std::size_t position) const;
   /// Replaces an entry, or adds one if `position` is the end.
   /// @throws Failure InvalidCall beyond the end; so do the next two
   void List(std::size_t position, std::u16string_view text);
+  /// Inserts an entry, so that it gets that position.
   void AddItem(std::u16string_view text, std::size_t position);
   void RemoveItem(std::size_t position);
 
@@ -123,7 +129,7 @@ class Button : public Control {
  public:
   explicit Button(const ControlIdentity& identity = {}) : Control(ControlKind::Button, identity) {}
 
-  Event<> Click;
+  Event<> Click;  ///< the user has pressed the button, with the mouse or a key
   void UserClicks();
 
   /// True for the window's button for the Enter key.
@@ -145,8 +151,10 @@ class OptionButton : public Control {
       : Control(ControlKind::OptionButton, identity) {}
 
   Event<> Click;  ///< the button has gone on, by whatever hand
+  /// The user presses the button, which goes on. Nothing if it is on.
   void UserClicks();
 
+  /// True while the button is on. Turning one on turns no other off.
   [[nodiscard]] bool Value() const { return value_; }
   void Value(bool on);
 
@@ -160,6 +168,7 @@ class PictureBox : public Control {
   explicit PictureBox(const ControlIdentity& identity = {})
       : Control(ControlKind::PictureBox, identity) {}
 
+  /// True if a line is drawn round the group.
   [[nodiscard]] bool Border() const { return border_; }
   void Border(bool border) { Assign(border_, border, ControlProperty::Look); }
 
@@ -202,6 +211,7 @@ class Shape : public Control {
 template <class T>
 class ControlArray {
  public:
+  /// Makes `count` controls for `form`, which must outlive them; null for none.
   ControlArray(Form* form, std::u16string_view name, std::int16_t count) {
     for (std::int16_t i = 0; i < count; ++i) {
       controls_.emplace_back(ControlIdentity{form, name, i});
@@ -212,6 +222,7 @@ class ControlArray {
   [[nodiscard]] T& operator()(std::int16_t index) { return controls_[Checked(index)]; }
   [[nodiscard]] const T& operator()(std::int16_t index) const { return controls_[Checked(index)]; }
 
+  /// Number of controls; the highest index is one less.
   [[nodiscard]] std::int16_t Count() const { return static_cast<std::int16_t>(controls_.size()); }
 
  private:

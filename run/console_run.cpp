@@ -8,11 +8,6 @@
 #include "window/frmMain.h"
 
 namespace lexmill {
-namespace {
-
-constexpr std::int16_t kRows = 4;
-
-}  // namespace
 
 bool SetOption(std::u16string_view name, std::u16string_view value) {
   platform::Control* control = frmMain::Instance().Window.Find(name);
@@ -61,7 +56,7 @@ std::string ProgressRows() {
   const frmMain& window = frmMain::Instance();
   const std::array titles{&window.lblSta1, &window.lblSta2, &window.lblSta3, &window.lblSta4};
   std::string rows;
-  for (std::int16_t i = 0; i < kRows; ++i) {
+  for (std::int16_t i = 0; i < window.lblState.Count(); ++i) {
     const auto& title = titles.at(static_cast<std::size_t>(i))->Caption();
     rows += platform::ToUtf8(title + u" " + window.lblState(i).Caption()) + "\n";
   }
@@ -70,7 +65,7 @@ std::string ProgressRows() {
 
 std::string CurrentProgress() {
   const frmMain& window = frmMain::Instance();
-  for (std::int16_t i = kRows; i-- > 0;) {
+  for (std::int16_t i = window.lblState.Count(); i-- > 0;) {
     if (!window.lblState(i).Caption().empty()) {
       return platform::ToUtf8(window.lblState(i).Caption());
     }

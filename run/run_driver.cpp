@@ -22,7 +22,6 @@ namespace {
 using modMain::DictionaryFormat;
 
 constexpr platform::Color kWaitingText = 0xC56A31;
-constexpr std::int16_t kRows = 4;
 
 // The formats of a run's two dictionaries, and the language pair that their heads tell.
 struct DetectedFormats {
@@ -93,7 +92,7 @@ void frmMain::CarryRun() {
 }
 
 void frmMain::ClearProgress() {
-  for (std::int16_t i = 0; i < kRows; ++i) {
+  for (std::int16_t i = 0; i < lblState.Count(); ++i) {
     lblState(i).BackColor(platform::kWhite);
     shpState(i).BackColor(platform::kWhite);
     lblState(i).ForeColor(kWaitingText);
