@@ -26,6 +26,7 @@ class cInifile {
   [[nodiscard]] std::u16string Default() const { return default_; }
   void Default(std::u16string_view sDefault) { default_ = sDefault; }
 
+  /// The file, its section and the key in it that reads and writes go to. All empty at first.
   [[nodiscard]] std::u16string Path() const { return path_; }
   void Path(std::u16string_view sPath) { path_ = sPath; }
 

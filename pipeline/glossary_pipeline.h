@@ -23,9 +23,8 @@
 namespace lexmill {
 
 /// Carries one run. Reads the paths from the window and the options from their snapshot.
-/// @tparam Pair  ReferenceStage, the stage that purifies the reference, and kPlace, which names
-/// Start
-///   in a failure's message
+/// @tparam Pair  ReferenceStage, the stage that purifies the reference, and kPlace, the name of
+///   Start in a failure's message
 template <class Pair>
 class GlossaryPipeline {
  public:

@@ -26,6 +26,7 @@ struct FileFilter {
   std::u16string patterns;  ///< one or more, joined by ";"
 };
 
+/// What a file dialog is to look like.
 struct FileDialogRequest {
   std::u16string title;
   std::u16string fileName;
@@ -41,6 +42,7 @@ struct FileDialogRequest {
   bool readOnly = false;     ///< and checks it at first
 };
 
+/// What the user has chosen in a file dialog.
 struct FileDialogAnswer {
   /// The path chosen; of several files the folder and then each name, joined by NULs.
   std::u16string path;

@@ -18,6 +18,7 @@ class DoubleByteTable {
   /// @throws Failure InvalidCall if there is none, or its page is not of this kind
   explicit DoubleByteTable(const std::string& converter);
 
+  /// The unit of a code, given as a number, as two bytes, or as one byte; 0 if it has none.
   [[nodiscard]] char16_t Unit(DoubleByteCode code) const { return units_[code]; }
   [[nodiscard]] char16_t Unit(char first, char second) const {
     return units_[static_cast<std::size_t>(static_cast<unsigned char>(first) << 8 |
@@ -26,6 +27,7 @@ class DoubleByteTable {
   [[nodiscard]] char16_t Unit(char single) const {
     return units_[static_cast<unsigned char>(single)];
   }
+  /// The code of a unit; 0 if it has none, as all ASCII.
   [[nodiscard]] DoubleByteCode Code(char16_t unit) const { return codes_[unit]; }
 
  private:

@@ -14,6 +14,7 @@
 
 namespace lexmill::platform {
 
+/// What of a window has changed.
 enum class FormProperty { Caption, Size, Visible, Place, State };
 
 enum class FormState : std::int16_t { Normal = 0, Minimised = 1, Maximised = 2 };
@@ -41,6 +42,7 @@ class Form {
   /// Size of the client area in twips.
   [[nodiscard]] std::int32_t ScaleWidth() const { return scaleWidth_; }
   [[nodiscard]] std::int32_t ScaleHeight() const { return scaleHeight_; }
+  /// Sets the size of the client area, in twips.
   void ScaleSize(std::int32_t width, std::int32_t height);
 
   /// Place of the whole window on the screen, its frame included, in twips. All 0 until the window
@@ -49,6 +51,7 @@ class Form {
   [[nodiscard]] std::int32_t Top() const { return place_.top; }
   [[nodiscard]] std::int32_t Width() const { return place_.width; }
   [[nodiscard]] std::int32_t Height() const { return place_.height; }
+  /// Puts the window there, in twips.
   void Move(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
   /// The user, or whoever shows the window, has moved it there.
   void UserMoves(const Rectangle& place) { place_ = place; }

@@ -10,13 +10,13 @@
 
 namespace lexmill::platform {
 
+/// A name or a value that a call may go without.
 using OptionalText = std::optional<std::u16string_view>;
 
 /// Reads a value, or a list of names: without `key` the keys of `section`, without `section` the
 /// names of all sections, each name ended by a NUL.
-/// @param size  bytes of the platform's buffer: at most size - 1 bytes of a value come back (size -
-/// 2
-///   of a list), counted in the code page
+/// @param size  bytes of the platform's buffer, counted in the code page: a value comes back with
+///   at most one byte less, a list with at most two less
 /// @return the value without the blanks and the one pair of quotes round it; `defaultText` without
 ///   trailing blanks if section, key or file is missing. Never fails.
 [[nodiscard]] std::u16string GetPrivateProfileString(OptionalText section, OptionalText key,

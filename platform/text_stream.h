@@ -65,9 +65,8 @@ class TextWriter {
   ~TextWriter();
 
   /// Writes `text` as it is.
-  /// @throws Failure InvalidCall if the encoding lacks a character (nothing of this call is
-  /// written),
-  ///   DiskFull or DeviceError if the host can't write
+  /// @throws Failure InvalidCall if the encoding lacks a character: nothing of this call is written
+  ///   then; DiskFull or DeviceError if the host can't write
   void Write(std::u16string_view text);
   /// Writes `text` and CR LF. @throws as Write
   void WriteLine(std::u16string_view text = {});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// run: one run from the start command to its end.
+// run: carries one press of the start command from the options on screen to a finished run.
 // Which format a dictionary has, told from its content.
 #pragma once
 

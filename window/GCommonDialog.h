@@ -17,11 +17,9 @@ inline constexpr std::int32_t kNoOwner = -1;
 ///   holds the path, or the folder and each name, each ended by a NUL
 /// @param FileTitle    [in,out] initial title; the chosen name without folder, left alone with
 ///   `MultiSelect`
-/// @param ReadOnly     [in,out] the box "read-only" checked at first; set if the user left it
-/// checked
-/// @param Filter       [in,out] descriptions and patterns, each ended by ":", "|" or NUL; the
-/// chosen
-///   filter's description, NUL, pattern
+/// @param ReadOnly     [in,out] the box "read-only" checked at first; whether the user left it so
+/// @param Filter       [in,out] descriptions and patterns, each ended by ":", "|" or NUL;
+///   description, NUL and pattern of the one chosen
 /// @param FilterIndex  [in,out] the filter to open on, from 1; the chosen one; -1 if cancelled
 /// @param Flags        [in,out] further flags of the platform; those that were in force
 /// @return true if the user confirmed; otherwise the strings that are handed back are empty and the

@@ -24,9 +24,8 @@ class Interpreter {
   Interpreter(HostFile& input, HostFile& output, HostFile& error);
 
   /// Runs the lines of a script, which is in the system's code page.
-  /// @throws Failure FileNotFound, PathNotFound, PermissionDenied if it can't be opened,
-  /// DeviceError
-  ///   if it can't be read
+  /// @throws Failure FileNotFound, PathNotFound, PermissionDenied if it can't be opened;
+  ///   DeviceError if it can't be read
   void RunScript(std::u16string_view path);
 
   /// Runs one line without showing it.

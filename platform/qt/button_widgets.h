@@ -10,6 +10,7 @@
 
 namespace lexmill::platform::qt {
 
+/// Make the widget of a control, owned by `parent`, in the control's state.
 [[nodiscard]] QAbstractButton* MakeButton(CheckBox& box, QWidget& parent);
 [[nodiscard]] QAbstractButton* MakeButton(Button& button, QWidget& parent);
 [[nodiscard]] QAbstractButton* MakeButton(OptionButton& button, QWidget& parent);

@@ -10,9 +10,11 @@
 
 namespace lexmill::platform::qt {
 
+/// Draws a line one pixel wide in its control's colour.
 class LineWidget final : public QWidget {
  public:
   LineWidget(const Line& line, QWidget& parent);
+  /// Takes the room of the line's place, and a pixel at least in each direction.
   void ShowPlace();
 
  protected:
@@ -22,6 +24,7 @@ class LineWidget final : public QWidget {
   const Line& line_;
 };
 
+/// Draws a filled rectangle with a frame, in its control's colours.
 class ShapeWidget final : public QWidget {
  public:
   ShapeWidget(const Shape& shape, QWidget& parent);
@@ -37,6 +40,7 @@ class ShapeWidget final : public QWidget {
 class ImageWidget final : public QWidget {
  public:
   explicit ImageWidget(QWidget& parent);
+  /// @param file  the bytes of a picture file, copied; nothing is drawn if no format knows them
   void ShowPicture(std::string_view file);
 
  protected:

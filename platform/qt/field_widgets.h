@@ -11,6 +11,7 @@
 
 namespace lexmill::platform::qt {
 
+/// Make the widget of a control, owned by `parent`, with the control's text and list.
 [[nodiscard]] QLineEdit* MakeField(TextBox& box, QWidget& parent);
 [[nodiscard]] QComboBox* MakeField(ComboBox& combo, QWidget& parent);
 

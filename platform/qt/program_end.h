@@ -17,6 +17,7 @@ class ProgramEnd {
   ProgramEnd(const ProgramEnd&) = delete;
   ProgramEnd& operator=(const ProgramEnd&) = delete;
 
+  /// Asks for the end: the form closes at once, or as soon as it is no longer at work.
   void Ask();
   /// True from Ask to the end of the object that was asked.
   [[nodiscard]] static bool IsAsked();

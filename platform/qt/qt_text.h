@@ -11,10 +11,12 @@
 
 namespace lexmill::platform::qt {
 
+/// The same 16-bit units, whatever they are, as the toolkit's text.
 [[nodiscard]] inline QString ToQt(std::u16string_view text) {
   return QStringView(text).toString();
 }
 
+/// The same 16-bit units, whatever they are, as our text.
 [[nodiscard]] inline std::u16string FromQt(const QString& text) {
   return text.toStdU16String();
 }

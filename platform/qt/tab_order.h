@@ -10,6 +10,7 @@
 
 namespace lexmill::platform::qt {
 
+/// The widgets of a window's controls.
 using Mirrors = std::span<const std::unique_ptr<ControlMirror>>;
 
 /// Makes the tab key go round by TabIndex.

@@ -15,6 +15,7 @@ namespace lexmill::platform::qt {
 /// ending the process; one that was ignored stays ignored. One object at a time.
 class TerminationSignals {
  public:
+  /// @param asked  called once for each signal
   explicit TerminationSignals(std::function<void()> asked);
   ~TerminationSignals();
   TerminationSignals(const TerminationSignals&) = delete;
