@@ -17,7 +17,7 @@ target_include_directories(lexmill_settings INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(
   lexmill_settings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
                              # g++ 12 sees overlapping copies in plain string concatenation (GCC bug 105651)
-                             -Wno-restrict
+                             $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
                              $<$<BOOL:${LEXMILL_WARNINGS_AS_ERRORS}>:-Werror>)
 if(LEXMILL_SANITIZE)
   target_compile_options(lexmill_settings INTERFACE -fsanitize=address,undefined
