@@ -3,11 +3,28 @@
 
 #include <array>
 #include <cstdint>
+#include <tuple>
 
+#include "foundation/entry_point.h"
+#include "platform/file_system.h"
 #include "platform/text.h"
 #include "window/frmMain.h"
 
 namespace lexmill {
+namespace {
+
+// A settings file that was asked for by name is meant to count, unlike the one of the program's
+// folder, which need not be there.
+bool IsReadable(const std::u16string& path) {
+  bool result = false;
+  IgnoreFailures([&] {
+    std::ignore = platform::ReadBinary(path, 0, 1);
+    result = true;
+  });
+  return result;
+}
+
+}  // namespace
 
 bool SetOption(std::u16string_view name, std::u16string_view value) {
   platform::Control* control = frmMain::Instance().Window.Find(name);
@@ -28,6 +45,9 @@ bool SetOption(std::u16string_view name, std::u16string_view value) {
 std::string SetOptions(const ConsoleArguments& arguments) {
   frmMain& window = frmMain::Instance();
   if (!arguments.settings.empty()) {
+    if (!IsReadable(arguments.settings)) {
+      return "can't read the settings file: " + platform::ToUtf8(arguments.settings);
+    }
     window.CfgLoadMaxToCtrl();
     window.CfgLoadIniToCtrl(arguments.settings);
   }

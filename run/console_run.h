@@ -15,7 +15,8 @@ namespace lexmill {
 [[nodiscard]] bool SetOption(std::u16string_view name, std::u16string_view value);
 
 /// Sets the options as `arguments` say, in this order: settings file, preset, single options.
-/// @return what is wrong with the first option that can't be set, in UTF-8; empty if all are set
+/// @return what is wrong with the settings file or the first option that can't be set, in UTF-8;
+///   empty if all are set
 [[nodiscard]] std::string SetOptions(const ConsoleArguments& arguments);
 
 /// Fills in the three paths and presses the start button. Returns when the run is over.

@@ -97,6 +97,8 @@ TEST_F(LexmillRun, RefusesWrongArguments) {
            {u"todo", u"refer", u"final", u"--preset", u"maximal"},
            {u"todo", u"refer", u"final", u"--preset"},
            {u"todo", u"refer", u"final", u"--what"},
+           {u"todo", u"refer", u"final", u"--settings", u"missing.ini"},
+           {u"todo", u"refer", u"final", u"--settings", u"."},
            {u"todo", u"refer", u"final", u"--set", u"chkaUpperCase"},
            {u"todo", u"refer", u"final", u"--set", u"chkaUpperCase=2"},
            {u"todo", u"refer", u"final", u"--set", u"cboToDo=x"},
