@@ -343,17 +343,6 @@ TEST_F(DatabaseTest, RowNumbersGoOnBehindTheGreatest) {
   EXPECT_EQ(CheckFile(Bytes()).tables.at("R").size(), 6U);
 }
 
-TEST_F(DatabaseTest, TextEndsAtItsFirstNul) {
-  Change([](Database& database) {
-    MakeR(database, true);
-    Append(database, "R", {"a\0b"s, "\0"s});
-    Append(database, "R", {"c", "d"});
-  });
-  EXPECT_EQ(Findings(), "");
-  Database database(path_);
-  EXPECT_EQ(Rows(database, "R"), (Rowset{"a\t", "c\td"}));
-}
-
 TEST_F(DatabaseTest, CursorGoesOnWhileRowsChange) {
   Change([](Database& database) {
     MakeR(database, true);

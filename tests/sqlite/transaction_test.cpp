@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 
@@ -60,18 +59,6 @@ class Transactions : public DatabaseTest {
     });
   }
 };
-
-TEST_F(Transactions, FileComesWithTheDatabaseAndItsFirstPagesWithTheFirstCommit) {
-  {
-    Database database(path_);
-    EXPECT_EQ(Bytes(), "");
-    EXPECT_NE(ErrorOf([&] { Write(database, [&] { database.DropTable("R"); }); }), "");
-  }
-  EXPECT_EQ(Bytes(), "");
-  Change([](Database&) {});
-  EXPECT_EQ(Bytes().size(), 2048U);
-  EXPECT_EQ(Findings(), "");
-}
 
 TEST_F(Transactions, EndWithoutCommitLeavesTheFileByteForByte) {
   MakeLarge();
@@ -293,16 +280,10 @@ INSTANTIATE_TEST_SUITE_P(
                     FirstBytes{"TooNew", Head(kLittle, "\5\0\0\0"s), "unsupported file format"}),
     [](const auto& parameter) { return parameter.param.name; });
 
-TEST_F(Transactions, PathsThatAreNoFile) {
-  EXPECT_EQ(ErrorOf([&] { Database database(folder_.Path().string()); }), "disk I/O error");
-  EXPECT_EQ(ErrorOf([&] { Database database(path_ + "/t.db"); }),
-            "unable to open database: " + path_ + "/t.db");
-}
+/// Nothing is protected from the superuser, so it isn't the superuser whose folder this is.
+class ProtectedFiles : OrdinaryUser, public DatabaseTest {};
 
-TEST_F(Transactions, ProtectedFilesAndFoldersAreReadOnly) {
-  if (geteuid() == 0) {
-    GTEST_SKIP() << "nothing is protected from root";
-  }
+TEST_F(ProtectedFiles, AreReadOnlyAndSoIsAProtectedFolder) {
   Change([](Database& database) { MakeR(database, true); });
   const std::string before = Bytes();
   chmod(path_.c_str(), 0444);
