@@ -86,8 +86,9 @@ TextReader FileSystemObject::OpenTextFile(std::u16string_view path, TextEncoding
   const std::string hostPath = CheckedPath(path);
   HostFile file = HostFile::Open(hostPath, O_RDONLY);
   const auto status = file.IsOpen() ? file.Status() : std::nullopt;
-  if (!status || status->kind == FileKind::Folder) {
-    throw FileFailure(status ? EISDIR : errno, hostPath);
+  // What a pipe gives is gone with the first reading, and its writer may keep a reader waiting.
+  if (!status || status->kind != FileKind::Regular) {
+    throw FileFailure(status ? EACCES : errno, hostPath);
   }
   return TextReader(std::move(file), status->size, encoding);
 }

@@ -14,7 +14,8 @@ namespace lexmill::platform {
 
 /// The services on files by name. Holds nothing; cheap to make.
 /// Failures: FileNotFound, PathNotFound (folder part missing), PermissionDenied (no permission, a
-/// folder), BadFileName (NUL in the name), InvalidCall (empty name), DiskFull, DeviceError.
+/// folder; for reading also a pipe or a device), BadFileName (NUL in the name), InvalidCall (empty
+/// name), DiskFull, DeviceError.
 class FileSystemObject {
  public:
   /// True for anything but a folder that exists under this name, as far as this user can see.

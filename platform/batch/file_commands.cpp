@@ -42,11 +42,14 @@ bool CopyContent(HostFile& from, HostFile& to) {
   }
 }
 
-/// A database beside which a journal stands was being changed when its writer died: its pages make
-/// sense with the journal alone, and a copy would pass for a whole one.
-bool IsHalfWritten(const std::string& source) {
+/// A database that is empty was never filled, since its writer died or met no end of its script.
+/// One beside which a journal stands was being changed then: its pages make sense with the journal
+/// alone. A copy of either would pass for a whole one.
+bool IsUnfinished(const HostFile& file, const std::string& source) {
+  const auto status = file.Status();
   const auto journal = StatusOf(source + "-journal");
-  return journal && journal->size > 0;
+  return (status && status->kind == FileKind::Regular && status->size == 0) ||
+         (journal && journal->size > 0);
 }
 
 /// @return 0 if `target` is there in full; otherwise it is as it was, and why, as in `errno`
@@ -96,7 +99,7 @@ bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
     PrintLine(streams.error, Describe(FileFailure(errno, source)));
     return false;
   }
-  if (IsHalfWritten(source)) {
+  if (IsUnfinished(file, source)) {
     PrintLine(streams.error, kAccessDenied);
     return false;
   }

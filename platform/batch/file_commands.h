@@ -22,7 +22,7 @@ struct CommandStreams {
 
 /// `copy`: puts the content of one file under another name, or under its own in a folder. The new
 /// file takes its place in one step, over an older one; a copy that fails leaves that as it was. A
-/// database that its writer left half changed is not copied.
+/// database that its writer left empty or half changed is not copied.
 /// @return false if nothing was copied; why is then on the error stream
 [[nodiscard]] bool Copy(std::span<const std::u16string> names, CommandStreams streams);
 

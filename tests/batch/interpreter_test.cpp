@@ -143,7 +143,11 @@ TEST_F(InterpreterTest, CopiesAFileInOneStep) {
   EXPECT_EQ(folder_.Listing(), "a b data new other sub 译文");
 }
 
-TEST_F(InterpreterTest, CopiesNoDatabaseThatWasLeftHalfChanged) {
+TEST_F(InterpreterTest, CopiesNoDatabaseThatWasLeftEmptyOrHalfChanged) {
+  test::WriteBytes(folder_.File("empty"), "");
+  Run("@copy empty data>nul");
+  EXPECT_EQ(error_, "拒绝访问。\n");
+  EXPECT_EQ(Content("data"), "content");
   test::WriteBytes(folder_.File("data-journal"), "");
   Run("@copy data first>nul");
   test::WriteBytes(folder_.File("data-journal"), "pages");

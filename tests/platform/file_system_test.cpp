@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/file_system.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <functional>
 #include <optional>
 
 #include <gtest/gtest.h>
 
 #include "platform/clock.h"
+#include "platform/host_file.h"
+#include "platform/host_path.h"
 #include "tests/support/failures.h"
 #include "tests/support/files.h"
 #include "tests/support/readable_text.h"
@@ -90,6 +94,17 @@ TEST_F(FileSystem, FailsWithThePlatformsNumbers) {
     EXPECT_EQ(FailureOf([&] { binary(row.path); }), row.binary);
     EXPECT_EQ(FailureOf([&] { create(row.path); }), row.create);
   }
+}
+
+// A dictionary is read more than once; the first reading must not take away what a pipe holds.
+TEST_F(FileSystem, LeavesAPipeUnread) {
+  const std::string path = ToHostPath(File("pipe"));
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  HostFile writer = HostFile::Open(path, O_RDWR);
+  ASSERT_TRUE(writer.Write("abc"));
+  EXPECT_EQ(FailureOf([this] { std::ignore = files_.OpenTextFile(File("pipe")); }), 70);
+  std::array<char, 3> held = {};
+  EXPECT_EQ(writer.Read(held), 3U);
 }
 
 TEST_F(FileSystem, DeletesAFileWithoutWritePermissionOnlyByForce) {
