@@ -20,6 +20,7 @@ class Catalog {
   /// Lets the next question read the master table again.
   void Invalidate() { isCurrent_ = false; }
 
+  /// All rows of the master table, in order; good while Version() stays.
   [[nodiscard]] const std::vector<CatalogObject>& Objects();
   /// @return null if there is no such object
   [[nodiscard]] const CatalogObject* Find(std::string_view type, std::string_view name);

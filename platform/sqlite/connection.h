@@ -22,6 +22,7 @@ class CompiledStatement {
   [[nodiscard]] bool Step();
 
   [[nodiscard]] int ColumnCount() const { return sqlite3_column_count(statement_.get()); }
+  /// A column's name as libsqlite3 gives it, from 0.
   [[nodiscard]] std::string ColumnName(int column) const;
   /// A value of the current row as text, good until the next step; none for NULL.
   [[nodiscard]] std::optional<std::string_view> Column(int column) const;

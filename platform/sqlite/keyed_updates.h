@@ -43,9 +43,8 @@ class KeyedUpdates {
   [[nodiscard]] bool NextUpdate();
   void ChangeRows(KeySorter& changes);
   void RewriteTable(KeySorter& changes);
-  /// Makes `values_` those of a row with its new value. @return false if that makes no difference
-  /// or
-  ///   the row too long
+  /// Makes `values_` those of a row with its new value.
+  /// @return false if that makes no difference, or the row too long
   [[nodiscard]] bool Renew(const RecordView& record, std::string_view value);
 
   Pager& pager_;

@@ -15,8 +15,10 @@ class PagePacker {
  public:
   explicit PagePacker(ByteOrder order) : order_(order) { Clear(); }
 
+  /// Makes the page empty again.
   void Clear();
   [[nodiscard]] bool IsEmpty() const { return last_ == 0; }
+  /// Whether a cell of `size` bytes fits in behind the last.
   [[nodiscard]] bool HasRoom(std::size_t size) const { return used_ + size <= kPageSize; }
 
   /// Adds a cell of `size` bytes behind the last, for which there has to be room.

@@ -15,6 +15,7 @@ class SchemaChanger {
  public:
   SchemaChanger(Pager& pager, Catalog& catalog) : pager_(pager), catalog_(catalog) {}
 
+  /// Do what Database tells of its functions of these names.
   void CreateTable(std::string_view name, std::string_view sql);
   void CreateIndex(std::string_view name, std::string_view table, std::string_view sql);
   void CreateOther(std::string_view type, std::string_view name, std::string_view table,

@@ -31,13 +31,17 @@ class Storage {
   [[nodiscard]] Catalog& Objects() { return catalog_; }
   [[nodiscard]] bool InTransaction() const { return inTransaction_; }
 
+  /// Do what Database tells of its functions of these names; so do Append and UpdateWhere.
   void Begin();
   void Commit();
   void Rollback();
   /// Rolls back without telling a failure: the journal then stays for the next opener.
   void Abandon() noexcept;
 
+  /// Begins a statement: takes its lock, brings waiting changes into the file and sets the mark to
+  /// which the statement can fall back.
   void EnterStatement(bool isWriting);
+  /// Keeps what the statement did; outside a transaction this is its commit.
   void CompleteStatement();
   /// Takes back what a statement did that wasn't completed. @throws nothing: if that fails, all
   /// that is left is to roll back
