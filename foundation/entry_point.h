@@ -9,7 +9,8 @@
 namespace lexmill {
 
 /// Runs `body` and shows the failure that ends it, if one does, in a message box of three lines:
-/// number, description, and "源代码位置: " with `place`. Returns normally in either case.
+/// number and place behind their labels, and the description between them. Returns normally in
+/// either case.
 /// @param place  such as "Class Module 'clsLexGLO1' -> 'DoItNow'"
 /// @return true if `body` ran to its end
 bool ReportFailures(std::u16string_view place, const std::function<void()>& body);
