@@ -157,6 +157,7 @@ TEST(ReplacementFile, WritesInPlaceWhereTheFolderRefuses) {
 }
 
 TEST(ReplacementFile, WritesADeviceInPlace) {
+  const OrdinaryUser user;  // whose mistakes leave the device alone
   auto device = ReplacementFile::Create("/dev/full");
   ASSERT_TRUE(device);
   EXPECT_FALSE(device->File().Write("x"));

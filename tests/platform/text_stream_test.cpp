@@ -156,6 +156,7 @@ TEST_F(TextStream, FailsAfterClose) {
 
 TEST_F(TextStream, AFullDiskFailsAndLeavesTheOlderFile) {
   {
+    const test::OrdinaryUser user;  // whose mistakes leave the device alone
     TextWriter writer = FileSystemObject().CreateTextFile(u"/dev/full", true);
     writer.Write(u"small");
     EXPECT_EQ(FailureOf([&writer] { writer.Close(); }), 61);

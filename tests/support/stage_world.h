@@ -108,6 +108,7 @@ class StageWorld : public testing::Test {
     };
   }
 
+  OrdinaryUser user;  ///< whose mistakes leave the machine's files and devices alone
   TemporaryFolder folder;
   RecordScanner awk;
   platform::Label label;
