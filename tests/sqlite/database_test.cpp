@@ -3,12 +3,10 @@
 
 #include <array>
 #include <map>
-#include <random>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
-#include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table_cursor.h"
 #include "tests/sqlite/database_world.h"
 #include "tests/support/files.h"
@@ -37,16 +35,6 @@ Rowset FixtureRows(const std::string& name) {
     rows.push_back(line);
   }
   return rows;
-}
-
-std::vector<RowId> Search(Database& database, const Table& table, std::string_view text) {
-  std::vector<RowId> found;
-  IndexCursor cursor(database, *table.IndexOn(0));
-  cursor.Seek(text);
-  while (const auto rowId = cursor.Next()) {
-    found.push_back(*rowId);
-  }
-  return found;
 }
 
 class Fixtures : public DatabaseTest, public testing::WithParamInterface<const char*> {};
@@ -101,108 +89,6 @@ INSTANTIATE_TEST_SUITE_P(Files, Fixtures,
                            std::erase(name, '-');
                            return name;
                          });
-
-/// Lengths at which the bytes of a row change their form: the payload that fits a cell, the width
-/// of offsets, full overflow pages, keys that reach into overflow pages.
-constexpr std::array<std::size_t, 33> kLengths = {
-    0,   1,   2,   3,   4,   5,   114, 220, 221, 222, 223,  224,  225,  226,   227,   228,   229,
-    230, 234, 235, 236, 248, 249, 250, 251, 252, 300, 1240, 1250, 5000, 65520, 65528, 100000};
-
-class Lengths : public DatabaseTest {
- protected:
-  static std::string Text(std::size_t length) {
-    std::string text;
-    while (text.size() < length) {
-      text += static_cast<char>('!' + (text.size() * 7 + length) % 90);
-    }
-    return text;
-  }
-
-  Rowset Expected() const {
-    Rowset rows;
-    for (const std::size_t length : kLengths) {
-      rows.push_back(Text(length) + "\t");
-      rows.push_back("k\t" + Text(length));
-    }
-    return rows;
-  }
-
-  void CheckAll() {
-    EXPECT_EQ(Findings(), "");
-    Database database(path_);
-    EXPECT_EQ(Rows(database, "R"), Expected());
-    const Statement frame(database, Statement::Access::Read);
-    const Table& table = *database.FindTable("R");
-    for (std::size_t i = 1; i < kLengths.size(); ++i) {
-      EXPECT_EQ(Search(database, table, Text(kLengths[i])),
-                std::vector{static_cast<RowId>(2 * i + 1)});
-    }
-  }
-};
-
-TEST_F(Lengths, AreKeptByAppendingAndIndexing) {
-  Change([this](Database& database) {
-    MakeR(database, false);
-    for (const std::size_t length : kLengths) {
-      Append(database, "R", {Text(length), ""});
-      Append(database, "R", {"k", Text(length)});
-    }
-    Write(database, [&] { database.CreateIndex("irm", "R", "CREATE INDEX irm ON R(r1)"); });
-  });
-  CheckAll();
-}
-
-TEST_F(Lengths, AreKeptByChangingRows) {
-  Change([this](Database& database) {
-    MakeR(database, true);
-    for (std::size_t i = 0; i < 2 * kLengths.size(); ++i) {
-      Append(database, "R", {"before", Text(kLengths[kLengths.size() - 1 - i / 2])});
-    }
-    const Table& table = *database.FindTable("R");
-    RowId rowId = 0;
-    for (const std::size_t length : kLengths) {
-      Write(database, [&] {
-        database.Update(table, ++rowId, std::array{Value(Text(length)), Value("")});
-        database.Update(table, ++rowId, std::array{Value("k"), Value(Text(length))});
-      });
-    }
-  });
-  CheckAll();
-}
-
-struct RowLimit {
-  const char* name;
-  const char* sql;
-  std::size_t columns;
-  std::size_t greatest;  ///< bytes that the texts of a row may have together
-};
-
-class RowLimits : public DatabaseTest, public testing::WithParamInterface<RowLimit> {};
-
-TEST_P(RowLimits, AreExactAndHarmless) {
-  const RowLimit& limit = GetParam();
-  std::vector<Value> values(limit.columns, Value(""));
-  const std::string text(limit.greatest + 1, 'x');
-  Change([&](Database& database) {
-    Write(database, [&] { database.CreateTable("T", limit.sql); });
-    const Table& table = *database.FindTable("T");
-    values[0] = std::string_view(text).substr(1);
-    EXPECT_EQ(database.Append(table, values), 1);
-    values[0] = text;
-    EXPECT_EQ(ErrorOf([&] { database.Append(table, values); }), "too much data for one table row");
-    values[0] = "after";
-    EXPECT_EQ(database.Append(table, values), 2);
-  });
-  EXPECT_EQ(Findings(), "");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Tables, RowLimits,
-    testing::Values(RowLimit{"R", "CREATE TABLE T(r1 TEXT,r2 TEXT)", 2, 1048565},
-                    RowLimit{"S", "CREATE TABLE T(so TEXT,sh TEXT,sm TEXT,sk TEXT,st TEXT)", 5,
-                             1048553},
-                    RowLimit{"O", "CREATE TABLE T(o0 TEXT,o1 TEXT,o2 TEXT)", 3, 1048561}),
-    [](const auto& parameter) { return parameter.param.name; });
 
 TEST_F(DatabaseTest, FirstRowHasTheBytesOfTheFormat) {
   Change([](Database& database) {
@@ -367,98 +253,6 @@ TEST_F(DatabaseTest, CursorGoesOnWhileRowsChange) {
   });
   EXPECT_EQ(Findings(), "");
 }
-
-/// Random work on a table with two indexes, compared with a map.
-class RandomWork : public DatabaseTest, public testing::WithParamInterface<unsigned> {
- protected:
-  using Model = std::map<RowId, std::array<std::string, 2>>;
-
-  std::string RandomText() {
-    static constexpr std::array<unsigned, 6> kScales = {3, 30, 240, 260, 1500, 5000};
-    const unsigned scale = kScales.at(Draw(Draw(8) == 0 ? 6 : 4));
-    std::string text(Draw(scale), static_cast<char>('a' + Draw(3)));
-    return text + std::to_string(Draw(50));
-  }
-
-  void Step(Database& database, const Table& table, Model& model) {
-    const std::array<std::string, 2> texts{RandomText(), RandomText()};
-    const std::array values{Value(texts[0]), Value(texts[1])};
-    const RowId rowId = static_cast<RowId>(Draw(400));
-    switch (Draw(5)) {
-      case 0:
-        model[database.Append(table, values)] = texts;
-        break;
-      case 1:
-        if (!model.contains(rowId)) {
-          database.Insert(table, rowId, values);
-          model[rowId] = texts;
-        }
-        break;
-      case 2:
-        database.Update(table, rowId, values);
-        if (model.contains(rowId)) {
-          model[rowId] = texts;
-        }
-        break;
-      default:
-        database.Delete(table, rowId);
-        model.erase(rowId);
-    }
-  }
-
-  /// A statement of several steps, kept or dropped.
-  void StatementOf(Database& database, Model& model) {
-    Statement frame(database, Statement::Access::Write);
-    const Table& table = *database.FindTable("R");
-    Model changed = model;
-    for (unsigned steps = Draw(40); steps > 0; --steps) {
-      Step(database, table, changed);
-    }
-    if (Draw(4) != 0) {
-      frame.Complete();
-      model = changed;
-    }
-  }
-
-  /// A number from 0 on, below `end`.
-  unsigned Draw(unsigned end) { return static_cast<unsigned>(random_() % end); }
-
-  std::mt19937 random_{GetParam()};
-};
-
-TEST_P(RandomWork, EndsAsTheModelSays) {
-  Model model;
-  Change([](Database& database) {
-    MakeR(database, true);
-    Write(database, [&] { database.CreateIndex("i2", "R", "CREATE INDEX i2 ON R(r2,r1)"); });
-  });
-  for (int round = 0; round < 25; ++round) {
-    Database database(path_);
-    Model changed = model;
-    const bool isOneByOne = Draw(3) == 0;
-    if (!isOneByOne) {
-      database.Begin();
-    }
-    for (unsigned statements = Draw(8); statements > 0; --statements) {
-      StatementOf(database, changed);
-    }
-    if (isOneByOne || Draw(3) != 0) {
-      if (!isOneByOne) {
-        database.Commit();
-      }
-      model = changed;
-    }
-  }
-  const FileContent content = CheckFile(Bytes());
-  EXPECT_EQ(content.findings, "");
-  std::map<RowId, FileRow> expected;
-  for (const auto& [rowId, texts] : model) {
-    expected[rowId] = {texts[0], texts[1]};
-  }
-  EXPECT_EQ(content.tables.at("R"), expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomWork, testing::Range(1U, 13U));
 
 }  // namespace
 }  // namespace lexmill::test

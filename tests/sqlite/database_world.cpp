@@ -8,6 +8,7 @@ namespace lexmill::test {
 
 using platform::sqlite::Database;
 using platform::sqlite::DatabaseError;
+using platform::sqlite::IndexCursor;
 using platform::sqlite::Statement;
 using platform::sqlite::TableCursor;
 using platform::sqlite::Value;
@@ -68,6 +69,18 @@ std::vector<std::string> DatabaseTest::Rows(Database& database, std::string_view
     }
   }
   return rows;
+}
+
+std::vector<platform::sqlite::RowId> DatabaseTest::Search(Database& database,
+                                                          const platform::sqlite::Table& table,
+                                                          std::string_view text) {
+  std::vector<platform::sqlite::RowId> found;
+  IndexCursor cursor(database, *table.IndexOn(0));
+  cursor.Seek(text);
+  while (const auto rowId = cursor.Next()) {
+    found.push_back(*rowId);
+  }
+  return found;
 }
 
 std::string DatabaseTest::Bytes(std::string_view name) const {

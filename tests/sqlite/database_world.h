@@ -36,6 +36,10 @@ class DatabaseTest : public testing::Test {
   /// All rows of a table, columns joined by TAB, NULL as "NULL".
   [[nodiscard]] static std::vector<std::string> Rows(platform::sqlite::Database& database,
                                                      std::string_view table);
+  /// Numbers of the rows whose first column is `text`, by the index on it; inside a statement.
+  [[nodiscard]] static std::vector<platform::sqlite::RowId> Search(
+      platform::sqlite::Database& database, const platform::sqlite::Table& table,
+      std::string_view text);
   [[nodiscard]] std::string Bytes(std::string_view name = "t.db") const;
   void PutBytes(std::string_view bytes, std::string_view name = "t.db") const;
   /// What is wrong with the file, by the checker.

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/sqlite/database.h"
-#include "platform/sqlite/database_error.h"
 #include "tests/sqlite/database_world.h"
 
 namespace lexmill::test {

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/sqlite/database.h"
-#include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table_cursor.h"
 #include "tests/sqlite/database_world.h"
 #include "tests/support/files.h"
