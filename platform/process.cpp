@@ -38,6 +38,11 @@ std::function<void()>& WaitingStep() {
   return step;
 }
 
+std::function<void(std::string_view)>& OutputWatch() {
+  static std::function<void(std::string_view)> watch;
+  return watch;
+}
+
 /// True if nothing is left of `child`: it has ended, and so has all that it started.
 bool IsGone(Child& child) {
   if (!child.isReaped) {
@@ -102,6 +107,9 @@ std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer) {
   }
   const auto count = readEnd.Read(buffer);
   if (count && *count > 0) {
+    if (OutputWatch()) {
+      OutputWatch()({buffer.data(), *count});
+    }
     return count;
   }
   if (!count) {
@@ -137,6 +145,10 @@ void EndChildProcesses() {
 
 void SetWaiting(std::function<void()> step) {
   WaitingStep() = std::move(step);
+}
+
+void SetOutputWatch(std::function<void(std::string_view)> watch) {
+  OutputWatch() = std::move(watch);
 }
 
 }  // namespace lexmill::platform

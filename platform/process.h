@@ -54,4 +54,8 @@ void EndChildProcesses();
 /// repaints itself there.
 void SetWaiting(std::function<void()> step);
 
+/// Sets what sees each piece of output that ReadPipe reads, before its caller does; nobody by
+/// default.
+void SetOutputWatch(std::function<void(std::string_view)> watch);
+
 }  // namespace lexmill::platform

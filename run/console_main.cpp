@@ -5,6 +5,7 @@
 #include <csignal>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "platform/application.h"
@@ -17,6 +18,7 @@
 #include "run/console_arguments.h"
 #include "run/console_run.h"
 #include "run/modMain.h"
+#include "run/shell_complaint.h"
 
 namespace {
 
@@ -39,6 +41,13 @@ bool TellMissingPrograms() {
     }
   }
   return all;
+}
+
+bool TellComplaint(const std::string& complaint) {
+  if (!complaint.empty()) {
+    std::cerr << "lexmill-run: the database shell says: " << complaint << "\n";
+  }
+  return complaint.empty();
 }
 
 volatile std::sig_atomic_t endingSignal = 0;
@@ -86,10 +95,13 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   const bool programsThere = TellMissingPrograms();
   EndChildrenWithUs();
   session.onDoEvents = ShowProgress;
+  lexmill::ShellComplaint complaint;
+  lexmill::platform::SetOutputWatch([&](std::string_view bytes) { complaint.Feed(bytes); });
   lexmill::PressStart(arguments);
   ClearProgress();
   std::cout << lexmill::ProgressRows();
-  return programsThere && session.messages.empty() ? 0 : kFailed;
+  const bool allLoaded = TellComplaint(complaint.Text());
+  return programsThere && allLoaded && session.messages.empty() ? 0 : kFailed;
 }
 
 }  // namespace

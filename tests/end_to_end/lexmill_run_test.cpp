@@ -134,6 +134,28 @@ TEST_F(LexmillRun, TellsWhatFails) {
   EXPECT_NE(Errors().find("错误:5020"), std::string::npos) << Errors();
 }
 
+TEST_F(LexmillRun, TellsWhatTheDatabaseShellComplainsOf) {
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkaKeepTmpFile=1"}), 0) << Errors();
+  for (const auto& entry : std::filesystem::directory_iterator(programs_.Path())) {
+    if (entry.path().extension() == ".db") {
+      std::filesystem::rename(entry.path(), folder_.Path() / "kept.db");
+    }
+  }
+  // The work database of an earlier run is a purified one that has had its load already.
+  EXPECT_EQ(Run({u"todo", u"kept.db", u"final"}), 1);
+  EXPECT_EQ(Errors(), "lexmill-run: the database shell says: SQL error: table S already exists\n");
+}
+
+TEST_F(LexmillRun, TakesPathsThatLookLikeOptions) {
+  for (const auto* name : {"-todo", "--todo"}) {
+    std::filesystem::copy(folder_.Path() / "todo", folder_.Path() / name);
+  }
+  EXPECT_EQ(Run({u"-todo", u"refer", u"-final"}), 0) << Errors();
+  EXPECT_EQ(Run({u"--", u"--todo", u"refer", u"--final"}), 0) << Errors();
+  EXPECT_EQ(ReadBytes(folder_.File("--final")), ReadBytes(folder_.File("-final")));
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("-final"))), "9 1\t4 2\n&Open\t打开(&O)\n");
+}
+
 TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
   WriteBytes(folder_.File("final"), "old");
   using std::filesystem::perms;
