@@ -18,6 +18,8 @@ target_compile_options(
   lexmill_settings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
                              # g++ 12 sees overlapping copies in plain string concatenation (GCC bug 105651)
                              $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+                             # which g++ leaves out of -Wconversion
+                             $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
                              $<$<BOOL:${LEXMILL_WARNINGS_AS_ERRORS}>:-Werror>)
 if(LEXMILL_SANITIZE)
   target_compile_options(lexmill_settings INTERFACE -fsanitize=address,undefined
