@@ -3,13 +3,11 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 #include <span>
 #include <utility>
 
 #include "platform/sqlite/database_error.h"
-#include "platform/sqlite/page.h"
 #include "platform/sqlite/temporary_file.h"
 
 namespace lexmill::platform::sqlite {
@@ -18,63 +16,73 @@ namespace {
 constexpr std::size_t kGreatestPiece = 256 * 1024;
 constexpr std::size_t kLeastPiece = 4 * 1024;
 
-constexpr std::size_t kHeadSize = 8;
+using Length = std::uint32_t;
 
-/// The first eight bytes as a number that orders as they do, zeros behind the end.
-std::uint64_t HeadOf(std::string_view text) {
-  std::array<char, kHeadSize> bytes{};
-  text.copy(bytes.data(), bytes.size());
-  const std::uint64_t high = Get32(bytes.data(), ByteOrder::Big);
-  return high << 32U | Get32(bytes.data() + 4, ByteOrder::Big);
+/// Strings stand one behind the other, each behind its length.
+void AppendString(std::string& strings, std::string_view string) {
+  const auto length = static_cast<Length>(string.size());
+  std::array<char, sizeof length> bytes{};
+  std::memcpy(bytes.data(), &length, bytes.size());
+  strings.append(bytes.data(), bytes.size()).append(string);
+}
+
+Length LengthAt(const std::string& strings, std::size_t at) {
+  Length length = 0;
+  std::memcpy(&length, strings.data() + at, sizeof length);
+  return length;
 }
 
 }  // namespace
 
 KeySorter::KeySorter(std::string neighbour, std::size_t bufferSize)
-    : neighbour_(std::move(neighbour)), bufferSize_(bufferSize) {
-  // Reserved memory that isn't touched costs nothing.
-  texts_.reserve(bufferSize * 2 / 3);
-  entries_.reserve(bufferSize / 3 / sizeof(Entry));
-}
+    : neighbour_(std::move(neighbour)),
+      bufferSize_(bufferSize),
+      filling_(bufferSize / 2),
+      leaving_(bufferSize / 2) {}
 
 void KeySorter::Add(std::initializer_list<std::string_view> parts) {
   std::size_t length = 0;
   for (const std::string_view part : parts) {
     length += part.size();
   }
-  if (texts_.size() + length > texts_.capacity() || entries_.size() == entries_.capacity()) {
-    Spill();
+  if (!filling_.HasRoom(length)) {
+    PutAside();
   }
-  Entry entry;
-  entry.offset = static_cast<std::uint32_t>(texts_.size());
-  entry.length = static_cast<std::uint32_t>(length);
-  for (const std::string_view part : parts) {
-    texts_ += part;
-  }
-  entry.head = HeadOf(TextOf(entry));
-  entries_.push_back(entry);
+  filling_.Add(parts);
   ++count_;
 }
 
 void KeySorter::Sort() {
-  if (runs_.empty()) {
-    SortEntries();
+  if (!file_.IsOpen()) {
+    filling_.Sort();
     return;
   }
-  Spill();
-  texts_ = std::string();
-  entries_ = std::vector<Entry>();
+  PutAside();
+  work_.Wait();
+  filling_ = KeyBatch(0);
+  leaving_ = KeyBatch(0);
   OpenRuns();
+  work_.Start([this] { MergeAhead(); });
 }
 
 bool KeySorter::Next(std::string_view& key) {
-  if (!runs_.empty()) {
-    return NextOfRuns(key);
+  if (!file_.IsOpen()) {
+    const bool isThere = given_ < filling_.Size();
+    key = isThere ? filling_.At(given_++) : std::string_view();
+    return isThere;
   }
-  if (given_ == entries_.size()) {
-    return false;
+  if (mergedUsed_ == merged_.size()) {
+    work_.Wait();
+    merged_.swap(ahead_);
+    mergedUsed_ = 0;
+    if (merged_.empty()) {
+      return false;
+    }
+    work_.Start([this] { MergeAhead(); });
   }
-  key = TextOf(entries_[given_++]);
+  key = std::string_view(merged_).substr(mergedUsed_ + sizeof(Length),
+                                         LengthAt(merged_, mergedUsed_));
+  mergedUsed_ += sizeof(Length) + key.size();
   return true;
 }
 
@@ -82,74 +90,40 @@ bool KeySorter::IsBehind(const Run* left, const Run* right) {
   return left->head != right->head ? left->head > right->head : left->current > right->current;
 }
 
-void KeySorter::SortEntries() {
-  SortBehind(entries_, 0);
-}
-
-/// Sorts strings whose first `depth` bytes are alike and whose heads are the bytes behind. Each
-/// text is looked at once for every eight bytes, not once for every comparison.
-void KeySorter::SortBehind(std::span<Entry> entries, std::size_t depth) {
-  const std::size_t end = depth + kHeadSize;
-  const auto order = [end](const Entry& entry) {
-    return std::pair(entry.head, std::min<std::size_t>(entry.length, end + 1));
-  };
-  std::ranges::sort(entries, {}, order);
-  for (auto from = entries.begin(); from != entries.end();) {
-    const auto to = std::find_if(from + 1, entries.end(),
-                                 [&](const Entry& entry) { return order(entry) != order(*from); });
-    if (to - from > 1 && from->length > end) {
-      SortAlike({from, to}, end);
-    }
-    from = to;
-  }
-}
-
-/// Sorts strings whose first `depth` bytes are alike.
-void KeySorter::SortAlike(std::span<Entry> entries, std::size_t depth) {
-  constexpr std::size_t kFewEntries = 4;
-  constexpr std::size_t kDeepest = 256;
-  if (entries.size() <= kFewEntries || depth > kDeepest) {
-    std::ranges::sort(entries, {}, [this](const Entry& entry) { return TextOf(entry); });
-    return;
-  }
-  for (Entry& entry : entries) {
-    entry.head = HeadOf(TextOf(entry).substr(depth));
-  }
-  SortBehind(entries, depth);
-}
-
-void KeySorter::Spill() {
-  if (entries_.empty()) {
-    return;
-  }
+/// Lets the batch that is full go to the file while the next one fills.
+void KeySorter::PutAside() {
+  work_.Wait();
   if (!file_.IsOpen()) {
     file_ = OpenTemporary(neighbour_);
   }
-  SortEntries();
+  std::swap(filling_, leaving_);
+  work_.Start([this] { WriteRun(); });
+}
+
+void KeySorter::WriteRun() {
+  leaving_.Sort();
   Run& run = runs_.emplace_back();
   run.at = fileSize_;
   std::string piece;
   piece.reserve(kGreatestPiece);
-  const auto write = [this, &piece] {
-    if (!file_.WriteAt(piece, fileSize_)) {
-      throw HostError();
+  for (std::size_t i = 0; i < leaving_.Size(); ++i) {
+    const std::string_view string = leaving_.At(i);
+    if (piece.size() + sizeof(Length) + string.size() > kGreatestPiece) {
+      WritePiece(piece);
     }
-    fileSize_ += static_cast<std::int64_t>(piece.size());
-    piece.clear();
-  };
-  for (const Entry& entry : entries_) {
-    if (piece.size() + sizeof entry.length + entry.length > kGreatestPiece) {
-      write();
-    }
-    std::array<char, sizeof entry.length> length{};
-    std::memcpy(length.data(), &entry.length, length.size());
-    piece.append(length.data(), length.size());
-    piece += TextOf(entry);
+    AppendString(piece, string);
   }
-  write();
+  WritePiece(piece);
   run.end = fileSize_;
-  texts_.clear();
-  entries_.clear();
+  leaving_.Clear();
+}
+
+void KeySorter::WritePiece(std::string& piece) {
+  if (!file_.WriteAt(piece, fileSize_)) {
+    throw HostError();
+  }
+  fileSize_ += static_cast<std::int64_t>(piece.size());
+  piece.clear();
 }
 
 void KeySorter::OpenRuns() {
@@ -164,6 +138,15 @@ void KeySorter::Push(Run& run) {
   if (Advance(run)) {
     heap_.push_back(&run);
     std::ranges::push_heap(heap_, IsBehind);
+  }
+}
+
+/// Fills `ahead_` with the next strings of all runs; it stays empty behind the last.
+void KeySorter::MergeAhead() {
+  ahead_.clear();
+  std::string_view key;
+  while (ahead_.size() < kGreatestPiece && NextOfRuns(key)) {
+    AppendString(ahead_, key);
   }
 }
 
@@ -183,17 +166,16 @@ bool KeySorter::NextOfRuns(std::string_view& key) {
 }
 
 bool KeySorter::Advance(Run& run) {
-  std::uint32_t length = 0;
-  if (!Has(run, sizeof length)) {
+  if (!Has(run, sizeof(Length))) {
     return false;
   }
-  std::memcpy(&length, run.piece.data() + run.used, sizeof length);
-  if (!Has(run, sizeof length + length)) {
+  const std::size_t size = sizeof(Length) + LengthAt(run.piece, run.used);
+  if (!Has(run, size)) {
     throw DatabaseError(kInputOutput);
   }
-  run.current = std::string_view(run.piece).substr(run.used + sizeof length, length);
+  run.current = std::string_view(run.piece).substr(run.used, size).substr(sizeof(Length));
   run.head = HeadOf(run.current);
-  run.used += sizeof length + length;
+  run.used += size;
   return true;
 }
 

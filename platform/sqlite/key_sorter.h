@@ -5,17 +5,19 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/background_work.h"
 #include "platform/host_file.h"
+#include "platform/sqlite/key_batch.h"
 
 namespace lexmill::platform::sqlite {
 
 /// Sorts byte strings by unsigned bytes, a prefix first. Memory is constant: what doesn't fit goes
-/// to a nameless file in sorted runs. First Add, then Sort, then Next.
+/// to a nameless file in sorted runs. One batch is sorted and put aside while the next one fills,
+/// and runs are merged ahead of Next. First Add, then Sort, then Next.
 class KeySorter {
  public:
   /// @param neighbour   path of a file on whose disk runs are put aside
@@ -32,13 +34,6 @@ class KeySorter {
   [[nodiscard]] bool Next(std::string_view& key);
 
  private:
-  /// A string in the buffer. Comparisons look at eight of its bytes, which stand here.
-  struct Entry {
-    std::uint64_t head = 0;  ///< the bytes as a number, zeros behind the string's end
-    std::uint32_t offset = 0;
-    std::uint32_t length = 0;
-  };
-
   /// A sorted part of the file, read piece by piece.
   struct Run {
     std::int64_t at = 0;  ///< where the next piece begins
@@ -49,31 +44,32 @@ class KeySorter {
     std::uint64_t head = 0;
   };
 
-  [[nodiscard]] std::string_view TextOf(const Entry& entry) const {
-    return {texts_.data() + entry.offset, entry.length};
-  }
   [[nodiscard]] static bool IsBehind(const Run* left, const Run* right);
-  void SortEntries();
-  void SortBehind(std::span<Entry> entries, std::size_t depth);
-  void SortAlike(std::span<Entry> entries, std::size_t depth);
-  void Spill();
+  void PutAside();
+  void WriteRun();
+  void WritePiece(std::string& piece);
   void OpenRuns();
   void Push(Run& run);
   [[nodiscard]] bool Advance(Run& run);
   [[nodiscard]] bool Has(Run& run, std::size_t size);
   [[nodiscard]] bool NextOfRuns(std::string_view& key);
+  void MergeAhead();
 
   std::string neighbour_;
   std::size_t bufferSize_;
-  std::string texts_;
-  std::vector<Entry> entries_;
   std::size_t count_ = 0;
-  std::size_t given_ = 0;  ///< entries that Next has been through
+  KeyBatch filling_;
+  KeyBatch leaving_;       ///< on its way to the file
+  std::size_t given_ = 0;  ///< strings of the only batch that Next has been through
   HostFile file_;
   std::int64_t fileSize_ = 0;
   std::vector<Run> runs_;
   std::vector<Run*> heap_;  ///< the run with the least string on top
   Run* last_ = nullptr;     ///< the run that gave the last string
+  std::string merged_;      ///< strings with their lengths, of which Next gives one after the other
+  std::size_t mergedUsed_ = 0;
+  std::string ahead_;    ///< the strings behind them
+  BackgroundWork work_;  ///< last: it ends before what it touches
 };
 
 }  // namespace lexmill::platform::sqlite

@@ -27,6 +27,9 @@ std::optional<ScriptBatch> ScriptReader::Next() {
     if (batch_ == line_ && Line().starts_with('.')) {
       return ScriptBatch{ScriptBatch::Kind::Command, Line()};
     }
+    if (LineIsPlainInsert()) {
+      return ScriptBatch{ScriptBatch::Kind::Statements, Line(), &insert_};
+    }
     if (LineEndsBatch()) {
       return ScriptBatch{ScriptBatch::Kind::Statements, Text(batch_, lineEnd_)};
     }
@@ -77,6 +80,15 @@ bool ScriptReader::Fill() {
   }
   filled_ += *count;
   return *count > 0;
+}
+
+/// Whether the line is a batch of its own with a plain INSERT and nothing else.
+bool ScriptReader::LineIsPlainInsert() {
+  if (batch_ != line_ || !scanner_.IsBetweenStatements()) {
+    return false;
+  }
+  const std::size_t length = insert_.Read(Line());
+  return length > 0 && TrimBlanksAtEnd(Line()).size() == length;
 }
 
 /// Reads the line for statements. @return true if what is collected ends with it

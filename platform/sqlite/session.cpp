@@ -58,18 +58,22 @@ const Table* Session::PlainTarget(std::string_view name) {
   return target_.table;
 }
 
+bool Session::Insert(const PlainInsert& insert) {
+  if (!database_.InTransaction()) {
+    return false;  // a transaction of its own costs more than to compile the statement
+  }
+  const Table* table = PlainTarget(insert.Table());
+  if (table == nullptr || table->columns.size() != insert.Values().size()) {
+    return false;
+  }
+  database_.Append(*table, insert.Values());
+  return true;
+}
+
 /// Adds the row of a plain INSERT at the start of `text`. @return its length; 0 if there is none
 std::size_t Session::RunPlainInsert(std::string_view text) {
-  if (!database_.InTransaction()) {
-    return 0;  // a transaction of its own costs more than to compile the statement
-  }
   const std::size_t length = insert_.Read(text);
-  const Table* table = length == 0 ? nullptr : PlainTarget(insert_.Table());
-  if (table == nullptr || table->columns.size() != insert_.Values().size()) {
-    return 0;
-  }
-  database_.Append(*table, insert_.Values());
-  return length;
+  return length > 0 && Insert(insert_) ? length : 0;
 }
 
 bool Session::Collect(std::string_view text) {

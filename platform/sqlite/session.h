@@ -28,6 +28,9 @@ class Session {
   /// @throws DatabaseError  at the first that fails; only that one is undone
   void Run(std::string_view text);
 
+  /// Adds the row of a plain INSERT. @return false if the statement is to be run as a text
+  [[nodiscard]] bool Insert(const PlainInsert& insert);
+
   /// Takes `text` if it is an update of the fixed form that can wait for others of its kind.
   /// @return false if it isn't: `text` is to be run then, after Settle
   [[nodiscard]] bool Collect(std::string_view text);

@@ -71,7 +71,7 @@ class Shell {
     while (const std::optional<ScriptBatch> batch = reader.Next()) {
       switch (batch->kind) {
         case ScriptBatch::Kind::Statements:
-          RunBatch(batch->text);
+          RunBatch(*batch);
           break;
         case ScriptBatch::Kind::Command:
           output_.Flush();
@@ -86,16 +86,19 @@ class Shell {
     return kSuccess;
   }
 
-  void RunBatch(std::string_view text) {
-    if (SkipBlanks(text).empty()) {
+  void RunBatch(const ScriptBatch& batch) {
+    if (SkipBlanks(batch.text).empty()) {
       return;
     }
     Session& session = OpenSession();
-    ReportFailure(text, [&] {
-      if (!session.Collect(text)) {
-        ReportFailure({}, [&] { session.Settle(); });
+    ReportFailure(batch.text, [&] {
+      if (batch.insert == nullptr && session.Collect(batch.text)) {
+        return;
+      }
+      ReportFailure({}, [&] { session.Settle(); });
+      if (batch.insert == nullptr || !session.Insert(*batch.insert)) {
         rows_.BeginBatch();
-        session.Run(text);
+        session.Run(batch.text);
       }
     });
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/storage.h"
 
+#include <algorithm>
 #include <limits>
 #include <random>
 #include <tuple>
@@ -214,7 +215,14 @@ void Storage::PrepareToWait() {
   Settle();
 }
 
+/// The values as they are kept: texts end at their first NUL, a row number is no text.
 std::span<const Value> Storage::Clean(const Table& table, std::span<const Value> values) {
+  const auto holdsNul = [](const Value& value) {
+    return value && value->find('\0') != std::string_view::npos;
+  };
+  if (!table.rowIdColumn && std::ranges::none_of(values, holdsNul)) {
+    return values;
+  }
   values_.clear();
   for (const Value& value : values) {
     values_.push_back(value ? Value(value->substr(0, value->find('\0'))) : value);
