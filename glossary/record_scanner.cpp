@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <utility>
 
 #include "platform/failure.h"
@@ -56,33 +57,42 @@ void RecordScanner::Run() {
   bytesRead_ = 0;
   bytesInAll_ = file.Size() > 0 ? file.Size() : kUnknownSize;
   ScanBegin.Raise();
+  ScanRecords(file);
+  bytesRead_ = bytesInAll_;
+  ScanEnd.Raise();
+}
+
+void RecordScanner::ScanRecords(platform::TextReader& file) {
+  // The record is the file's: it must not be seen when that is gone, not even after a failure.
+  const std::unique_ptr<RecordScanner, void (*)(RecordScanner*)> atEnd(
+      this, [](RecordScanner* scanner) { scanner->ForgetRecord(); });
   while (!file.AtEndOfStream()) {
     ReadRecord(file);
     if (!record_.empty()) {
       ScanRecord.Raise();
     }
   }
-  bytesRead_ = bytesInAll_;
-  ScanEnd.Raise();
+}
+
+void RecordScanner::ForgetRecord() {
+  record_ = {};
+  fields_.clear();
 }
 
 void RecordScanner::Reset() {
   scanFile_.clear();
   separator_ = u'\t';
-  record_.clear();
-  fields_.clear();
+  ForgetRecord();
 }
 
 void RecordScanner::ReadRecord(platform::TextReader& file) {
-  record_.clear();
-  platform::DecodeText(file.Encoding(), file.ReadLineBytes(), record_);
+  record_ = file.ReadLine();
   bytesRead_ = file.BytesRead();
 
   fields_.clear();
-  const std::u16string_view record = record_;
-  for (std::size_t start = 0; start <= record.size() && FieldCount() < kMostFields;) {
-    const std::size_t end = platform::Find(record, separator_, start);
-    fields_.push_back(record.substr(start, end - start));
+  for (std::size_t start = 0; start <= record_.size() && FieldCount() < kMostFields;) {
+    const std::size_t end = platform::Find(record_, separator_, start);
+    fields_.push_back(record_.substr(start, end - start));
     start = end + 1;
   }
 }

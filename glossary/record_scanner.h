@@ -66,12 +66,14 @@ class RecordScanner {
 
  private:
   void Run();
+  void ScanRecords(platform::TextReader& file);
   void Reset();
+  void ForgetRecord();
   void ReadRecord(platform::TextReader& file);
 
   std::u16string scanFile_;
   char16_t separator_ = u'\t';
-  std::u16string record_;                    ///< reused, so that a record costs no allocation
+  std::u16string_view record_;               ///< in the file that is being read
   std::vector<std::u16string_view> fields_;  ///< pieces of record_
   std::int64_t bytesRead_ = 0;
   std::int64_t bytesInAll_ = 1;

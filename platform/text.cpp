@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -37,6 +38,34 @@ const std::array<char16_t, kUnits>& Capitals() {
   return capitals;
 }
 
+/// Units that are looked at in one step.
+constexpr std::size_t kBlockUnits = 8;
+using Block [[gnu::vector_size(kBlockUnits * sizeof(char16_t))]] = std::uint16_t;
+
+/// Position of the first unit equal to those in `sought`; kBlockUnits if there is none.
+std::size_t FindInBlock(const char16_t* units, Block sought) {
+  constexpr std::size_t kUnitBits = 16;
+  Block block;
+  std::memcpy(&block, units, sizeof block);
+  const auto equal = block == sought;
+  std::array<std::uint64_t, 2> halves{};
+  static_assert(sizeof halves == sizeof equal);
+  std::memcpy(halves.data(), &equal, sizeof equal);
+  if ((halves[0] | halves[1]) == 0) {
+    return kBlockUnits;
+  }
+  if constexpr (std::endian::native == std::endian::little) {
+    const auto inLow = static_cast<std::size_t>(std::countr_zero(halves[0]));
+    const auto inHigh = static_cast<std::size_t>(std::countr_zero(halves[1]));
+    return (halves[0] != 0 ? inLow : inLow + inHigh) / kUnitBits;
+  }
+  std::size_t at = 0;
+  while (block[at] != sought[at]) {
+    ++at;
+  }
+  return at;
+}
+
 }  // namespace
 
 std::u16string_view TrimLeft(std::u16string_view text) {
@@ -53,20 +82,17 @@ std::u16string_view Trim(std::u16string_view text) {
 }
 
 std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start) {
-  // A block less the sought unit has a zero where the unit stands; the sum below has a top bit set
-  // exactly if some unit is zero.
-  constexpr std::uint64_t kOnes = 0x0001000100010001;
-  constexpr std::uint64_t kTops = 0x8000800080008000;
-  const std::uint64_t sought = kOnes * unit;
-  std::array<std::uint64_t, 2> blocks{};
   std::size_t at = start;
-  for (; at + sizeof blocks / sizeof unit <= text.size(); at += sizeof blocks / sizeof unit) {
-    std::memcpy(blocks.data(), text.data() + at, sizeof blocks);
-    const std::uint64_t low = blocks[0] ^ sought;
-    const std::uint64_t high = blocks[1] ^ sought;
-    if ((((low - kOnes) & ~low) | ((high - kOnes) & ~high)) & kTops) {
-      break;
+  if (at + kBlockUnits <= text.size()) {
+    const Block sought = Block{} + unit;
+    const std::size_t lastBlock = text.size() - kBlockUnits;
+    for (; at < lastBlock; at += kBlockUnits) {
+      if (const std::size_t found = FindInBlock(text.data() + at, sought); found < kBlockUnits) {
+        return at + found;
+      }
     }
+    // The last block may begin in the one before, where nothing is.
+    return lastBlock + FindInBlock(text.data() + lastBlock, sought);
   }
   while (at < text.size() && text[at] != unit) {
     ++at;

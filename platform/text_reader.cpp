@@ -1,101 +1,122 @@
 // SPDX-License-Identifier: MIT
-#include <cerrno>
-#include <cstring>
-#include <span>
+#include <exception>
+#include <optional>
 #include <utility>
 #include <vector>
 
-#include "platform/host_failure.h"
+#include "platform/background_work.h"
+#include "platform/failure.h"
 #include "platform/host_file.h"
+#include "platform/line_bytes.h"
 #include "platform/text_stream.h"
 
 namespace lexmill::platform {
 namespace {
 
-constexpr std::size_t kBufferSize = 128 * 1024;
+constexpr std::int64_t kGroupBytes = 128 * 1024;
+
+std::string_view WithoutEnd(std::string_view line) {
+  if (line.ends_with('\n')) {
+    line.remove_suffix(line.ends_with("\r\n") ? 2 : 1);
+  }
+  return line;
+}
+
+/// Lines that follow one another, decoded.
+class LineGroup {
+ public:
+  struct Line {
+    std::size_t end = 0;         ///< in the text
+    std::int64_t bytesRead = 0;  ///< of the file, up to the line's end
+  };
+
+  void Clear() {
+    text_.clear();
+    lines_.clear();
+    given_ = 0;
+  }
+  [[nodiscard]] bool IsUsedUp() const { return given_ == lines_.size(); }
+
+  void Add(TextEncoding encoding, std::string_view bytes, std::int64_t bytesRead) {
+    DecodeText(encoding, bytes, text_);
+    lines_.push_back({text_.size(), bytesRead});
+  }
+
+  /// The first line that wasn't given yet.
+  std::u16string_view Give() {
+    const std::size_t start = given_ > 0 ? lines_[given_ - 1].end : 0;
+    return std::u16string_view(text_).substr(start, lines_[given_++].end - start);
+  }
+  [[nodiscard]] std::int64_t BytesRead() const { return lines_[given_ - 1].bytesRead; }
+
+ private:
+  std::u16string text_;
+  std::vector<Line> lines_;
+  std::size_t given_ = 0;
+};
 
 }  // namespace
 
-/// Lines are cut as bytes: CR and LF are never part of another character, neither in a code page
-/// nor in UTF-8.
+/// Lines are decoded in groups: the first at once, since many files have no other, the next ones
+/// while the owner is busy with the group before.
 struct TextReader::State {
   State(HostFile opened, std::int64_t bytes, TextEncoding read)
-      : file(std::move(opened)), size(bytes), encoding(read), buffer(kBufferSize) {}
+      : source(std::move(opened)), size(bytes), encoding(read) {}
 
-  /// Reads more behind `end`, after making room. @return false at the end of the file
-  bool Fill() {
-    if (!file.IsOpen()) {
-      throw Failure(FailureNumber::ObjectNotSet, FailureOrigin::ScriptLibrary);
-    }
-    if (atEnd) {
-      return false;
-    }
-    MakeRoom();
-    const auto count = file.Read(std::span(buffer).subspan(end));
-    if (!count) {
-      throw TransferFailure(errno);
-    }
-    end += *count;
-    atEnd = *count == 0;
-    return !atEnd;
-  }
-
-  void MakeRoom() {
-    if (begin > 0) {
-      std::memmove(buffer.data(), buffer.data() + begin, end - begin);
-      end -= std::exchange(begin, 0);
-    }
-    if (end == buffer.size()) {
-      buffer.resize(buffer.size() * 2);
-    }
-  }
-
-  void SkipMark() {
-    while (end - begin < kUtf8Mark.size() && Fill()) {
-    }
-    if (std::string_view(buffer.data() + begin, end - begin).starts_with(kUtf8Mark)) {
-      Take(kUtf8Mark.size());
-    }
-  }
-
-  std::string_view Take(std::size_t length) {
-    const std::string_view bytes(buffer.data() + begin, length);
-    begin += length;
-    bytesRead += static_cast<std::int64_t>(length);
-    return bytes;
-  }
-
-  /// Bytes to the next LF, with it, or to the end of the file.
-  std::size_t LineLength() {
-    std::size_t searched = 0;
-    while (true) {
-      const char* const from = buffer.data() + begin + searched;
-      const std::size_t left = end - begin - searched;
-      if (const void* const found = left > 0 ? std::memchr(from, '\n', left) : nullptr) {
-        return searched + static_cast<std::size_t>(static_cast<const char*>(found) - from) + 1;
+  /// Lets `ahead` be the next group; it is empty at the end of the file.
+  void DecodeAhead() {
+    ahead.Clear();
+    const std::int64_t enough = source.BytesRead() + kGroupBytes;
+    try {
+      while ((source.BytesRead() < enough || ahead.IsUsedUp()) && !source.AtEnd()) {
+        const std::string_view line = source.Next();
+        if (!wanted || line.find(*wanted) != std::string_view::npos) {
+          ahead.Add(encoding, WithoutEnd(line), source.BytesRead());
+        }
       }
-      searched += left;
-      if (!Fill()) {
-        return searched;
-      }
+    } catch (const Failure&) {  // told when the lines before it have been given
+      failure = std::current_exception();
     }
   }
 
-  HostFile file;
+  /// Makes sure that there is a line to give. @return false at the end of the file
+  bool HasLine() {
+    if (!group.IsUsedUp()) {
+      return true;
+    }
+    if (isDecoding) {
+      work.Wait();
+    } else {
+      DecodeAhead();
+    }
+    std::swap(group, ahead);
+    isDecoding = std::exchange(isBehindFirst, true) && !group.IsUsedUp() && !failure;
+    if (isDecoding) {
+      work.Start([this] { DecodeAhead(); });
+    } else if (failure && group.IsUsedUp()) {
+      std::rethrow_exception(std::exchange(failure, nullptr));
+    }
+    return !group.IsUsedUp();
+  }
+
+  LineBytes source;
   std::int64_t size;
   TextEncoding encoding;
-  std::vector<char> buffer;
-  std::size_t begin = 0;  ///< bytes of `buffer` from here to `end` are not read yet
-  std::size_t end = 0;
-  bool atEnd = false;
-  std::int64_t bytesRead = 0;
-  std::u16string line;
+  std::optional<char> wanted;  ///< what a line has to hold to be decoded
+  std::int64_t bytesRead = 0;  ///< by the owner
+  LineGroup group;             ///< whose lines the owner is given
+  LineGroup ahead;
+  std::exception_ptr failure;  ///< of reading behind `ahead`, or behind `group` if that is empty
+  bool isBehindFirst = false;  ///< there was a group already
+  bool isDecoding = false;     ///< `ahead`, `failure` and `source` are the work's
+  BackgroundWork work;         ///< last: it ends before what it touches
 };
 
 TextReader::TextReader(HostFile file, std::int64_t size, TextEncoding encoding)
     : state_(std::make_unique<State>(std::move(file), size, encoding)) {
   if (encoding == TextEncoding::Utf8WithMark) {
-    state_->SkipMark();
+    state_->source.SkipMark(kUtf8Mark);
+    state_->bytesRead = state_->source.BytesRead();
   }
 }
 
@@ -103,26 +124,21 @@ TextReader::TextReader(TextReader&&) noexcept = default;
 TextReader& TextReader::operator=(TextReader&&) noexcept = default;
 TextReader::~TextReader() = default;
 
-std::string_view TextReader::ReadLineBytes() {
+std::u16string_view TextReader::ReadLine() {
   if (AtEndOfStream()) {
     throw Failure(FailureNumber::InputPastEnd, FailureOrigin::ScriptLibrary);
   }
-  std::string_view line = state_->Take(state_->LineLength());
-  if (line.ends_with('\n')) {
-    line.remove_suffix(line.ends_with("\r\n") ? 2 : 1);
-  }
+  const std::u16string_view line = state_->group.Give();
+  state_->bytesRead = state_->group.BytesRead();
   return line;
 }
 
-std::u16string_view TextReader::ReadLine() {
-  const std::string_view bytes = ReadLineBytes();
-  state_->line.clear();
-  DecodeText(state_->encoding, bytes, state_->line);
-  return state_->line;
+bool TextReader::AtEndOfStream() {
+  return !state_->HasLine();
 }
 
-bool TextReader::AtEndOfStream() {
-  return state_->begin == state_->end && !state_->Fill();
+void TextReader::PassOverLinesWithout(char character) {
+  state_->wanted = character;
 }
 
 std::int64_t TextReader::BytesRead() const {
@@ -131,13 +147,13 @@ std::int64_t TextReader::BytesRead() const {
 std::int64_t TextReader::Size() const {
   return state_->size;
 }
-TextEncoding TextReader::Encoding() const {
-  return state_->encoding;
-}
 
 void TextReader::Close() {
-  state_->file.Close();
-  state_->begin = state_->end;
+  if (std::exchange(state_->isDecoding, false)) {
+    state_->work.Wait();
+  }
+  state_->source.Close();
+  state_->group.Clear();
 }
 
 }  // namespace lexmill::platform

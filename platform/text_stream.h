@@ -19,7 +19,8 @@ class ReplacementFile;
 inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// Reads a text file line by line. LF ends a line and a CR directly before it goes too; a lone CR
-/// is text. A last line without an end counts. Buffered; closed by its destructor.
+/// is text. A last line without an end counts. Buffered, and ahead of its owner where a file is
+/// long; closed by its destructor.
 class TextReader {
  public:
   TextReader(TextReader&&) noexcept;
@@ -30,19 +31,18 @@ class TextReader {
   /// @throws Failure InputPastEnd at the end of the file, DeviceError if the host can't read
   [[nodiscard]] std::u16string_view ReadLine();
 
-  /// The next line as it stands in the file, in bytes of the file's encoding, without its end. The
-  /// view lives until the next call on this object.
-  /// @throws as ReadLine
-  [[nodiscard]] std::string_view ReadLineBytes();
-
   /// True if no line is left. @throws Failure DeviceError if the host can't read
   [[nodiscard]] bool AtEndOfStream();
+
+  /// Allows that lines without `character`, an ASCII one, are passed over from now on: most of them
+  /// are, without the cost of decoding. For the owner who is looking for others, in a file whose
+  /// first line has been read.
+  void PassOverLinesWithout(char character);
 
   /// Bytes of the file taken by the lines read so far, a mark included.
   [[nodiscard]] std::int64_t BytesRead() const;
   /// Size of the file in bytes when it was opened; 0 for a pipe or a device.
   [[nodiscard]] std::int64_t Size() const;
-  [[nodiscard]] TextEncoding Encoding() const;
 
   /// Closes now instead of at the end of this object's life. Closing twice is harmless.
   void Close();
@@ -54,9 +54,9 @@ class TextReader {
   std::unique_ptr<State> state_;
 };
 
-/// Writes a text file. Buffered: a line costs no system call. The file takes the place of an older
-/// one of its name in one step when it is closed or destroyed; after a failed write the older one
-/// stays.
+/// Writes a text file. Buffered: a line costs no system call, and what has come together is encoded
+/// and written while the owner goes on. The file takes the place of an older one of its name in one
+/// step when it is closed or destroyed; after a failed write the older one stays.
 class TextWriter {
  public:
   TextWriter(TextWriter&&) noexcept;
@@ -65,8 +65,9 @@ class TextWriter {
   ~TextWriter();
 
   /// Writes `text` as it is.
-  /// @throws Failure InvalidCall if the encoding lacks a character: nothing of this call is written
-  ///   then; DiskFull or DeviceError if the host can't write
+  /// @throws Failure of this call or an earlier one: InvalidCall if the encoding lacks a character
+  ///   (nothing of that call is written, nor of any behind it), DiskFull or DeviceError if the host
+  ///   can't write
   void Write(std::u16string_view text);
   /// Writes `text` and CR LF. @throws as Write
   void WriteLine(std::u16string_view text = {});

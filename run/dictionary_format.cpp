@@ -35,23 +35,18 @@ using Columns = std::vector<std::u16string>;
 std::optional<Columns> ReadGlossaryHead(std::u16string_view path) {
   auto stream = platform::FileSystemObject().OpenTextFile(path, EncodingOf(path));
   Columns head;
-  std::u16string line;
   int found = 0;
   do {
-    // A text has no TAB from its first line to its last, so only lines with one are worth decoding.
-    const std::string_view bytes = stream.ReadLineBytes();
-    if (bytes.find('\t') == std::string_view::npos) {
-      continue;
-    }
-    line.clear();
-    platform::DecodeText(stream.Encoding(), bytes, line);
+    const std::u16string_view line = stream.ReadLine();
     if (HasOneTab(line)) {
       ++found;
     }
-    if (found == 1) {
+    if (found == 1 && line.find(kTab) != std::u16string_view::npos) {
       const auto columns = platform::Split(line, kTab);
       head.assign(columns.begin(), columns.end());
     }
+    // A text has no TAB from its first line to its last, so only lines with one are worth decoding.
+    stream.PassOverLinesWithout('\t');
   } while (found < kGlossaryLines && !stream.AtEndOfStream());
   return found > 0 ? std::optional(head) : std::nullopt;
 }

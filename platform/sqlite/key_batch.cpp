@@ -27,8 +27,8 @@ KeyBatch::KeyBatch(std::size_t bufferSize) {
 }
 
 bool KeyBatch::HasRoom(std::size_t length) const {
-  return entries_.empty() || (texts_.size() + length <= texts_.capacity() &&
-                              entries_.size() < entries_.capacity());
+  return entries_.empty() ||
+         (texts_.size() + length <= texts_.capacity() && entries_.size() < entries_.capacity());
 }
 
 void KeyBatch::Add(std::initializer_list<std::string_view> parts) {

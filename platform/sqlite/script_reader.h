@@ -22,7 +22,7 @@ struct ScriptBatch {
   };
 
   Kind kind;
-  std::string_view text;  ///< lines as they came, the last one's end included
+  std::string_view text;                ///< lines as they came, the last one's end included
   const PlainInsert* insert = nullptr;  ///< what the text says, if it is one such statement
 };
 
