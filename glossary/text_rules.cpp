@@ -63,9 +63,9 @@ std::span<const std::u16string_view> Match(platform::RegExp& expression,
 }
 
 /// Length of the part of `text` before its one literal tab; none if it has not just one.
-std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text, const MarkGate& gate,
+std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text,
                                                   platform::RegExp& expression) {
-  if (!gate.Holds(text, kLiteralTab)) {
+  if (!platform::Contains(text, kLiteralTab)) {
     return std::nullopt;
   }
   const auto groups = Match(expression, kLiteralTabPattern, text);
@@ -74,11 +74,11 @@ std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text, cons
 
 /// `text` without its final punctuation. A string belongs to the first rule whose mark it holds
 /// anywhere, whether or not that rule is wanted or fits.
-std::u16string_view WithoutPunctuation(std::u16string_view text, const MarkGate& gate,
+std::u16string_view WithoutPunctuation(std::u16string_view text,
                                        std::span<const PunctuationRule> rules,
                                        const OptionSet& options, platform::RegExp& expression) {
   const auto rule = std::ranges::find_if(rules, [&](const PunctuationRule& candidate) {
-    return gate.Holds(text, candidate.tellTale);
+    return platform::Contains(text, candidate.tellTale);
   });
   if (rule == rules.end() || !(options.*rule->option)) {
     return text;
@@ -101,27 +101,25 @@ std::optional<PurifiedPair> ReferenceRules::PurifyReference(std::u16string_view 
 }
 
 std::u16string_view ReferenceRules::PurifiedSource(std::u16string_view text) {
-  gate_ = MarkGate(text);
   text = WithoutBlanks(SourceWithoutHotKey(WithoutLiteralTab(text)));
-  return WithoutPunctuation(text, gate_, kHalfWidthRules, options_, expression_);
+  return WithoutPunctuation(text, kHalfWidthRules, options_, expression_);
 }
 
 std::u16string_view ReferenceRules::PurifiedTarget(std::u16string_view text) {
-  gate_ = MarkGate(text);
   text = WithoutBlanks(TargetWithoutHotKey(WithoutLiteralTab(text)));
-  return WithoutPunctuation(text, gate_, kPunctuationRules, options_, expression_);
+  return WithoutPunctuation(text, kPunctuationRules, options_, expression_);
 }
 
 std::u16string_view ReferenceRules::WithoutLiteralTab(std::u16string_view text) const {
   if (!options_.chkaMTab) {
     return text;
   }
-  return text.substr(0, LengthBeforeLiteralTab(text, gate_, expression_).value_or(text.size()));
+  return text.substr(0, LengthBeforeLiteralTab(text, expression_).value_or(text.size()));
 }
 
 /// The ampersand goes, the character behind it stays; it may be a blank.
 std::u16string_view ReferenceRules::SourceWithoutHotKey(std::u16string_view source) {
-  if (!options_.chkaAndX || !gate_.Holds(source, kAmpersand)) {
+  if (!options_.chkaAndX || !platform::Contains(source, kAmpersand)) {
     return source;
   }
   expression_.Pattern(kReferenceHotKey);
@@ -130,7 +128,7 @@ std::u16string_view ReferenceRules::SourceWithoutHotKey(std::u16string_view sour
 
 /// The hot key goes with its brackets; failing that, an ampersand before a full-width character.
 std::u16string_view ReferenceRules::TargetWithoutHotKey(std::u16string_view target) {
-  if (!options_.chkaAndX || !gate_.Holds(target, kAmpersand)) {
+  if (!options_.chkaAndX || !platform::Contains(target, kAmpersand)) {
     return target;
   }
   hotKeyPattern_.assign(kBeforeBrackets)
@@ -164,7 +162,6 @@ std::optional<DecomposedString> UntranslatedRules::DecomposeUntranslated(
   if (source != target || IsTooLong(source, options_)) {
     return std::nullopt;
   }
-  gate_ = MarkGate(source);
   Work work{.text = source, .mainStart = 0, .mainEnd = source.size()};
   SetLiteralTabAside(work);
   const std::u16string_view hotKey = SetHotKeyAside(work);
@@ -179,14 +176,14 @@ std::optional<DecomposedString> UntranslatedRules::DecomposeUntranslated(
 
 void UntranslatedRules::SetLiteralTabAside(Work& work) const {
   if (options_.chkaMTab) {
-    work.mainEnd = LengthBeforeLiteralTab(work.text, gate_, expression_).value_or(work.mainEnd);
+    work.mainEnd = LengthBeforeLiteralTab(work.text, expression_).value_or(work.mainEnd);
   }
 }
 
 /// Takes the ampersand out of the main text. The character behind it may not be a blank here.
 /// @return the hot key in upper case between its brackets; empty if there is none
 std::u16string_view UntranslatedRules::SetHotKeyAside(Work& work) {
-  if (!options_.chkaAndX || !gate_.Holds(work.Main(), kAmpersand)) {
+  if (!options_.chkaAndX || !platform::Contains(work.Main(), kAmpersand)) {
     return {};
   }
   const auto groups = Match(expression_, kUntranslatedHotKey, work.Main());
@@ -224,9 +221,8 @@ void UntranslatedRules::SetBlanksAside(Work& work) const {
 }
 
 void UntranslatedRules::SetPunctuationAside(Work& work) const {
-  work.mainEnd =
-      work.mainStart +
-      WithoutPunctuation(work.Main(), gate_, kHalfWidthRules, options_, expression_).size();
+  work.mainEnd = work.mainStart +
+                 WithoutPunctuation(work.Main(), kHalfWidthRules, options_, expression_).size();
 }
 
 std::u16string_view UntranslatedRules::InUpperCase(std::u16string_view text) {

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "glossary/decomposed_string.h"
-#include "glossary/mark_gate.h"
 #include "platform/regular_expression.h"
 #include "run/shared/option_set.h"
 
@@ -49,7 +48,6 @@ class ReferenceRules {
 
   const OptionSet& options_;
   platform::RegExp& expression_;
-  MarkGate gate_;                 ///< of the string under work
   std::u16string source_;         ///< a source that lost its ampersand
   std::u16string target_;         ///< a target that lost its hot key
   std::u16string hotKeyPattern_;  ///< of targets, made of the two bracket fragments
@@ -89,7 +87,6 @@ class UntranslatedRules {
 
   const OptionSet& options_;
   platform::RegExp& expression_;
-  MarkGate gate_;          ///< of the string under work
   std::u16string text_;    ///< a string that lost its ampersand
   std::u16string hotKey_;  ///< the hot key in its brackets
   std::u16string main_;    ///< the main text in upper case
