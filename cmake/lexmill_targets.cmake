@@ -46,6 +46,15 @@ function(lexmill_program name)
   target_link_libraries(${name} PRIVATE lexmill_settings)
 endfunction()
 
+# lexmill_console_program(name sources...): a program that a run starts, some of them several times.
+# With the language's library inside it starts in half the time.
+function(lexmill_console_program name)
+  lexmill_program(${name} ${ARGN})
+  if(NOT LEXMILL_SANITIZE AND NOT LEXMILL_FUZZ)
+    target_link_options(${name} PRIVATE -static-libstdc++ -static-libgcc)
+  endif()
+endfunction()
+
 # lexmill_test(room sources...): the test program of one room; its cases are known to CTest.
 # The working directory is the room's folder under tests/, so that tests find their data.
 function(lexmill_test room)

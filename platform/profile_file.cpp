@@ -84,6 +84,10 @@ std::u16string Joined(const std::vector<std::u16string>& names) {
 /// The first `limit` bytes of `text` in the code page. A character that the limit divides leaves
 /// its first byte as one that is no text.
 std::u16string Cut(std::u16string text, std::size_t limit) {
+  constexpr std::size_t kMostBytesOfUnit = 4;
+  if (text.size() <= limit / kMostBytesOfUnit) {
+    return text;  // and no program makes the code page's tables for it
+  }
   std::string bytes;
   if (!AnsiCodePage().Encode(text, bytes)) {
     return text.substr(0, limit);

@@ -13,7 +13,7 @@ namespace lexmill {
 namespace {
 
 platform::TextEncoding ReadAndRecognise(std::u16string_view path) {
-  constexpr std::size_t kPiece = std::size_t{4} << 20U;
+  constexpr std::size_t kPiece = std::size_t{256} << 10U;
   platform::Utf8Recognition recognition;
   std::int64_t offset = 0;
   for (;;) {
