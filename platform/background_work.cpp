@@ -53,11 +53,20 @@ void BackgroundWork::Start(std::function<void()> work) {
 }
 
 void BackgroundWork::Wait() {
+  if (const std::exception_ptr failure = TakeFailure()) {
+    std::rethrow_exception(failure);
+  }
+}
+
+void BackgroundWork::Drop() {
+  static_cast<void>(TakeFailure());
+}
+
+/// Waits for the work under way. @return its failure, or null
+std::exception_ptr BackgroundWork::TakeFailure() {
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [this] { return !work_; });
-  if (failure_) {
-    std::rethrow_exception(std::exchange(failure_, nullptr));
-  }
+  return std::exchange(failure_, nullptr);
 }
 
 void BackgroundWork::BeginThread() {

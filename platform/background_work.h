@@ -27,7 +27,11 @@ class BackgroundWork {
   /// Returns when no work is under way. @throws what the work threw, once
   void Wait();
 
+  /// As Wait, but forgets a failure.
+  void Drop();
+
  private:
+  [[nodiscard]] std::exception_ptr TakeFailure();
   void BeginThread();
   void Serve();
   void Do(const std::function<void()>& work) noexcept;

@@ -149,9 +149,8 @@ std::int64_t TextReader::Size() const {
 }
 
 void TextReader::Close() {
-  if (std::exchange(state_->isDecoding, false)) {
-    state_->work.Wait();
-  }
+  state_->work.Drop();
+  state_->isDecoding = false;
   state_->source.Close();
   state_->group.Clear();
 }

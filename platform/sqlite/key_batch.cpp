@@ -11,6 +11,7 @@ namespace lexmill::platform::sqlite {
 namespace {
 
 constexpr std::size_t kHeadSize = 8;
+
 }  // namespace
 
 std::uint64_t HeadOf(std::string_view text) {

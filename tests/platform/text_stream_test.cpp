@@ -130,6 +130,46 @@ TEST_F(TextStream, WritesBytesOfTheEncoding) {
   EXPECT_EQ(ReadBytes(path_), "\xEF\xBB\xBF");
 }
 
+// The failure may be told later; what is written is the same however much comes behind it.
+TEST_F(TextStream, WritesNothingFromATextOnThatItsEncodingLacks) {
+  const std::u16string many(50'000, u'x');
+  for (const int behind : {0, 1, 10}) {
+    SCOPED_TRACE(behind);
+    {
+      TextWriter writer = Create();
+      const auto write = [&] {
+        writer.WriteLine(u"kept");
+        writer.WriteLine(u"lacked \xD800");
+        for (int i = 0; i < behind; ++i) {
+          writer.WriteLine(many);
+        }
+        writer.Close();
+      };
+      EXPECT_EQ(FailureOf(write), 5);
+    }
+    EXPECT_EQ(ReadBytes(path_), "kept\r\n");
+  }
+}
+
+TEST_F(TextStream, PassesOverLinesThatLackACharacter) {
+  std::string bytes = "first\n";
+  for (int i = 0; i < 100'000; ++i) {
+    bytes += i % 20'000 == 19'999 ? "a\tb\n" : "plain\n";
+  }
+  WriteBytes(path_, bytes);
+  TextReader reader = Open();
+  std::ignore = reader.ReadLine();
+  reader.PassOverLinesWithout('\t');
+  int lines = 0;
+  int wanted = 0;
+  for (; !reader.AtEndOfStream(); ++lines) {
+    wanted += reader.ReadLine() == u"a\tb" ? 1 : 0;
+  }
+  EXPECT_EQ(wanted, 5);
+  EXPECT_LT(lines, 50'000);  // those decoded before are given
+  EXPECT_EQ(reader.BytesRead(), reader.Size());
+}
+
 TEST_F(TextStream, TakesItsPlaceAtCloseAtReleaseAndAtReassignment) {
   TextWriter writer = Create();
   writer.Write(u"one");
