@@ -2,7 +2,6 @@
 #include "glossary/record_scanner.h"
 
 #include <algorithm>
-#include <limits>
 #include <memory>
 #include <utility>
 
@@ -14,8 +13,6 @@ namespace lexmill {
 namespace {
 
 constexpr std::int32_t kWhole = 100;
-// Stands for the size of a pipe or a device: no share of it is worth a per cent.
-constexpr std::int64_t kUnknownSize = std::numeric_limits<std::int64_t>::max() / kWhole;
 
 platform::Failure InvalidPropertyValue() {
   return {platform::FailureNumber::InvalidPropertyValue, platform::FailureOrigin::Runtime};
@@ -55,7 +52,7 @@ void RecordScanner::ScanAction(std::int32_t action) {
 void RecordScanner::Run() {
   auto file = platform::FileSystemObject().OpenTextFile(scanFile_, EncodingOf(scanFile_));
   bytesRead_ = 0;
-  bytesInAll_ = file.Size() > 0 ? file.Size() : kUnknownSize;
+  bytesInAll_ = std::max<std::int64_t>(file.Size(), 1);  // no share can be taken of an empty file
   ScanBegin.Raise();
   ScanRecords(file);
   bytesRead_ = bytesInAll_;
