@@ -42,6 +42,10 @@ const std::array<char16_t, kUnits>& Capitals() {
 constexpr std::size_t kBlockUnits = 8;
 using Block [[gnu::vector_size(kBlockUnits * sizeof(char16_t))]] = std::uint16_t;
 
+Block EightTimes(char16_t unit) {
+  return Block{unit, unit, unit, unit, unit, unit, unit, unit};
+}
+
 /// Position of the first unit equal to those in `sought`; kBlockUnits if there is none.
 std::size_t FindInBlock(const char16_t* units, Block sought) {
   constexpr std::size_t kUnitBits = 16;
@@ -84,7 +88,7 @@ std::u16string_view Trim(std::u16string_view text) {
 std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start) {
   std::size_t at = start;
   if (at + kBlockUnits <= text.size()) {
-    const Block sought = Block{} + unit;
+    const Block sought = EightTimes(unit);
     const std::size_t lastBlock = text.size() - kBlockUnits;
     for (; at < lastBlock; at += kBlockUnits) {
       if (const std::size_t found = FindInBlock(text.data() + at, sought); found < kBlockUnits) {
