@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <utility>
 
 #include "platform/sqlite/page.h"
@@ -11,6 +12,8 @@ namespace lexmill::platform::sqlite {
 namespace {
 
 constexpr std::size_t kHeadSize = 8;
+constexpr std::size_t kFewEntries = 12;
+constexpr std::size_t kDeepest = 256;
 
 }  // namespace
 
@@ -52,36 +55,66 @@ void KeyBatch::Clear() {
   entries_.clear();
 }
 
-/// Sorts strings whose first `depth` bytes are alike and whose heads are the bytes behind. Each
-/// text is looked at once for every eight bytes, not once for every comparison.
+/// Sorts strings whose first `depth` bytes are alike and whose heads are the bytes behind: parts
+/// them by one of the heads into those before it, those with it and those behind it. The middle
+/// part goes on with the next bytes. Strings of a dictionary have many beginnings in common.
 void KeyBatch::SortBehind(std::span<Entry> entries, std::size_t depth) {
   const std::size_t end = depth + kHeadSize;
-  const auto order = [end](const Entry& entry) {
-    return std::pair(entry.head, std::min<std::size_t>(entry.length, end + 1));
-  };
-  std::ranges::sort(entries, {}, order);
-  for (auto from = entries.begin(); from != entries.end();) {
-    const auto to = std::find_if(from + 1, entries.end(),
-                                 [&](const Entry& entry) { return order(entry) != order(*from); });
-    if (to - from > 1 && from->length > end) {
-      SortAlike({from, to}, end);
+  for (auto steps = 2 * std::bit_width(entries.size()); entries.size() > kFewEntries; --steps) {
+    if (steps == 0 || depth > kDeepest) {
+      break;  // pivots were bad, or strings have too much in common
     }
-    from = to;
+    const Order pivot = MiddleOf(entries, end);
+    const auto [before, behind] = Part(entries, pivot, end);
+    SortBehind(entries.first(before), depth);
+    if (pivot.second > end) {
+      SortAlike(entries.subspan(before, behind - before), end);
+    }
+    entries = entries.subspan(behind);
   }
+  std::ranges::sort(entries, [this](const Entry& left, const Entry& right) {
+    return left.head != right.head ? left.head < right.head : TextOf(left) < TextOf(right);
+  });
 }
 
 /// Sorts strings whose first `depth` bytes are alike.
 void KeyBatch::SortAlike(std::span<Entry> entries, std::size_t depth) {
-  constexpr std::size_t kFewEntries = 4;
-  constexpr std::size_t kDeepest = 256;
-  if (entries.size() <= kFewEntries || depth > kDeepest) {
-    std::ranges::sort(entries, {}, [this](const Entry& entry) { return TextOf(entry); });
-    return;
-  }
   for (Entry& entry : entries) {
     entry.head = HeadOf(TextOf(entry).substr(depth));
   }
   SortBehind(entries, depth);
+}
+
+/// What parts entries: the head, and, where one ends before `end`, the length.
+KeyBatch::Order KeyBatch::OrderOf(const Entry& entry, std::size_t end) {
+  return {entry.head, std::min<std::size_t>(entry.length, end + 1)};
+}
+
+/// The middle one of three.
+KeyBatch::Order KeyBatch::MiddleOf(std::span<const Entry> entries, std::size_t end) {
+  const Order first = OrderOf(entries.front(), end);
+  const Order last = OrderOf(entries.back(), end);
+  const Order middle = OrderOf(entries[entries.size() / 2], end);
+  return std::max(std::min(first, last), std::min(std::max(first, last), middle));
+}
+
+/// Puts entries before `pivot` to the front and those behind it to the back.
+/// @return where the ones with its order begin and end
+std::pair<std::size_t, std::size_t> KeyBatch::Part(std::span<Entry> entries, const Order& pivot,
+                                                   std::size_t end) {
+  std::size_t before = 0;
+  std::size_t behind = entries.size();
+  for (std::size_t at = 0; at < behind;) {
+    const Order order = OrderOf(entries[at], end);
+    if (order < pivot) {
+      std::swap(entries[before++], entries[at++]);
+    } else if (pivot < order) {
+      std::swap(entries[at], entries[--behind]);
+    } else {
+      ++at;
+    }
+  }
+  return {before, behind};
 }
 
 }  // namespace lexmill::platform::sqlite

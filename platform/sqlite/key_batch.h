@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace lexmill::platform::sqlite {
@@ -46,8 +47,15 @@ class KeyBatch {
   [[nodiscard]] std::string_view TextOf(const Entry& entry) const {
     return {texts_.data() + entry.offset, entry.length};
   }
+  using Order = std::pair<std::uint64_t, std::size_t>;
+
   void SortBehind(std::span<Entry> entries, std::size_t depth);
   void SortAlike(std::span<Entry> entries, std::size_t depth);
+  [[nodiscard]] static Order OrderOf(const Entry& entry, std::size_t end);
+  [[nodiscard]] static Order MiddleOf(std::span<const Entry> entries, std::size_t end);
+  [[nodiscard]] static std::pair<std::size_t, std::size_t> Part(std::span<Entry> entries,
+                                                                const Order& pivot,
+                                                                std::size_t end);
 
   std::string texts_;
   std::vector<Entry> entries_;
