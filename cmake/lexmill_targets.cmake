@@ -1,7 +1,7 @@
 # What every target of the tree has in common: language level, warnings, the folder of the programs.
 
 option(LEXMILL_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
-option(LEXMILL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+set(LEXMILL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined or thread")
 option(LEXMILL_FUZZ "Build the fuzzers, with sanitizers; needs clang" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -22,9 +22,9 @@ target_compile_options(
                              $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
                              $<$<BOOL:${LEXMILL_WARNINGS_AS_ERRORS}>:-Werror>)
 if(LEXMILL_SANITIZE)
-  target_compile_options(lexmill_settings INTERFACE -fsanitize=address,undefined
+  target_compile_options(lexmill_settings INTERFACE -fsanitize=${LEXMILL_SANITIZE}
                                                     -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(lexmill_settings INTERFACE -fsanitize=address,undefined)
+  target_link_options(lexmill_settings INTERFACE -fsanitize=${LEXMILL_SANITIZE})
 endif()
 
 if(LEXMILL_FUZZ)
