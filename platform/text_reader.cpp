@@ -86,6 +86,8 @@ struct TextReader::State {
     }
     if (isDecoding) {
       work.Wait();
+    } else if (failure) {
+      ahead.Clear();
     } else {
       DecodeAhead();
     }
@@ -138,6 +140,7 @@ bool TextReader::AtEndOfStream() {
 }
 
 void TextReader::PassOverLinesWithout(char character) {
+  state_->work.Wait();
   state_->wanted = character;
 }
 
