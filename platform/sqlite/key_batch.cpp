@@ -47,7 +47,7 @@ void KeyBatch::Add(std::initializer_list<std::string_view> parts) {
 }
 
 void KeyBatch::Sort() {
-  SortBehind(entries_, 0);
+  SortBehind(entries_, 0, StepsFor(entries_));
 }
 
 void KeyBatch::Clear() {
@@ -58,15 +58,15 @@ void KeyBatch::Clear() {
 /// Sorts strings whose first `depth` bytes are alike and whose heads are the bytes behind: parts
 /// them by one of the heads into those before it, those with it and those behind it. The middle
 /// part goes on with the next bytes. Strings of a dictionary have many beginnings in common.
-void KeyBatch::SortBehind(std::span<Entry> entries, std::size_t depth) {
+/// @param steps  how often they may still be parted; behind that, and behind too many bytes in
+///   common, the sort of the library takes over, which no order of the strings makes slow
+void KeyBatch::SortBehind(std::span<Entry> entries, std::size_t depth, int steps) {
   const std::size_t end = depth + kHeadSize;
-  for (auto steps = 2 * std::bit_width(entries.size()); entries.size() > kFewEntries; --steps) {
-    if (steps == 0 || depth > kDeepest) {
-      break;  // pivots were bad, or strings have too much in common
-    }
+  while (entries.size() > kFewEntries && steps > 0 && depth <= kDeepest) {
+    --steps;
     const Order pivot = MiddleOf(entries, end);
     const auto [before, behind] = Part(entries, pivot, end);
-    SortBehind(entries.first(before), depth);
+    SortBehind(entries.first(before), depth, steps);
     if (pivot.second > end) {
       SortAlike(entries.subspan(before, behind - before), end);
     }
@@ -82,7 +82,12 @@ void KeyBatch::SortAlike(std::span<Entry> entries, std::size_t depth) {
   for (Entry& entry : entries) {
     entry.head = HeadOf(TextOf(entry).substr(depth));
   }
-  SortBehind(entries, depth);
+  SortBehind(entries, depth, StepsFor(entries));
+}
+
+/// Twice as many steps as entries that are parted in halves take.
+int KeyBatch::StepsFor(std::span<const Entry> entries) {
+  return 2 * static_cast<int>(std::bit_width(entries.size()));
 }
 
 /// What parts entries: the head, and, where one ends before `end`, the length.

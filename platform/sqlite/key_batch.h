@@ -44,13 +44,14 @@ class KeyBatch {
     std::uint32_t length = 0;
   };
 
+  using Order = std::pair<std::uint64_t, std::size_t>;
+
   [[nodiscard]] std::string_view TextOf(const Entry& entry) const {
     return {texts_.data() + entry.offset, entry.length};
   }
-  using Order = std::pair<std::uint64_t, std::size_t>;
-
-  void SortBehind(std::span<Entry> entries, std::size_t depth);
+  void SortBehind(std::span<Entry> entries, std::size_t depth, int steps);
   void SortAlike(std::span<Entry> entries, std::size_t depth);
+  [[nodiscard]] static int StepsFor(std::span<const Entry> entries);
   [[nodiscard]] static Order OrderOf(const Entry& entry, std::size_t end);
   [[nodiscard]] static Order MiddleOf(std::span<const Entry> entries, std::size_t end);
   [[nodiscard]] static std::pair<std::size_t, std::size_t> Part(std::span<Entry> entries,

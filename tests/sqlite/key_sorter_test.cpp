@@ -49,6 +49,24 @@ TEST_P(Sorting, GivesAllStringsInTheOrderOfTheirBytes) {
   EXPECT_EQ(folder.Listing(), "");
 }
 
+// Down and up again: first, middle and last string stand near the ends of the order, so that they
+// part nearly nothing off.
+TEST(SortingOfOrderedStrings, NeedsNoStackForEachString) {
+  const TemporaryFolder folder;
+  constexpr int kStrings = 400'000;
+  KeySorter sorter((folder.Path() / "t.db").string(), std::size_t{64} << 20U);
+  for (int i = 0; i < kStrings; ++i) {
+    const int rank = i < kStrings / 2 ? kStrings - 2 * i : 2 * i - kStrings + 1;
+    sorter.Add({std::to_string(1'000'000 + rank)});
+  }
+  sorter.Sort();
+  std::string_view text;
+  for (int i = 0; i < kStrings; ++i) {
+    ASSERT_TRUE(sorter.Next(text));
+    ASSERT_EQ(text, std::to_string(1'000'001 + i));
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Loads, Sorting,
                          testing::Values(Load{"Nothing", 0, 65536}, Load{"InMemory", 3000, 1048576},
                                          Load{"InManyRuns", 20000, 16384}),
