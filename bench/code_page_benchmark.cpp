@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "bench/parts_data.h"
-#include "platform/text_encoding.h"
+#include "platform/text/text_encoding.h"
 
 namespace lexmill::bench {
 namespace {

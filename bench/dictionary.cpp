@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "bench/vocabulary.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 
 namespace lexmill::bench {
 namespace {

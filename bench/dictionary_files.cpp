@@ -5,9 +5,9 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "platform/file_system.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 
 namespace lexmill::bench {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "bench/dictionary_files.h"
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::bench {
 namespace {

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "bench/parts_data.h"
-#include "platform/sqlite/shell.h"
-#include "platform/text.h"
-#include "platform/text_encoding.h"
+#include "platform/sqlite/shell/shell.h"
+#include "platform/text/text.h"
+#include "platform/text/text_encoding.h"
 
 namespace lexmill::bench {
 namespace {

@@ -10,8 +10,8 @@
 #include "glossary/record_scanner.h"
 #include "glossary/text_rules.h"
 #include "glossary/working_scripts.h"
-#include "platform/file_system.h"
-#include "platform/regular_expression.h"
+#include "platform/expression/regular_expression.h"
+#include "platform/files/file_system.h"
 
 namespace lexmill::bench {
 namespace {

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/ansi_text.h"
-#include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/host_path.h"
-#include "platform/host_system.h"
-#include "platform/process.h"
+#include "platform/host/application.h"
+#include "platform/host/host_path.h"
+#include "platform/host/host_system.h"
+#include "platform/host/process.h"
+#include "platform/text/ansi_text.h"
 
 namespace lexmill {
 namespace {

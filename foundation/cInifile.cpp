@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "platform/profile_file.h"
+#include "platform/files/profile_file.h"
 
 namespace lexmill {
 namespace {

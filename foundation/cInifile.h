@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 namespace lexmill {
 

@@ -3,8 +3,8 @@
 
 #include "foundation/cInifile.h"
 #include "foundation/entry_point.h"
-#include "platform/desktop.h"
-#include "platform/numbers.h"
+#include "platform/controls/desktop.h"
+#include "platform/text/numbers.h"
 
 namespace lexmill {
 namespace {

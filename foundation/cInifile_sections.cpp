@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/cInifile.h"
 #include "foundation/entry_point.h"
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 
 namespace lexmill {
 namespace {

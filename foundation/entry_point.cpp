@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/dialogs.h"
+#include "platform/controls/dialogs.h"
 #include "platform/failure.h"
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 
 namespace lexmill {
 namespace {

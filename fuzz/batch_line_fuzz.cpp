@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Lines of batch scripts: any line is read, and a path in quotes comes out as it went in.
 #include "fuzz/fuzz_input.h"
-#include "platform/ansi_text.h"
 #include "platform/batch/batch_line.h"
-#include "platform/command_line.h"
+#include "platform/host/command_line.h"
+#include "platform/text/ansi_text.h"
 
 namespace lexmill::fuzz {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
-#include "platform/sqlite/shell.h"
+#include "platform/sqlite/shell/shell.h"
 
 namespace lexmill::fuzz {
 namespace {

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "fuzz/fuzz_input.h"
-#include "platform/ansi_text.h"
-#include "platform/text_encoding.h"
-#include "platform/utf8.h"
+#include "platform/text/ansi_text.h"
+#include "platform/text/text_encoding.h"
+#include "platform/text/utf8.h"
 
 namespace lexmill::fuzz {
 namespace {

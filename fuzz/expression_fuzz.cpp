@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Regular expressions and replacements of any kind: a result or one of the published failures.
 #include "fuzz/fuzz_input.h"
+#include "platform/expression/regular_expression.h"
 #include "platform/failure.h"
-#include "platform/regular_expression.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::fuzz {
 namespace {

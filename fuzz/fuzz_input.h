@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/host_path.h"
+#include "platform/host/host_path.h"
 
 /// Runs one input. @return 0
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

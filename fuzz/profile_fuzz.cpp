@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "fuzz/fuzz_input.h"
-#include "platform/ansi_text.h"
-#include "platform/profile_text.h"
-#include "platform/text.h"
+#include "platform/files/profile_text.h"
+#include "platform/text/ansi_text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::fuzz {
 namespace {

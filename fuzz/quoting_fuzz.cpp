@@ -6,8 +6,8 @@
 
 #include "fuzz/fuzz_input.h"
 #include "glossary/working_scripts.h"
-#include "platform/ansi_text.h"
-#include "platform/sqlite/shell.h"
+#include "platform/sqlite/shell/shell.h"
+#include "platform/text/ansi_text.h"
 
 namespace lexmill::fuzz {
 namespace {

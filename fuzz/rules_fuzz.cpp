@@ -3,7 +3,7 @@
 #include "foundation/entry_point.h"
 #include "fuzz/fuzz_input.h"
 #include "glossary/text_rules.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::fuzz {
 namespace {

@@ -5,7 +5,7 @@
 #include "foundation/entry_point.h"
 #include "fuzz/fuzz_input.h"
 #include "glossary/record_scanner.h"
-#include "platform/application.h"
+#include "platform/host/application.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/shared/run_state.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
-#include "platform/sqlite/script_reader.h"
+#include "platform/sqlite/shell/script_reader.h"
 
 namespace lexmill::fuzz {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "glossary/record_scanner.h"
 #include "glossary/text_rules.h"
-#include "platform/file_system.h"
-#include "platform/regular_expression.h"
+#include "platform/expression/regular_expression.h"
+#include "platform/files/file_system.h"
 #include "run/shared/option_set.h"
 #include "run/shared/progress_tick.h"
 

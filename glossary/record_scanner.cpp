@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "run/shared/run_state.h"
 
 namespace lexmill {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/event.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 namespace lexmill {
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <utility>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill {
 namespace {

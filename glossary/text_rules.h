@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "glossary/decomposed_string.h"
-#include "platform/regular_expression.h"
+#include "platform/expression/regular_expression.h"
 #include "run/shared/option_set.h"
 
 namespace lexmill {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "glossary/decomposed_string.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 namespace lexmill {
 

@@ -2,9 +2,9 @@
 #include "pipeline/batch_script.h"
 
 #include "foundation/entry_point.h"
-#include "platform/clock.h"
 #include "platform/failure.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
+#include "platform/host/clock.h"
 #include "run/shared/file_extension.h"
 #include "run/shared/option_set.h"
 #include "run/shared/run_state.h"

@@ -3,11 +3,11 @@
 
 #include <tuple>
 
-#include "platform/application.h"
-#include "platform/clock.h"
-#include "platform/desktop.h"
+#include "platform/controls/desktop.h"
 #include "platform/event.h"
-#include "platform/numbers.h"
+#include "platform/host/application.h"
+#include "platform/host/clock.h"
+#include "platform/text/numbers.h"
 #include "window/frmMain.h"
 
 namespace lexmill {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "run/shared/progress_tick.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"

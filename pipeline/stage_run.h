@@ -9,7 +9,7 @@
 #include <string>
 
 #include "glossary/record_scanner.h"
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 #include "window/frmMain.h"
 
 namespace lexmill {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "foundation/entry_point.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "run/shared/file_extension.h"
 #include "run/shared/run_state.h"
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/name_reservation.h"
+#include "platform/files/name_reservation.h"
 
 namespace lexmill {
 

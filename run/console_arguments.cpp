@@ -3,9 +3,9 @@
 
 #include <filesystem>
 
-#include "platform/application.h"
-#include "platform/host_path.h"
-#include "platform/text.h"
+#include "platform/host/application.h"
+#include "platform/host/host_path.h"
+#include "platform/text/text.h"
 
 namespace lexmill {
 namespace {

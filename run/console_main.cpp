@@ -8,13 +8,14 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/application.h"
+#include "platform/files/platform_settings.h"
+#include "platform/files/profile_file.h"
 #include "platform/headless/headless.h"
-#include "platform/host_system.h"
-#include "platform/process.h"
-#include "platform/profile_file.h"
-#include "platform/program_start.h"
-#include "platform/text.h"
+#include "platform/host/application.h"
+#include "platform/host/host_system.h"
+#include "platform/host/process.h"
+#include "platform/host/program_start.h"
+#include "platform/text/text.h"
 #include "run/console_arguments.h"
 #include "run/console_run.h"
 #include "run/modMain.h"

@@ -6,8 +6,8 @@
 #include <tuple>
 
 #include "foundation/entry_point.h"
-#include "platform/file_system.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/text.h"
 #include "window/frmMain.h"
 
 namespace lexmill {

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "foundation/entry_point.h"
-#include "platform/ansi_text.h"
-#include "platform/desktop.h"
-#include "platform/file_system.h"
+#include "platform/controls/desktop.h"
+#include "platform/files/file_system.h"
+#include "platform/text/ansi_text.h"
 #include "run/shared/run_state.h"
 
 namespace lexmill {

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "platform/text_encoding.h"
+#include "platform/text/text_encoding.h"
 
 namespace lexmill {
 

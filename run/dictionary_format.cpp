@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "foundation/cInifile.h"
-#include "platform/application.h"
-#include "platform/file_system.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/host/application.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 #include "run/shared/run_state.h"
 #include "window/resources/language_table.h"
 

@@ -6,10 +6,11 @@
 #include <iostream>
 #include <system_error>
 
-#include "platform/application.h"
-#include "platform/dialogs.h"
-#include "platform/host_path.h"
-#include "platform/host_system.h"
+#include "platform/controls/dialogs.h"
+#include "platform/files/platform_settings.h"
+#include "platform/host/application.h"
+#include "platform/host/host_path.h"
+#include "platform/host/host_system.h"
 #include "platform/qt/screen.h"
 #include "run/modMain.h"
 #include "window/frmMain.h"

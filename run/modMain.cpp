@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "run/modMain.h"
 
-#include "platform/application.h"
-#include "platform/host_path.h"
+#include "platform/host/application.h"
+#include "platform/host/host_path.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
 

@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "foundation/entry_point.h"
-#include "platform/desktop.h"
-#include "platform/file_system.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/controls/desktop.h"
+#include "platform/files/file_system.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 #include "window/frmMain.h"
 
 namespace lexmill {

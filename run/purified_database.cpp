@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "foundation/entry_point.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 namespace lexmill::modMain {
 namespace {

@@ -7,7 +7,7 @@
 #include "pipeline/clsLexGenOP.h"
 #include "pipeline/clsLexGenPO.h"
 #include "pipeline/clsLexGenPP.h"
-#include "platform/desktop.h"
+#include "platform/controls/desktop.h"
 #include "platform/failure.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"

@@ -7,23 +7,43 @@ import pathlib
 import re
 import sys
 
-# From left to right; a room includes itself and what stands to its left.
-LINE = ["platform", "foundation", "run/shared", "glossary", "text", "window", "pipeline", "run"]
-# Rooms beside the line: what of the tree they may include besides themselves.
+# From left to right; a room includes itself and the rooms to its left.
+LINE = [
+    "platform",
+    "platform/text",
+    "platform/expression",
+    "platform/host",
+    "platform/files",
+    "platform/controls",
+    "foundation",
+    "run/shared",
+    "glossary",
+    "text",
+    "window",
+    "pipeline",
+    "run",
+]
+# Rooms beside the line: what of the tree they may include besides themselves, from left to right.
+PLATFORM = LINE[: LINE.index("foundation")]
+SQLITE = [f"platform/sqlite{folder}" for folder in ("", "/file", "/tree", "/table", "/sql", "/shell")]
 SIDE = {
-    "platform/qt": ["platform"],
-    "platform/headless": ["platform"],
-    "platform/sqlite": ["platform"],
-    "platform/batch": ["platform"],
+    "platform/qt": PLATFORM,
+    "platform/headless": PLATFORM,
+    "platform/batch": PLATFORM,
+    **{room: PLATFORM + SQLITE[:place] for place, room in enumerate(SQLITE)},
 }
 # Files that alone may reach a side room.
-DOORS = {"run/main.cpp": "platform/qt", "run/console_main.cpp": "platform/headless"}
+DOORS = {
+    "run/main.cpp": "platform/qt",
+    "run/console_main.cpp": "platform/headless",
+    "platform/sqlite/main.cpp": "platform/sqlite/shell",
+}
 # Headers from outside that belong to a few rooms alone.
 OUTSIDE = {
     r"Q[A-Z]\w*": ["platform/qt", "run/main.cpp"],
-    r"sqlite3\.h": ["platform/sqlite"],
-    r"pcre2\.h": ["platform"],
-    r"unicode/.*": ["platform"],
+    r"sqlite3\.h": SQLITE,
+    r"pcre2\.h": ["platform/expression"],
+    r"unicode/.*": ["platform/text"],
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 

@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "glossary/text_rules.h"
-#include "platform/file_system.h"
-#include "platform/regular_expression.h"
+#include "platform/expression/regular_expression.h"
+#include "platform/files/file_system.h"
 #include "run/shared/option_set.h"
 #include "run/shared/progress_tick.h"
 #include "text/text_entry.h"

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "glossary/record_scanner.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "run/shared/progress_tick.h"
 
 namespace lexmill {

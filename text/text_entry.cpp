@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text.h"
 
 namespace lexmill {
 

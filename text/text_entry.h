@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "run/shared/progress_tick.h"
 
 namespace lexmill {

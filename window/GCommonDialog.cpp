@@ -6,8 +6,8 @@
 #include <optional>
 #include <vector>
 
-#include "platform/dialogs.h"
-#include "platform/host_path.h"
+#include "platform/controls/dialogs.h"
+#include "platform/host/host_path.h"
 
 namespace lexmill::GCommonDialog {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "foundation/entry_point.h"
-#include "platform/desktop.h"
-#include "platform/file_system.h"
+#include "platform/controls/desktop.h"
+#include "platform/files/file_system.h"
 
 namespace lexmill::modMain {
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
-#include "platform/application.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
+#include "platform/controls/desktop.h"
+#include "platform/controls/dialogs.h"
 #include "platform/failure.h"
-#include "platform/numbers.h"
-#include "platform/profile_file.h"
+#include "platform/files/profile_file.h"
+#include "platform/host/application.h"
+#include "platform/text/numbers.h"
 #include "window/containing_folder.h"
 #include "window/path_history.h"
 #include "window/resources/language_table.h"

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "glossary/record_scanner.h"
-#include "platform/controls.h"
-#include "platform/form.h"
+#include "platform/controls/controls.h"
+#include "platform/controls/form.h"
 
 namespace lexmill {
 

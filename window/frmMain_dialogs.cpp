@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "foundation/entry_point.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "window/GCommonDialog.h"
 #include "window/frmMain.h"
 #include "window/path_history.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
 #include "platform/failure.h"
 #include "window/frmMain.h"
 #include "window/resources/banner_picture.h"

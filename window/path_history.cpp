@@ -6,7 +6,7 @@
 
 #include "foundation/cInifile.h"
 #include "foundation/entry_point.h"
-#include "platform/numbers.h"
+#include "platform/text/numbers.h"
 #include "run/shared/settings_file.h"
 
 namespace lexmill::modMain {

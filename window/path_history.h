@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 
 namespace lexmill::modMain {
 

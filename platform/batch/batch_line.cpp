@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "platform/command_line.h"
-#include "platform/text.h"
+#include "platform/host/command_line.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::batch {
 namespace {

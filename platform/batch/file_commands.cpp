@@ -10,10 +10,10 @@
 
 #include "platform/batch/messages.h"
 #include "platform/failure.h"
-#include "platform/file_system.h"
-#include "platform/host_failure.h"
-#include "platform/host_path.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/host/host_failure.h"
+#include "platform/host/host_path.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::batch {
 namespace {

@@ -10,13 +10,13 @@
 
 #include "platform/batch/file_commands.h"
 #include "platform/batch/messages.h"
-#include "platform/command_line.h"
 #include "platform/failure.h"
-#include "platform/file_system.h"
-#include "platform/host_failure.h"
-#include "platform/host_path.h"
-#include "platform/program_start.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/host/command_line.h"
+#include "platform/host/host_failure.h"
+#include "platform/host/host_path.h"
+#include "platform/host/program_start.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::batch {
 namespace {

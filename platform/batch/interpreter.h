@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "platform/batch/batch_line.h"
-#include "platform/host_file.h"
+#include "platform/host/host_file.h"
 
 namespace lexmill::platform::batch {
 

@@ -4,11 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/application.h"
 #include "platform/batch/interpreter.h"
-#include "platform/host_file.h"
-#include "platform/host_path.h"
-#include "platform/host_system.h"
+#include "platform/files/platform_settings.h"
+#include "platform/host/application.h"
+#include "platform/host/host_file.h"
+#include "platform/host/host_path.h"
+#include "platform/host/host_system.h"
 
 int main(int count, char** values) {
   namespace platform = lexmill::platform;

@@ -3,8 +3,8 @@
 
 #include <tuple>
 
-#include "platform/ansi_text.h"
-#include "platform/text.h"
+#include "platform/text/ansi_text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::batch {
 

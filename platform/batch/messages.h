@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "platform/failure.h"
-#include "platform/host_file.h"
+#include "platform/host/host_file.h"
 
 namespace lexmill::platform::batch {
 

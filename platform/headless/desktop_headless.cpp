@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop.h"
+#include "platform/controls/desktop.h"
 
 #include "platform/headless/headless.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "platform/dialogs.h"
+#include "platform/controls/dialogs.h"
 
 #include <iostream>
 
 #include "platform/headless/headless.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform {
 namespace {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
+#include "platform/controls/desktop.h"
+#include "platform/controls/dialogs.h"
 
 namespace lexmill::platform::headless {
 

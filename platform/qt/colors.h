@@ -6,7 +6,7 @@
 #include <QColor>
 #include <QPalette>
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
 
 namespace lexmill::platform::qt {
 

@@ -8,9 +8,9 @@
 #include <QObject>
 #include <QWidget>
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
 #include "platform/event.h"
-#include "platform/form.h"
 
 namespace lexmill::platform::qt {
 

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
 
 namespace lexmill::platform::qt {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktop.h"
+#include "platform/controls/desktop.h"
 
 #include <array>
 #include <utility>
@@ -12,10 +12,10 @@
 #include <QUrl>
 #include <QWidget>
 
-#include "platform/host_path.h"
+#include "platform/host/host_path.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/twips.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform {
 namespace {

@@ -6,7 +6,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 
 namespace lexmill::platform::qt {
 

@@ -7,7 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 
 namespace lexmill::platform::qt {
 

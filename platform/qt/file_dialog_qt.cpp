@@ -8,7 +8,7 @@
 #include <QFileInfo>
 #include <QLayout>
 
-#include "platform/dialogs.h"
+#include "platform/controls/dialogs.h"
 #include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 

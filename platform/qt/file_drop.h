@@ -5,7 +5,7 @@
 
 #include <QComboBox>
 
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 
 namespace lexmill::platform::qt {
 

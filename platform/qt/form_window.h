@@ -8,8 +8,8 @@
 
 #include <QWidget>
 
+#include "platform/controls/form.h"
 #include "platform/event.h"
-#include "platform/form.h"
 #include "platform/qt/control_mirror.h"
 
 namespace lexmill::platform::qt {

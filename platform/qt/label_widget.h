@@ -5,7 +5,7 @@
 
 #include <QLabel>
 
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 
 namespace lexmill::platform::qt {
 

@@ -5,8 +5,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "platform/application.h"
-#include "platform/dialogs.h"
+#include "platform/controls/dialogs.h"
+#include "platform/host/application.h"
 #include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 

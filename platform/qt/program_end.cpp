@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QWidget>
 
-#include "platform/process.h"
+#include "platform/host/process.h"
 
 namespace lexmill::platform::qt {
 namespace {

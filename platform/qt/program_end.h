@@ -3,7 +3,7 @@
 // The program's end when others than its user ask for it: a signal, the end of the desktop session.
 #pragma once
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 namespace lexmill::platform::qt {
 

@@ -9,16 +9,16 @@
 #include <QSessionManager>
 #include <QStyleFactory>
 
-#include "platform/application.h"
-#include "platform/dialogs.h"
+#include "platform/controls/dialogs.h"
 #include "platform/failure.h"
-#include "platform/numbers.h"
-#include "platform/process.h"
+#include "platform/host/application.h"
+#include "platform/host/process.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/termination_signals.h"
 #include "platform/qt/waiting.h"
+#include "platform/text/numbers.h"
 
 namespace lexmill::platform::qt {
 namespace {

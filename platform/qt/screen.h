@@ -8,7 +8,7 @@
 #include <QApplication>
 #include <QTranslator>
 
-#include "platform/form.h"
+#include "platform/controls/form.h"
 
 namespace lexmill::platform::qt {
 

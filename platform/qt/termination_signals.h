@@ -7,7 +7,7 @@
 
 #include <QSocketNotifier>
 
-#include "platform/process.h"
+#include "platform/host/process.h"
 
 namespace lexmill::platform::qt {
 

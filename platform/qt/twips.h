@@ -7,7 +7,7 @@
 
 #include <QRect>
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
 
 namespace lexmill::platform::qt {
 

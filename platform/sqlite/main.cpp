@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/application.h"
-#include "platform/host_file.h"
-#include "platform/host_system.h"
-#include "platform/sqlite/shell.h"
+#include "platform/files/platform_settings.h"
+#include "platform/host/application.h"
+#include "platform/host/host_file.h"
+#include "platform/host/host_system.h"
+#include "platform/sqlite/shell/shell.h"
 
 int main(int count, char** words) {
   using lexmill::platform::HostFile;

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::sqlite {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "platform/clock.h"
-#include "platform/desktop.h"
-#include "platform/numbers.h"
+#include "platform/controls/desktop.h"
+#include "platform/host/clock.h"
+#include "platform/text/numbers.h"
 
 namespace lexmill {
 

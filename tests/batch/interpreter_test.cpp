@@ -9,8 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/ansi_text.h"
-#include "platform/host_path.h"
+#include "platform/host/host_path.h"
+#include "platform/text/ansi_text.h"
 #include "tests/support/files.h"
 #include "tests/support/readable_text.h"
 

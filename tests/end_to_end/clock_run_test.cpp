@@ -2,7 +2,7 @@
 // Whole runs while the clock does what clocks shouldn't.
 #include <limits>
 
-#include "platform/clock.h"
+#include "platform/host/clock.h"
 #include "tests/end_to_end/whole_run.h"
 #include "tests/support/readable_text.h"
 

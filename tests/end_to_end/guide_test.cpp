@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/clock.h"
+#include "platform/host/clock.h"
 #include "run/console_run.h"
 #include "tests/end_to_end/whole_run.h"
 #include "tests/support/readable_text.h"

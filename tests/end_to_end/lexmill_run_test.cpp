@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/host_file.h"
-#include "platform/host_path.h"
-#include "platform/program_start.h"
+#include "platform/host/host_file.h"
+#include "platform/host/host_path.h"
+#include "platform/host/program_start.h"
 #include "tests/support/files.h"
 
 namespace lexmill::test {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/end_to_end/whole_run.h"
 
-#include "platform/application.h"
+#include "platform/host/application.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill::test {

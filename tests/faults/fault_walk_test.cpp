@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "platform/sqlite/shell.h"
+#include "platform/sqlite/shell/shell.h"
 #include "tests/end_to_end/whole_run.h"
 #include "tests/faults/shared_faults.h"
 #include "tests/support/readable_text.h"

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/profile_file.h"
+#include "platform/files/profile_file.h"
 #include "tests/faults/shared_faults.h"
 #include "tests/support/files.h"
 

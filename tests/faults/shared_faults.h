@@ -6,7 +6,7 @@
 #include <atomic>
 #include <filesystem>
 
-#include "platform/host_faults.h"
+#include "platform/host/host_faults.h"
 
 namespace lexmill::test {
 

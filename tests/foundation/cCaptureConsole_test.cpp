@@ -11,11 +11,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/host_path.h"
-#include "platform/host_system.h"
-#include "platform/process.h"
+#include "platform/host/application.h"
+#include "platform/host/host_path.h"
+#include "platform/host/host_system.h"
+#include "platform/host/process.h"
 #include "tests/support/files.h"
 #include "tests/support/readable_text.h"
 

@@ -9,7 +9,7 @@
 #include <tuple>
 
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill {

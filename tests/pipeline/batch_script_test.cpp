@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/clock.h"
+#include "platform/host/clock.h"
 #include "run/shared/option_set.h"
 #include "run/shared/run_state.h"
 #include "tests/support/failures.h"

@@ -6,7 +6,7 @@
 
 #include "pipeline/clsLexGenOO.h"
 #include "pipeline/clsLexGenOP.h"
-#include "platform/clock.h"
+#include "platform/host/clock.h"
 #include "run/shared/option_set.h"
 #include "run/shared/run_state.h"
 #include "tests/support/headless_window.h"

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/clock.h"
+#include "platform/host/clock.h"
 #include "tests/support/headless_window.h"
 #include "tests/support/readable_text.h"
 

@@ -2,7 +2,7 @@
 #include "tests/sqlite/database_world.h"
 
 #include "platform/sqlite/database_error.h"
-#include "platform/sqlite/table_cursor.h"
+#include "platform/sqlite/table/table_cursor.h"
 
 namespace lexmill::test {
 

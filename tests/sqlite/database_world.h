@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/sqlite/database.h"
+#include "platform/sqlite/table/database.h"
 #include "tests/sqlite/file_checker.h"
 #include "tests/support/files.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <ostream>
 
-#include "platform/sqlite/shell.h"
+#include "platform/sqlite/shell/shell.h"
 
 namespace lexmill::platform::sqlite {
 namespace {

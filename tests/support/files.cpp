@@ -13,8 +13,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/host_path.h"
-#include "platform/text.h"
+#include "platform/host/host_path.h"
+#include "platform/text/text.h"
 
 namespace lexmill::test {
 namespace {

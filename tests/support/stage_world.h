@@ -12,9 +12,9 @@
 #include <gtest/gtest.h>
 
 #include "glossary/record_scanner.h"
-#include "platform/clock.h"
-#include "platform/controls.h"
+#include "platform/controls/controls.h"
 #include "platform/headless/headless.h"
+#include "platform/host/clock.h"
 #include "run/shared/option_set.h"
 #include "run/shared/run_state.h"
 #include "tests/support/files.h"

@@ -10,7 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/application.h"
+#include "platform/host/application.h"
 #include "tests/support/headless_window.h"
 #include "tests/support/readable_text.h"
 #include "window/resources/language_table.h"

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
-#include "platform/dialogs.h"
+#include "platform/controls/dialogs.h"
 #include "tests/support/readable_text.h"
 #include "tests/window_qt/window_world.h"
 

@@ -9,8 +9,8 @@
 #include <QTest>
 #include <QTimer>
 
-#include "platform/application.h"
-#include "platform/text.h"
+#include "platform/host/application.h"
+#include "platform/text/text.h"
 #include "run/modMain.h"
 
 namespace lexmill::test {

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/application.h"
+#include "platform/host/application.h"
 
 namespace lexmill {
 namespace {

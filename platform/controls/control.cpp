@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "platform/controls/control.h"
+
+#include "platform/controls/form.h"
+#include "platform/failure.h"
+
+namespace lexmill::platform {
+
+Control::Control(ControlKind kind, const ControlIdentity& identity)
+    : kind_(kind), index_(identity.index), form_(identity.form), name_(identity.name) {
+  if (form_ != nullptr) {
+    form_->Add(*this);
+  }
+}
+
+Control::~Control() {
+  if (form_ != nullptr) {
+    form_->Remove(*this);
+  }
+}
+
+bool Control::IsShown() const {
+  return visible_ && (container_ == nullptr || container_->IsShown());
+}
+
+bool Control::IsUsable() const {
+  return visible_ && enabled_ && (container_ == nullptr || container_->IsUsable());
+}
+
+void Control::ZOrderFront() {
+  if (form_ != nullptr) {
+    form_->BringToFront(*this);
+    Changed.Raise(ControlProperty::ZOrder);
+  }
+}
+
+void Control::SetFocus() {
+  if (!IsUsable()) {
+    throw Failure(FailureNumber::InvalidCall, FailureOrigin::Runtime);
+  }
+  if (form_ == nullptr || !Assign(form_->active_, this, ControlProperty::Focus)) {
+    return;
+  }
+  GotFocus.Raise();
+}
+
+}  // namespace lexmill::platform

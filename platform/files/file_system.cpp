@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files/file_system.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/host/clock.h"
+#include "platform/host/host_failure.h"
+#include "platform/host/host_file.h"
+#include "platform/host/host_path.h"
+
+namespace lexmill::platform {
+namespace {
+
+bool IsName(std::u16string_view path) {
+  return !path.empty() && path.find(u'\0') == std::u16string_view::npos;
+}
+
+/// The host's form of a path that can name a file.
+std::string CheckedPath(std::u16string_view path, FailureOrigin origin) {
+  if (path.empty()) {
+    throw Failure(FailureNumber::InvalidCall, origin);
+  }
+  if (!IsName(path)) {
+    throw Failure(FailureNumber::BadFileName, origin);
+  }
+  return ToHostPath(path);
+}
+
+std::string CheckedPath(std::u16string_view path) {
+  return CheckedPath(path, FailureOrigin::ScriptLibrary);
+}
+
+/// What is found under the name of a file; a folder is not found.
+FileStatus StatusOfFile(const std::string& path) {
+  const auto status = StatusOf(path);
+  if (!status || status->kind == FileKind::Folder) {
+    throw FileFailure(status ? ENOENT : errno, path);
+  }
+  return *status;
+}
+
+}  // namespace
+
+bool FileSystemObject::FileExists(std::u16string_view path) const {
+  const auto status = IsName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
+  return status && status->kind != FileKind::Folder;
+}
+
+bool FileSystemObject::FolderExists(std::u16string_view path) const {
+  const auto status = IsName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
+  return status && status->kind == FileKind::Folder;
+}
+
+std::u16string FileSystemObject::GetParentFolderName(std::u16string_view path) const {
+  return ParentFolder(path);
+}
+
+std::int64_t FileSystemObject::FileSize(std::u16string_view path) const {
+  return StatusOfFile(CheckedPath(path)).size;
+}
+
+std::u16string FileSystemObject::GetTempName() const {
+  constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
+  constexpr int kDigitCount = 5;
+  auto number = static_cast<unsigned>(Random() * (1U << (4 * kDigitCount)));
+  std::u16string name(kDigitCount, u'0');
+  for (auto digit = name.rbegin(); digit != name.rend(); ++digit) {
+    *digit = kDigits[number % 16];
+    number /= 16;
+  }
+  return u"rad" + name + u".tmp";
+}
+
+void FileSystemObject::DeleteFile(std::u16string_view path, bool force) const {
+  const std::string hostPath = CheckedPath(path);
+  StatusOfFile(hostPath);
+  if ((!force && !MayWrite(hostPath)) || !RemoveFile(hostPath)) {
+    throw FileFailure(errno, hostPath);
+  }
+}
+
+TextReader FileSystemObject::OpenTextFile(std::u16string_view path, TextEncoding encoding) const {
+  const std::string hostPath = CheckedPath(path);
+  HostFile file = HostFile::Open(hostPath, O_RDONLY);
+  const auto status = file.IsOpen() ? file.Status() : std::nullopt;
+  // What a pipe gives is gone with the first reading, and its writer may keep a reader waiting.
+  if (!status || status->kind != FileKind::Regular) {
+    throw FileFailure(status ? EACCES : errno, hostPath);
+  }
+  return TextReader(std::move(file), status->size, encoding);
+}
+
+TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overwrite,
+                                            TextEncoding encoding) const {
+  const std::string hostPath = CheckedPath(path);
+  if (!overwrite && FileExists(path)) {
+    throw FileFailure(EEXIST, hostPath);
+  }
+  auto file = ReplacementFile::Create(hostPath);
+  if (!file) {
+    throw FileFailure(errno, hostPath);
+  }
+  return TextWriter(std::move(*file), hostPath, encoding);
+}
+
+std::string ReadBinary(std::u16string_view path, std::int64_t offset, std::size_t length) {
+  const std::string hostPath = CheckedPath(path, FailureOrigin::Runtime);
+  const HostFile file = HostFile::Open(hostPath, O_RDONLY);
+  if (!file.IsOpen()) {
+    throw BinaryFileFailure(errno, hostPath);
+  }
+  // The size of a device or a file of the kernel tells nothing.
+  const auto left = file.Size().value_or(0) - offset;
+  std::string bytes(left > 0 ? std::min(length, static_cast<std::size_t>(left)) : length, '\0');
+  const auto count = file.ReadAt(bytes, offset);
+  if (!count) {
+    throw BinaryFileFailure(errno, hostPath);
+  }
+  bytes.resize(*count);
+  return bytes;
+}
+
+}  // namespace lexmill::platform

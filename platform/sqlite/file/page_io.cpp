@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/file/page_io.h"
+
+#include <cstring>
+#include <span>
+#include <string_view>
+#include <tuple>
+
+#include "platform/sqlite/database_error.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+std::int64_t OffsetOf(PageNumber page) {
+  return (std::int64_t{page} - 1) * static_cast<std::int64_t>(kPageSize);
+}
+
+/// Reads full pages from `page` on; zeros behind the end of the file.
+void ReadPages(const HostFile& file, PageNumber page, std::span<char> bytes) {
+  const auto got = file.ReadAt(bytes, OffsetOf(page));
+  if (!got) {
+    throw HostError();
+  }
+  std::memset(bytes.data() + *got, 0, bytes.size() - *got);
+}
+
+PageNumber PagesIn(const std::string& pages) {
+  return static_cast<PageNumber>(pages.size() / kPageSize);
+}
+
+}  // namespace
+
+void PageIo::Read(PageNumber page, char* bytes) {
+  if (TakeFrom(run_, runFirst_, page, bytes) || TakeFrom(ahead_, aheadFirst_, page, bytes)) {
+    return;
+  }
+  // The leaves of a tree that was built in one go stand in a row, but for a page above them here
+  // and there.
+  constexpr PageNumber kGap = 4;
+  if (page > lastMissed_ && page - lastMissed_ <= kGap) {
+    ReadAhead(page);
+    std::ignore = TakeFrom(ahead_, aheadFirst_, page, bytes);
+    return;
+  }
+  ReadPages(file_, page, {bytes, kPageSize});
+  lastMissed_ = page;
+}
+
+bool PageIo::TakeFrom(const std::string& pages, PageNumber first, PageNumber page,
+                      char* bytes) const {
+  if (page < first || page - first >= PagesIn(pages)) {
+    return false;
+  }
+  std::memcpy(bytes, pages.data() + (page - first) * kPageSize, kPageSize);
+  return true;
+}
+
+void PageIo::ReadAhead(PageNumber page) {
+  ahead_.resize(kAheadPages * kPageSize);
+  aheadFirst_ = page;
+  ReadPages(file_, page, ahead_);
+  lastMissed_ = page + static_cast<PageNumber>(kAheadPages) - 1;
+}
+
+void PageIo::Write(PageNumber page, const char* bytes) {
+  const PageNumber pages = PagesIn(run_);
+  if (page >= runFirst_ && page - runFirst_ < pages) {
+    std::memcpy(run_.data() + (page - runFirst_) * kPageSize, bytes, kPageSize);
+    return;
+  }
+  if (page != runFirst_ + pages || pages == kRunPages) {
+    Flush();
+    runFirst_ = page;
+    run_.reserve(kRunPages * kPageSize);
+  }
+  run_.append(bytes, kPageSize);
+}
+
+void PageIo::Flush() {
+  if (run_.empty()) {
+    return;
+  }
+  if (!file_.WriteAt(run_, OffsetOf(runFirst_))) {
+    throw HostError();
+  }
+  const bool isApart =
+      runFirst_ + PagesIn(run_) <= aheadFirst_ || aheadFirst_ + PagesIn(ahead_) <= runFirst_;
+  if (!isApart) {
+    ahead_.clear();
+  }
+  run_.clear();
+}
+
+void PageIo::Forget() {
+  run_.clear();
+  ahead_.clear();
+  lastMissed_ = 0;
+}
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// platform/sqlite/file: Pages to and from the file, neighbours in one system call.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "platform/host/host_file.h"
+#include "platform/sqlite/file/page.h"
+
+namespace lexmill::platform::sqlite {
+
+/// Reads ahead when pages are read in a row and collects neighbours that are written in a row.
+class PageIo {
+ public:
+  explicit PageIo(HostFile file) : file_(std::move(file)) {}
+
+  [[nodiscard]] HostFile& File() { return file_; }
+
+  /// Copies a page to `bytes`; zeros for what the file doesn't have yet.
+  /// @throws DatabaseError kInputOutput
+  void Read(PageNumber page, char* bytes);
+  /// Takes a page to be written at the latest by Flush. @throws DatabaseError kFull
+  void Write(PageNumber page, const char* bytes);
+  void Flush();
+  /// Forgets what has been read ahead, and pages to be written.
+  void Forget();
+
+ private:
+  static constexpr std::size_t kRunPages = 256;
+  static constexpr std::size_t kAheadPages = 64;
+
+  [[nodiscard]] bool TakeFrom(const std::string& pages, PageNumber first, PageNumber page,
+                              char* bytes) const;
+  void ReadAhead(PageNumber page);
+
+  HostFile file_;
+  std::string run_;  ///< pages to be written, from runFirst_ on
+  PageNumber runFirst_ = 0;
+  std::string ahead_;  ///< pages read, from aheadFirst_ on
+  PageNumber aheadFirst_ = 0;
+  PageNumber lastMissed_ = 0;
+};
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// platform/sqlite/file: Files without a name, gone when they are closed.
+#pragma once
+
+#include <string>
+
+#include "platform/host/host_file.h"
+
+namespace lexmill::platform::sqlite {
+
+/// Creates an empty file for reading and writing, on the same disk as the file at `neighbour`.
+/// No other process sees it, and nothing of it stays behind, however this one ends.
+/// @throws DatabaseError kCannotOpen
+[[nodiscard]] HostFile OpenTemporary(const std::string& neighbour);
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/shell/shell.h"
+
+#include <new>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/host/program_start.h"
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/shell/arguments.h"
+#include "platform/sqlite/shell/script_reader.h"
+#include "platform/sqlite/sql/row_output.h"
+#include "platform/sqlite/sql/session.h"
+#include "platform/sqlite/sql/sql_token.h"
+#include "platform/sqlite/table/database.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+
+void TellError(std::string_view text, const ShellStreams& streams) {
+  try {
+    OutputBuffer error(streams.error);
+    error.AppendLines(text);
+    error.Flush();
+  } catch (const StreamFailure&) {
+    // There is nobody left to tell.
+  }
+}
+
+/// Thrown when nothing can run: the database can't be opened.
+struct OpenFailure {
+  std::string text;
+};
+
+/// One run on one database.
+class Shell {
+ public:
+  Shell(const ShellArguments& arguments, const ShellStreams& streams)
+      : arguments_(arguments),
+        streams_(streams),
+        output_(streams.output),
+        rows_(output_, arguments.form, arguments.separator) {}
+
+  int Run() {
+    const int code = arguments_.statement ? RunArgument(*arguments_.statement) : RunScript();
+    output_.Flush();
+    return code;
+  }
+
+ private:
+  int RunArgument(std::string_view statement) {
+    if (SkipBlanks(statement).empty()) {
+      return kSuccess;
+    }
+    try {
+      OpenSession().Run(statement);
+      return kSuccess;
+    } catch (const DatabaseError& failure) {
+      output_.Flush();
+      TellError("SQL error: " + failure.Text(), streams_);
+      return failure.IsOfTheFile() ? kExitBrokenStream : kFailure;
+    }
+  }
+
+  int RunScript() {
+    ScriptReader reader(streams_.input);
+    while (const std::optional<ScriptBatch> batch = reader.Next()) {
+      switch (batch->kind) {
+        case ScriptBatch::Kind::Statements:
+          RunBatch(*batch);
+          break;
+        case ScriptBatch::Kind::Command:
+          output_.Flush();
+          TellError("unknown command: " + std::string(batch->text), streams_);
+          break;
+        case ScriptBatch::Kind::Incomplete:
+          output_.Append("Incomplete SQL: ");
+          output_.AppendLines(batch->text);
+          break;
+      }
+    }
+    return kSuccess;
+  }
+
+  void RunBatch(const ScriptBatch& batch) {
+    if (SkipBlanks(batch.text).empty()) {
+      return;
+    }
+    Session& session = OpenSession();
+    ReportFailure(batch.text, [&] {
+      if (batch.insert == nullptr && session.Collect(batch.text)) {
+        return;
+      }
+      ReportFailure({}, [&] { session.Settle(); });
+      if (batch.insert == nullptr || !session.Insert(*batch.insert)) {
+        rows_.BeginBatch();
+        session.Run(batch.text);
+      }
+    });
+  }
+
+  /// Runs `body`; after a failure prints `text` and what is wrong.
+  template <typename Body>
+  void ReportFailure(std::string_view text, Body body) {
+    try {
+      body();
+    } catch (const DatabaseError& failure) {
+      output_.AppendLines(text);
+      output_.Append("SQL error: " + failure.Text());
+      output_.EndLine();
+    }
+  }
+
+  Session& OpenSession() {
+    if (!session_) {
+      try {
+        database_.emplace(arguments_.database);
+      } catch (const DatabaseError& failure) {
+        throw OpenFailure{failure.Text()};
+      }
+      session_.emplace(*database_, rows_);
+    }
+    return *session_;
+  }
+
+  const ShellArguments& arguments_;
+  const ShellStreams& streams_;
+  OutputBuffer output_;
+  RowOutput rows_;
+  std::optional<Database> database_;
+  std::optional<Session> session_;
+};
+
+}  // namespace
+
+int RunShell(std::span<const std::string> words, const ShellStreams& streams) {
+  const ParsedArguments parsed = ParseArguments(words);
+  if (!parsed.arguments) {
+    TellError(parsed.complaint, streams);
+    return kFailure;
+  }
+  try {
+    return Shell(*parsed.arguments, streams).Run();
+  } catch (const OpenFailure& failure) {
+    TellError("Unable to open database \"" + parsed.arguments->database + "\": " + failure.text,
+              streams);
+  } catch (const StreamFailure& failure) {
+    TellError(failure.text, streams);
+    return kExitBrokenStream;
+  } catch (const std::bad_alloc&) {
+    TellError("out of memory", streams);
+    return kExitBrokenStream;
+  }
+  return kFailure;
+}
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/sql/engine.h"
+
+#include <vector>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/sql/statement_text.h"
+#include "platform/sqlite/upper.h"
+#include "platform/text/ansi_text.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+/// The SQL function Upper.
+void Upper(sqlite3_context* context, int, sqlite3_value** values) {
+  const void* bytes = sqlite3_value_text(values[0]);
+  if (bytes == nullptr) {
+    return;
+  }
+  const auto length = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
+  std::string upper;
+  AppendUpper({static_cast<const char*>(bytes), length}, AnsiCodePage(), upper);
+  sqlite3_result_text64(context, upper.data(), upper.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+std::string VirtualTableSql(std::string_view name) {
+  return "CREATE VIRTUAL TABLE " + QuoteName(name) + " USING lexmill_table";
+}
+
+}  // namespace
+
+void Engine::Run(std::string_view sql) {
+  const std::string text = WithFixedJoinOrder(sql);
+  {
+    Statement frame(database_, Statement::Access::Read);
+    std::optional<CompiledStatement> statement = Compile(text);
+    if (!statement || statement->IsReadOnly()) {
+      if (statement) {
+        Print(*statement);
+      }
+      statement.reset();
+      frame.Complete();
+      return;
+    }
+  }
+  Statement frame(database_, Statement::Access::Write);
+  RunInside(sql);
+  frame.Complete();
+}
+
+void Engine::RunInside(std::string_view sql) {
+  std::optional<CompiledStatement> statement = Compile(WithFixedJoinOrder(sql));
+  if (statement) {
+    Print(*statement);
+  }
+}
+
+std::optional<CompiledStatement> Engine::Compile(const std::string& sql) {
+  if (!connection_ || version_ != database_.SchemaVersion()) {
+    Connect();
+  }
+  return connection_->Compile(sql);
+}
+
+/// Makes a connection that knows the tables and views of the database as they are now.
+void Engine::Connect() {
+  schema_.Follow(database_);
+  connection_.reset();
+  connection_.emplace();
+  sqlite3* handle = connection_->Handle();
+  module_ = std::make_unique<TableModule>(handle, database_, schema_);
+  sqlite3_create_function(handle, "upper", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Upper,
+                          nullptr, nullptr);
+  connection_->Run("PRAGMA automatic_index=OFF");     // would give equal rows in another order
+  connection_->Run("PRAGMA short_column_names=OFF");  // a column's name is what the query says
+  connection_->Run(VirtualTableSql(kMasterAlias));
+  for (const CatalogObject& object : database_.Objects()) {
+    if (object.type == "table") {
+      connection_->RunIfUnderstood(VirtualTableSql(object.name));
+    } else if (object.type == "view") {
+      connection_->DeclareIfUnderstood(WithFixedJoinOrder(object.sql.value_or("")));
+    }
+  }
+  version_ = database_.SchemaVersion();
+}
+
+void Engine::Print(CompiledStatement& statement) {
+  const int count = statement.ColumnCount();
+  std::vector<std::string> names;
+  for (int i = 0; i < count; ++i) {
+    names.push_back(statement.ColumnName(i));
+  }
+  std::vector<Value> values(names.size());
+  while (statement.Step()) {
+    for (int i = 0; i < count; ++i) {
+      values[static_cast<std::size_t>(i)] = statement.Column(i);
+    }
+    rows_.Print(names, values);
+  }
+}
+
+}  // namespace lexmill::platform::sqlite

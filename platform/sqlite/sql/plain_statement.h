@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// platform/sqlite/sql: Statements of fixed forms, which scripts repeat by the
+// million. They are recognised by their exact text and need no compiler; any other spelling is
+// simply not recognised.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/sqlite/table/table.h"
+
+namespace lexmill::platform::sqlite {
+
+/// Reads `INSERT INTO T VALUES ('…','…');`. An object serves many statements, to keep its memory.
+class PlainInsert {
+ public:
+  /// Reads the statement at the start of `text`. Its parts are views into `text` or this object,
+  /// good until the next call.
+  /// @return its length in bytes; 0 if there is none of this form, and no parts then
+  [[nodiscard]] std::size_t Read(std::string_view text);
+
+  [[nodiscard]] std::string_view Table() const { return table_; }
+  [[nodiscard]] const std::vector<Value>& Values() const { return values_; }
+
+ private:
+  std::string_view table_;
+  std::vector<Value> values_;
+  std::vector<std::size_t> doubled_;  ///< which values hold doubled apostrophes
+  std::string single_;                ///< their texts with single ones
+};
+
+/// Reads `UPDATE T SET c='…' WHERE k='…';`. An object serves many statements.
+class PlainUpdate {
+ public:
+  /// As PlainInsert::Read.
+  [[nodiscard]] std::size_t Read(std::string_view text);
+
+  [[nodiscard]] std::string_view Table() const { return table_; }
+  [[nodiscard]] std::string_view ValueColumn() const { return valueColumn_; }
+  [[nodiscard]] std::string_view Value() const { return value_; }
+  [[nodiscard]] std::string_view KeyColumn() const { return keyColumn_; }
+  [[nodiscard]] std::string_view Key() const { return key_; }
+
+ private:
+  std::string_view table_;
+  std::string_view valueColumn_;
+  std::string_view value_;
+  std::string_view keyColumn_;
+  std::string_view key_;
+  std::string single_;
+};
+
+/// `SELECT a,b,… FROM T;`
+struct PlainListing {
+  std::vector<std::string_view> columns;
+  std::string_view table;
+};
+
+/// Reads a listing that makes up all of `text` but for blanks behind it and perhaps the semicolon.
+[[nodiscard]] std::optional<PlainListing> ReadPlainListing(std::string_view text);
+
+/// The two joins that look the untranslated strings up in the reference:
+/// `SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON R.r1=S.sm;`, and the one with
+/// `Upper(R.r1)=S.sm`.
+enum class DictionaryJoin { AsWritten, UpperCase };
+
+/// Reads such a join under the same conditions.
+[[nodiscard]] std::optional<DictionaryJoin> ReadDictionaryJoin(std::string_view text);
+
+}  // namespace lexmill::platform::sqlite

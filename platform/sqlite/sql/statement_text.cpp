@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/sql/statement_text.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "platform/sqlite/sql/sql_token.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+/// Keywords behind which the list of tables is over.
+constexpr std::array<std::string_view, 11> kBehindTables = {
+    "SELECT", "WHERE", "GROUP",  "HAVING",    "ORDER",    "LIMIT",
+    "UNION",  "SET",   "EXCEPT", "INTERSECT", "RETURNING"};
+
+/// Words before JOIN that already say which kind of join it is.
+constexpr std::array<std::string_view, 6> kJoinKinds = {"CROSS", "INNER", "LEFT",
+                                                        "RIGHT", "FULL",  "OUTER"};
+
+/// Goes over the tokens of a statement and knows at each whether it stands in a list of tables.
+class JoinFixer {
+ public:
+  std::string Fix(std::string_view text) {
+    while (!text.empty()) {
+      const SqlToken token = ReadToken(text);
+      Take(token.kind, text.substr(0, token.length));
+      text.remove_prefix(token.length);
+    }
+    return std::move(result_);
+  }
+
+ private:
+  void Take(TokenKind kind, std::string_view token) {
+    if (kind == TokenKind::Word) {
+      TakeWord(token);
+    } else if (token == "," && isInTables_.back()) {
+      result_ += " CROSS JOIN ";
+    } else {
+      result_ += token;
+    }
+    if (kind == TokenKind::Sign) {
+      TakeSign(token);
+    }
+    if (kind != TokenKind::Blank && kind != TokenKind::Comment) {
+      last_ = token;
+    }
+  }
+
+  void TakeWord(std::string_view word) {
+    if (IsKeyword(word, "SQLITE_MASTER")) {
+      result_ += kMasterAlias;
+    } else if (isInTables_.back() && IsKeyword(word, "INNER")) {
+      result_ += "CROSS";
+    } else if (isInTables_.back() && IsKeyword(word, "JOIN") && !IsKeyword(last_, kJoinKinds)) {
+      result_ += "CROSS JOIN";
+    } else {
+      result_ += word;
+    }
+    if (IsKeyword(word, "FROM")) {
+      isInTables_.back() = true;
+    } else if (IsKeyword(word, kBehindTables)) {
+      isInTables_.back() = false;
+    }
+  }
+
+  void TakeSign(std::string_view sign) {
+    if (sign == "(") {
+      // A bracket where a table is due holds tables; behind anything else, an expression.
+      const bool isTableDue =
+          last_ == "," || last_ == "(" || IsKeyword(last_, "FROM") || IsKeyword(last_, "JOIN");
+      isInTables_.push_back(isInTables_.back() && isTableDue);
+    } else if (sign == ")" && isInTables_.size() > 1) {
+      isInTables_.pop_back();
+    }
+  }
+
+  std::string result_;
+  std::vector<bool> isInTables_ = {false};  ///< one for each open bracket and one for the whole
+  std::string_view last_;                   ///< the last token that was no blank
+};
+
+}  // namespace
+
+std::string_view StatementBody(std::string_view text) {
+  text = SkipBlanks(text);
+  std::size_t end = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const SqlToken token = ReadToken(text.substr(at));
+    at += token.length;
+    if (token.kind != TokenKind::Blank && token.kind != TokenKind::Comment &&
+        (token.kind != TokenKind::Semicolon || !SkipBlanks(text.substr(at)).empty())) {
+      end = at;
+    }
+  }
+  return text.substr(0, end);
+}
+
+std::string WithoutNulBytes(std::string_view text) {
+  std::string result;
+  bool isCut = false;  // the string whose rest comes next has ended
+  while (!text.empty()) {
+    const SqlToken token = ReadToken(text);
+    const std::string_view bytes = text.substr(0, token.length);
+    text.remove_prefix(token.length);
+    isCut = isCut && token.kind == TokenKind::String;
+    if (isCut) {
+      continue;
+    }
+    const std::size_t nul = bytes.find('\0');
+    if (token.kind == TokenKind::String && nul != std::string_view::npos) {
+      result.append(bytes.substr(0, nul)).append("'");
+      isCut = true;
+    } else {
+      result.append(bytes);
+    }
+  }
+  std::replace(result.begin(), result.end(), '\0', ' ');
+  return result;
+}
+
+std::string WithFixedJoinOrder(std::string_view text) {
+  return JoinFixer().Fix(text);
+}
+
+std::string_view SelectionOf(std::string_view createTable) {
+  for (std::string_view rest = createTable; !rest.empty();) {
+    const SqlToken token = ReadToken(rest);
+    const std::string_view bytes = rest.substr(0, token.length);
+    rest.remove_prefix(token.length);
+    if (token.kind == TokenKind::Word && IsKeyword(bytes, "AS")) {
+      return rest;
+    }
+  }
+  return {};
+}
+
+}  // namespace lexmill::platform::sqlite

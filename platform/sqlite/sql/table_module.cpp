@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/sql/table_module.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "platform/sqlite/connection.h"
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/sql/statement_text.h"
+#include "platform/sqlite/sql/virtual_table.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+constexpr PageNumber kMasterPage = 2;
+
+/// The text of a CREATE TABLE with the columns of `table`.
+std::string Declaration(const Table& table) {
+  std::string result = "CREATE TABLE x";
+  char before = '(';
+  for (const Column& column : table.columns) {
+    result.append(1, before).append(QuoteName(column.name));
+    result.append(" ").append(column.declaredType);
+    before = ',';
+  }
+  return result.append(")");
+}
+
+/// libsqlite3's way of making a table known; `words` are the module, the schema and the table.
+int Connect(sqlite3* connection, void* module, int, const char* const* words, sqlite3_vtab** result,
+            char** message) {
+  return Guarded(*message, [&] {
+    auto& context = *static_cast<TableModule::Context*>(module);
+    const std::string_view name = words[2];
+    const Table* table = name == kMasterAlias ? &context.master : context.database.FindTable(name);
+    if (table == nullptr) {
+      throw DatabaseError("no such table: " + std::string(name));
+    }
+    if (sqlite3_declare_vtab(connection, Declaration(*table).c_str()) != SQLITE_OK) {
+      throw DatabaseError(sqlite3_errmsg(connection));
+    }
+    auto known = std::make_unique<VirtualTable>(context, *table);
+    known->hasDefault = context.schema.Defaults(*table);
+    known->hasTrigger = HasTrigger(context.database, *table);
+    *result = known.release();
+  });
+}
+
+int Disconnect(sqlite3_vtab* table) {
+  const std::unique_ptr<VirtualTable> owned(&TableOf(table));
+  return SQLITE_OK;
+}
+
+Table MasterTable() {
+  Table result;
+  result.name = kMasterAlias;
+  result.rootPage = kMasterPage;
+  for (const char* name : {"type", "name", "tbl_name", "rootpage", "sql"}) {
+    result.columns.push_back({name, "TEXT", true, false});
+  }
+  return result;
+}
+
+sqlite3_module MakeModule() {
+  sqlite3_module module{};
+  module.xCreate = &Connect;
+  module.xConnect = &Connect;
+  module.xDisconnect = &Disconnect;
+  module.xDestroy = &Disconnect;
+  AddReading(module);
+  AddWriting(module);
+  return module;
+}
+
+}  // namespace
+
+TableModule::TableModule(sqlite3* connection, Database& database, SchemaCompiler& schema)
+    : context_{database, schema, MasterTable()} {
+  static const sqlite3_module module = MakeModule();
+  if (sqlite3_create_module(connection, "lexmill_table", &module, &context_) != SQLITE_OK) {
+    throw DatabaseError(sqlite3_errmsg(connection));
+  }
+}
+
+bool HasTrigger(Database& database, const Table& table) {
+  const auto& objects = database.Objects();
+  return std::any_of(objects.begin(), objects.end(), [&table](const CatalogObject& object) {
+    return object.type == "trigger" && SameName(object.tableName, table.name);
+  });
+}
+
+std::optional<std::string_view> TextOf(sqlite3_value* value) {
+  const void* bytes = sqlite3_value_text(value);
+  if (bytes == nullptr) {
+    return std::nullopt;
+  }
+  return std::string_view(static_cast<const char*>(bytes),
+                          static_cast<std::size_t>(sqlite3_value_bytes(value)));
+}
+
+}  // namespace lexmill::platform::sqlite

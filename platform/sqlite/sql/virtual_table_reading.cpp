@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include <memory>
+#include <optional>
+
+#include "platform/sqlite/sql/virtual_table.h"
+#include "platform/sqlite/table/table_cursor.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+/// How a cursor finds its rows; the number that libsqlite3 carries from planning to running. From
+/// kByIndex on it is kByIndex plus a column's position.
+enum Plan : int { kAllRows, kByRowId, kByIndex };
+
+struct VirtualCursor : sqlite3_vtab_cursor {
+  explicit VirtualCursor(VirtualTable& of)
+      : sqlite3_vtab_cursor(), rows(of.context.database, of.table), table(of.table) {}
+
+  TableCursor rows;
+  const Table& table;
+  std::optional<IndexCursor> found;
+  int plan = kAllRows;
+  bool isAtEnd = false;
+};
+
+VirtualCursor& CursorOf(sqlite3_vtab_cursor* cursor) {
+  return *static_cast<VirtualCursor*>(cursor);
+}
+
+/// Which plan an equality on `column` makes possible; kAllRows if none.
+int PlanFor(const Table& table, int column) {
+  if (column < 0 || table.rowIdColumn == static_cast<std::size_t>(column)) {
+    return kByRowId;
+  }
+  const bool isIndexed = table.IndexOn(static_cast<std::size_t>(column)) != nullptr;
+  return isIndexed ? kByIndex + column : kAllRows;
+}
+
+int BestIndex(sqlite3_vtab* base, sqlite3_index_info* info) {
+  constexpr double kScanCost = 1e6;
+  constexpr double kSearchCost = 20;
+  constexpr sqlite3_int64 kFoundRows = 5;
+  info->estimatedCost = kScanCost;
+  for (int i = 0; i < info->nConstraint; ++i) {
+    const auto& constraint = info->aConstraint[i];
+    const int plan = PlanFor(TableOf(base).table, constraint.iColumn);
+    if (constraint.usable != 0 && constraint.op == SQLITE_INDEX_CONSTRAINT_EQ && plan != kAllRows &&
+        sqlite3_stricmp(sqlite3_vtab_collation(info, i), "BINARY") == 0) {
+      info->idxNum = plan;
+      info->aConstraintUsage[i].argvIndex = 1;
+      info->estimatedCost = kSearchCost;
+      info->estimatedRows = kFoundRows;
+      break;
+    }
+  }
+  return SQLITE_OK;
+}
+
+int Open(sqlite3_vtab* table, sqlite3_vtab_cursor** result) {
+  return Guarded(table->zErrMsg,
+                 [&] { *result = std::make_unique<VirtualCursor>(TableOf(table)).release(); });
+}
+
+int Close(sqlite3_vtab_cursor* cursor) {
+  const std::unique_ptr<VirtualCursor> owned(&CursorOf(cursor));
+  return SQLITE_OK;
+}
+
+/// Goes to the next row that the index names.
+bool NextFound(VirtualCursor& cursor) {
+  const std::optional<RowId> rowId = cursor.found->Next();
+  if (rowId && !cursor.rows.Seek(*rowId)) {
+    throw DatabaseError(kMalformed);
+  }
+  return rowId.has_value();
+}
+
+bool SeekRowId(VirtualCursor& cursor, sqlite3_value* value) {
+  const sqlite3_int64 number = sqlite3_value_int64(value);
+  const auto rowId = static_cast<RowId>(number);
+  return rowId == number && sqlite3_value_numeric_type(value) != SQLITE_NULL &&
+         cursor.rows.Seek(rowId);
+}
+
+bool SeekText(VirtualCursor& cursor, sqlite3_value* value) {
+  const std::optional<std::string_view> text = TextOf(value);
+  if (!text) {
+    return false;
+  }
+  const auto column = static_cast<std::size_t>(cursor.plan - kByIndex);
+  cursor.found.emplace(TableOf(cursor.pVtab).context.database, *cursor.table.IndexOn(column));
+  cursor.found->Seek(*text);
+  return NextFound(cursor);
+}
+
+int Filter(sqlite3_vtab_cursor* base, int plan, const char*, int, sqlite3_value** values) {
+  return Guarded(base->pVtab->zErrMsg, [&] {
+    VirtualCursor& cursor = CursorOf(base);
+    cursor.plan = plan;
+    cursor.rows.Rewind();
+    const bool isThere = plan == kAllRows   ? cursor.rows.Next()
+                         : plan == kByRowId ? SeekRowId(cursor, values[0])
+                                            : SeekText(cursor, values[0]);
+    cursor.isAtEnd = !isThere;
+  });
+}
+
+int Next(sqlite3_vtab_cursor* base) {
+  return Guarded(base->pVtab->zErrMsg, [&] {
+    VirtualCursor& cursor = CursorOf(base);
+    const bool isThere = cursor.plan == kAllRows   ? cursor.rows.Next()
+                         : cursor.plan == kByRowId ? false
+                                                   : NextFound(cursor);
+    cursor.isAtEnd = !isThere;
+  });
+}
+
+int IsAtEnd(sqlite3_vtab_cursor* cursor) {
+  return CursorOf(cursor).isAtEnd ? 1 : 0;
+}
+
+int GiveColumn(sqlite3_vtab_cursor* base, sqlite3_context* result, int number) {
+  return Guarded(base->pVtab->zErrMsg, [&] {
+    const VirtualCursor& cursor = CursorOf(base);
+    const auto column = static_cast<std::size_t>(number);
+    const Value value = cursor.rows.Column(column);
+    if (cursor.table.rowIdColumn == column) {
+      sqlite3_result_int64(result, cursor.rows.CurrentRowId());
+    } else if (value) {
+      sqlite3_result_text64(result, value->data(), value->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+  });
+}
+
+int GiveRowId(sqlite3_vtab_cursor* cursor, sqlite3_int64* rowId) {
+  *rowId = CursorOf(cursor).rows.CurrentRowId();
+  return SQLITE_OK;
+}
+
+}  // namespace
+
+void AddReading(sqlite3_module& module) {
+  module.xBestIndex = &BestIndex;
+  module.xOpen = &Open;
+  module.xClose = &Close;
+  module.xFilter = &Filter;
+  module.xNext = &Next;
+  module.xEof = &IsAtEnd;
+  module.xColumn = &GiveColumn;
+  module.xRowid = &GiveRowId;
+}
+
+}  // namespace lexmill::platform::sqlite

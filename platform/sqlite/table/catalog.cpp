@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/table/catalog.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string>
+#include <utility>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/file/file_head.h"
+#include "platform/sqlite/table/row_cursor.h"
+#include "platform/sqlite/table/schema_reader.h"
+#include "platform/sqlite/tree/tree_builder.h"
+#include "platform/sqlite/tree/tree_editor.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+enum MasterColumn : std::size_t { kType, kName, kTableName, kRootPage, kSql, kMasterColumns };
+
+std::string TextOf(const RecordView& record, std::size_t column) {
+  return std::string(record.Column(column).value_or(""));
+}
+
+CatalogObject ToObject(const RecordView& record, RowId rowId) {
+  CatalogObject object;
+  object.type = TextOf(record, kType);
+  object.name = TextOf(record, kName);
+  object.tableName = TextOf(record, kTableName);
+  if (const Value sql = record.Column(kSql)) {
+    object.sql = *sql;
+  }
+  object.rowId = rowId;
+  // No number is no page: whoever reads it finds the damage.
+  const std::string root = TextOf(record, kRootPage);
+  std::from_chars(root.data(), root.data() + root.size(), object.rootPage);
+  return object;
+}
+
+std::vector<CatalogObject> ReadObjects(Pager& pager) {
+  std::vector<CatalogObject> objects;
+  if (pager.Count() == 0) {
+    return objects;
+  }
+  for (RowCursor rows(pager, kMasterRoot); rows.Next();) {
+    objects.push_back(ToObject(rows.Record(), rows.CurrentRowId()));
+  }
+  return objects;
+}
+
+}  // namespace
+
+const std::vector<CatalogObject>& Catalog::Objects() {
+  Bring();
+  return objects_;
+}
+
+const CatalogObject* Catalog::Find(std::string_view type, std::string_view name) {
+  Bring();
+  const auto found = std::ranges::find_if(objects_, [type, name](const CatalogObject& object) {
+    return object.type == type && SameName(object.name, name);
+  });
+  return found == objects_.end() ? nullptr : &*found;
+}
+
+const Table* Catalog::FindTable(std::string_view name) {
+  Bring();
+  for (const auto& table : tables_) {
+    if (SameName(table->name, name)) {
+      return table.get();
+    }
+  }
+  const CatalogObject* object = Find("table", name);
+  if (object == nullptr) {
+    return nullptr;
+  }
+  if (object->rootPage <= kMasterRoot) {
+    throw DatabaseError(kMalformed);
+  }
+  auto table = std::make_unique<Table>(DescribeTable(*object, objects_, isPresentFormat_));
+  std::erase_if(table->indexes, [](const Index& index) { return index.rootPage == 0; });
+  tables_.push_back(std::move(table));
+  return tables_.back().get();
+}
+
+std::uint64_t Catalog::Version() {
+  Bring();
+  return version_;
+}
+
+void Catalog::Bring() {
+  if (isCurrent_) {
+    return;
+  }
+  std::vector<CatalogObject> objects = ReadObjects(pager_);
+  const std::uint32_t format = FileFormat(pager_);
+  const bool isPresentFormat = format == 0 || format == kPresentFormat;
+  if (version_ == 0 || objects != objects_ || isPresentFormat != isPresentFormat_) {
+    objects_ = std::move(objects);
+    isPresentFormat_ = isPresentFormat;
+    tables_.clear();
+    ++version_;
+  }
+  isCurrent_ = true;
+}
+
+void Catalog::Add(const CatalogObject& object) {
+  const std::string root = std::to_string(object.rootPage);
+  std::array<Value, kMasterColumns> values;
+  values[kType] = object.type;
+  values[kName] = object.name;
+  values[kTableName] = object.tableName;
+  values[kRootPage] = root;
+  values[kSql] = object.sql;
+  TreeBuilder builder = TreeBuilder::Behind(pager_, kMasterRoot);
+  builder.AppendRow(builder.LastRowId().value_or(0) + 1, values);
+  builder.Finish();
+  NoteSchemaChange(pager_);
+  Invalidate();
+}
+
+void Catalog::Remove(RowId rowId) {
+  const RowKey key = ToRowKey(rowId);
+  TreeEditor(pager_, kMasterRoot).Remove({key.data(), key.size()});
+  NoteSchemaChange(pager_);
+  Invalidate();
+}
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// platform/sqlite/table: A database file of format 2.1: its objects, rows and
+// transactions.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/sqlite/table/table.h"
+
+namespace lexmill::platform::sqlite {
+
+class Storage;
+
+/// An open database. Every function throws DatabaseError with the text that users know.
+///
+/// Rows and objects are read and written inside a Statement. One exception serves long scripts:
+/// Append and UpdateWhere may be called without one while a transaction is open. Each of them
+/// succeeds or changes nothing.
+///
+/// Ended without Commit, an open transaction leaves the file as it was, byte for byte.
+class Database {
+ public:
+  /// Opens the file and creates it with size 0 if it is missing; so call it at the first statement.
+  /// A journal that a dead process left is played back. The text of a failure is what the shell
+  /// prints behind `Unable to open database "DB": `.
+  explicit Database(const std::string& path);
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  /// BEGIN. Takes the write lock; nothing is begun if that fails. On a read-only file only the
+  /// writing statements fail.
+  void Begin();
+  /// COMMIT. If writing fails, everything is rolled back.
+  void Commit();
+  /// ROLLBACK.
+  void Rollback();
+  [[nodiscard]] bool InTransaction() const;
+
+  /// All rows of the master table, in order.
+  [[nodiscard]] const std::vector<CatalogObject>& Objects();
+  /// Looks for a table, without regard to case. The pointer is good while SchemaVersion() stays.
+  /// @return null if there is none
+  [[nodiscard]] const Table* FindTable(std::string_view name);
+  /// Changes whenever objects may have changed: by own statements, by the undoing of statements and
+  /// by other processes. Ask inside a Statement or a transaction.
+  [[nodiscard]] std::uint64_t SchemaVersion();
+
+  /// Adds a table. Fails if the name is taken: `table R already exists`.
+  /// @param sql  the statement as typed, from its first letter to its last token; `name` in it may
+  ///   be quoted
+  void CreateTable(std::string_view name, std::string_view sql);
+  /// Adds an index with an entry for each row. Fails with `index irm already exists`,
+  /// `no such table: Q`, `table R has no column named zz`.
+  void CreateIndex(std::string_view name, std::string_view table, std::string_view sql);
+  /// Adds a view or a trigger: a row of the master table, not looked into.
+  void CreateOther(std::string_view type, std::string_view name, std::string_view table,
+                   std::string_view sql);
+  /// Removes a table with its indexes and triggers: `no such table: Q`.
+  void DropTable(std::string_view name);
+  /// Removes an index: `no such index: q`.
+  void DropIndex(std::string_view name);
+  /// Removes a view or a trigger: `no such view: q`.
+  void DropOther(std::string_view type, std::string_view name);
+
+  /// Adds a row behind the last. `values` has one value for each column; a text ends at its first
+  /// NUL byte. Fails with kRowTooLong. @return its number
+  RowId Append(const Table& table, std::span<const Value> values);
+  /// Adds a row of a given number. Fails if there is one: `PRIMARY KEY must be unique`.
+  void Insert(const Table& table, RowId rowId, std::span<const Value> values);
+  /// Gives an existing row other values; its number and place stay. Nothing if there is no such
+  /// row.
+  void Update(const Table& table, RowId rowId, std::span<const Value> values);
+  /// Removes a row. Nothing if there is none.
+  void Delete(const Table& table, RowId rowId);
+
+  /// `UPDATE table SET valueColumn=value WHERE keyColumn=key` for scripts of many such statements:
+  /// they are collected, on disk if need be, and carried out together before anything else is read
+  /// or written, in one pass over the table. Of equal keys the last wins. A row that would become
+  /// too long keeps its value, and the next statement or Commit fails with kRowTooLong; Commit does
+  /// its work all the same.
+  /// Texts are cut at their first NUL byte.
+  void UpdateWhere(const Table& table, std::size_t keyColumn, std::size_t valueColumn,
+                   std::string_view key, std::string_view value);
+  /// Whether UpdateWhere takes these two columns: both TEXT, different, the second in no index.
+  [[nodiscard]] static bool CanUpdateWhere(const Table& table, std::size_t keyColumn,
+                                           std::size_t valueColumn);
+
+ private:
+  friend class Statement;
+  friend class TableCursor;
+  friend class IndexCursor;
+
+  std::unique_ptr<Storage> storage_;
+};
+
+/// The frame of one statement: locks while it lasts and takes back what it changed unless it is
+/// completed. Outside a transaction a writing statement is a transaction of its own.
+/// Not nested.
+class Statement {
+ public:
+  enum class Access { Read, Write };
+
+  Statement(Database& database, Access access);
+  ~Statement();
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  /// Keeps the changes. All cursors have to be gone.
+  void Complete();
+
+ private:
+  Database& database_;
+};
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// platform/sqlite/table: Index entries by the thousand.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/sqlite/file/pager.h"
+#include "platform/sqlite/table/table.h"
+#include "platform/sqlite/tree/key_sorter.h"
+#include "platform/sqlite/tree/record.h"
+
+namespace lexmill::platform::sqlite {
+
+/// Memory for the entries of an index while they are sorted.
+inline constexpr std::size_t kIndexBuffer = std::size_t{8} * 1024 * 1024;
+
+/// Tells the value of a column.
+using ValueOf = std::function<Value(std::size_t column)>;
+
+/// Makes `key` the entry of a row in an index.
+void PutIndexKey(std::string& key, const Index& index, const ValueOf& value, RowId rowId);
+
+/// Adds an entry for each row of a table.
+void CollectEntries(Pager& pager, const Table& table, const Index& index, KeySorter& entries);
+
+/// Adds collected entries to an index: in one go if it is empty.
+/// @throws DatabaseError if it would hold equal rows and is unique
+void AddEntries(Pager& pager, const Index& index, KeySorter& entries);
+
+/// Throws unless all indexes of a table can be kept in step with its rows.
+void CheckIndexesKnown(const Table& table);
+
+}  // namespace lexmill::platform::sqlite

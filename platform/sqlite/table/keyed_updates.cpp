@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/table/keyed_updates.h"
+
+#include <array>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/table/index_filler.h"
+#include "platform/sqlite/table/row_cursor.h"
+#include "platform/sqlite/tree/payload.h"
+#include "platform/sqlite/tree/tree_builder.h"
+#include "platform/sqlite/tree/tree_editor.h"
+#include "platform/sqlite/tree/tree_removal.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+constexpr std::size_t kBuffer = std::size_t{8} * 1024 * 1024;
+constexpr std::size_t kNumberSize = 4;
+
+/// How many pages it is taken to cost to find a row and to change it where it stands. Where that
+/// makes more than all pages, a pass over the whole trees costs less.
+constexpr std::size_t kPagesPerRow = 8;
+
+std::string_view View(const RowKey& key) {
+  return {key.data(), key.size()};
+}
+
+/// The text in the form that index entries begin with.
+std::string_view TextOf(std::string_view entryText) {
+  return entryText.substr(1, entryText.size() - 2);
+}
+
+std::string_view RowKeyOf(CellView cell) {
+  if (cell.KeyLength() != kNumberSize) {
+    throw DatabaseError(kMalformed);
+  }
+  return {cell.Payload(), kNumberSize};
+}
+
+}  // namespace
+
+KeyedUpdates::KeyedUpdates(Pager& pager, const Table& table, std::size_t keyColumn,
+                           std::size_t valueColumn)
+    : pager_(pager),
+      table_(table),
+      keyColumn_(keyColumn),
+      valueColumn_(valueColumn),
+      updates_(pager.Path(), kBuffer) {}
+
+bool KeyedUpdates::IsFor(const Table& table, std::size_t keyColumn, std::size_t valueColumn) const {
+  return &table == &table_ && keyColumn == keyColumn_ && valueColumn == valueColumn_;
+}
+
+void KeyedUpdates::Add(std::string_view key, std::string_view value) {
+  // An update is its text as in an index, its number and its value, so that the updates of a text
+  // come in the order in which they were given.
+  std::string text;
+  AppendIndexText(text, key);
+  std::array<char, kNumberSize> number{};
+  Put32(number.data(), sequence_++, ByteOrder::Big);
+  updates_.Add({text, {number.data(), number.size()}, value});
+}
+
+bool KeyedUpdates::Apply() {
+  updates_.Sort();
+  KeySorter changes(pager_.Path(), kBuffer);
+  isComing_ = updates_.Next(coming_);
+  const Index* index = table_.IndexOn(keyColumn_);
+  if (index == nullptr) {
+    MatchWithRows(changes);
+  } else if (AreFew(updates_.Count())) {
+    Search(*index, changes);
+  } else {
+    MatchWithIndex(*index, changes);
+  }
+  changes.Sort();
+  if (AreFew(changes.Count())) {
+    ChangeRows(changes);
+  } else {
+    RewriteTable(changes);
+  }
+  return isAllDone_;
+}
+
+bool KeyedUpdates::AreFew(std::size_t count) const {
+  return count < pager_.Count() / kPagesPerRow;
+}
+
+void KeyedUpdates::Search(const Index& index, KeySorter& changes) {
+  EntryCursor entries(pager_, index.rootPage);
+  while (NextUpdate()) {
+    entries.Seek(TextOf(text_));
+    while (const auto rowId = entries.Next()) {
+      changes.Add({View(ToRowKey(*rowId)), newValue_});
+    }
+  }
+}
+
+void KeyedUpdates::MatchWithIndex(const Index& index, KeySorter& changes) {
+  TreeCursor entries(pager_, index.rootPage);
+  std::string buffer;
+  bool isFirst = true;
+  const NextEntry next = [&](std::string_view& entry) {
+    const bool isThere = std::exchange(isFirst, false) ? entries.First() : entries.Next();
+    entry = isThere ? entries.Payload(buffer) : std::string_view();
+    return isThere;
+  };
+  MatchWith(next, changes);
+}
+
+void KeyedUpdates::MatchWithRows(KeySorter& changes) {
+  Index index;
+  index.columns = {keyColumn_};
+  KeySorter entries(pager_.Path(), kBuffer);
+  CollectEntries(pager_, table_, index, entries);
+  entries.Sort();
+  MatchWith([&entries](std::string_view& entry) { return entries.Next(entry); }, changes);
+}
+
+void KeyedUpdates::MatchWith(const NextEntry& nextEntry, KeySorter& changes) {
+  std::string_view entry;
+  bool hasEntry = nextEntry(entry);
+  while (hasEntry && NextUpdate()) {
+    while (hasEntry) {
+      std::ignore = RowIdOfEntry(entry);
+      const std::size_t textSize = entry.size() - kNumberSize;
+      const int order = entry.substr(0, textSize).compare(text_);
+      if (order > 0) {
+        break;
+      }
+      if (order == 0) {
+        changes.Add({entry.substr(textSize), newValue_});
+      }
+      hasEntry = nextEntry(entry);
+    }
+  }
+}
+
+bool KeyedUpdates::NextUpdate() {
+  if (!isComing_) {
+    return false;
+  }
+  std::size_t textSize = 0;
+  do {
+    current_ = coming_;
+    textSize = current_.find('\0') + 1;
+    isComing_ = updates_.Next(coming_);
+  } while (isComing_ && coming_.starts_with(std::string_view(current_).substr(0, textSize)));
+  text_ = std::string_view(current_).substr(0, textSize);
+  newValue_ = std::string_view(current_).substr(textSize + kNumberSize);
+  return true;
+}
+
+void KeyedUpdates::ChangeRows(KeySorter& changes) {
+  RowCursor rows(pager_, table_.rootPage);
+  TreeEditor editor(pager_, table_.rootPage);
+  std::string record;
+  for (std::string_view change; changes.Next(change);) {
+    const RowId rowId = ToRowId(change.data());
+    if (!rows.Seek(rowId)) {
+      throw DatabaseError(kMalformed);
+    }
+    if (Renew(rows.Record(), change.substr(kNumberSize))) {
+      const RecordShape shape = ShapeOf(values_);
+      record.resize(shape.size);
+      PutRecord(record.data(), shape, values_);
+      editor.Put(View(ToRowKey(rowId)), record);
+    }
+  }
+}
+
+void KeyedUpdates::RewriteTable(KeySorter& changes) {
+  TreeBuilder builder = TreeBuilder::Anew(pager_, table_.rootPage);
+  TreeCursor rows(pager_, table_.rootPage);
+  std::string buffer;
+  std::string_view change;
+  bool isChanging = changes.Next(change);
+  for (bool isThere = rows.First(); isThere; isThere = rows.Next()) {
+    const CellView cell = rows.Cell();
+    const std::string_view key = RowKeyOf(cell);
+    const bool isMeant = isChanging && change.starts_with(key);
+    if (isMeant &&
+        Renew(RecordView(rows.Payload(buffer).substr(key.size())), change.substr(key.size()))) {
+      builder.AppendRow(ToRowId(key.data()), values_);
+      FreeOverflow(pager_, cell);
+    } else {
+      builder.AppendCell(cell);
+    }
+    if (isMeant) {
+      isChanging = changes.Next(change);
+    }
+  }
+  if (isChanging) {
+    throw DatabaseError(kMalformed);  // an index entry without a row
+  }
+  FreeTreeBelow(pager_, table_.rootPage, Overflow::Kept);
+  builder.Finish();
+}
+
+bool KeyedUpdates::Renew(const RecordView& record, std::string_view value) {
+  if (record.Column(valueColumn_) == value) {
+    return false;
+  }
+  values_.clear();
+  for (std::size_t i = 0; i < table_.columns.size(); ++i) {
+    values_.push_back(i == valueColumn_ ? Value(value) : record.Column(i));
+  }
+  const bool isTooLong = !FitsRecord(values_);
+  isAllDone_ = isAllDone_ && !isTooLong;
+  return !isTooLong;
+}
+
+}  // namespace lexmill::platform::sqlite

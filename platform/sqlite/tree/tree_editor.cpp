@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/tree/tree_editor.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/file/free_list.h"
+#include "platform/sqlite/tree/page_packer.h"
+#include "platform/sqlite/tree/payload.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+/// A page with less than this in it is joined with a neighbour.
+constexpr std::size_t kSlim = kPageRoom / 4;
+
+void CheckDepth(std::size_t depth) {
+  if (depth >= kGreatestDepth) {
+    throw DatabaseError(kMalformed);
+  }
+}
+
+}  // namespace
+
+void TreeEditor::Node::Load(Pager& pager, PageNumber number) {
+  const PageRef ref = pager.ReadTree(number);
+  std::copy_n(ref.Bytes(), kPageSize, page.data());
+  const ByteOrder order = pager.Order();
+  cells.clear();
+  right = Get32(&page[kRightChildAt], order);
+  for (std::size_t at = Get16(&page[kFirstCellAt], order); at != 0;) {
+    const CellView cell(&page[at], order);
+    cells.push_back({cell.LeftChild(), {cell.Bytes(), cell.Size()}});
+    at = cell.Next();
+  }
+}
+
+std::size_t TreeEditor::Node::Size() const {
+  std::size_t size = 0;
+  for (const Cell& cell : cells) {
+    size += cell.bytes.size();
+  }
+  return size;
+}
+
+void TreeEditor::Node::Insert(std::size_t index, PageNumber left, std::string bytes) {
+  const std::string& own = kept.emplace_back(std::move(bytes));
+  cells.insert(cells.begin() + static_cast<std::ptrdiff_t>(index), {left, own});
+}
+
+void TreeEditor::Put(std::string_view key, std::string_view data) {
+  std::array<char, kGreatestCell> cell{};
+  PutCell(pager_, cell.data(), key, data);
+  cell_ = {cell.data(), CellSize(key.size() + data.size())};
+  Node root(pager_, root_);
+  if (PutHere(root, key, 0)) {
+    StoreRoot(root);
+  }
+}
+
+bool TreeEditor::Remove(std::string_view key) {
+  isFound_ = false;
+  Node root(pager_, root_);
+  if (RemoveHere(root, key, 0)) {
+    StoreRoot(root);
+  }
+  return isFound_;
+}
+
+std::pair<std::size_t, bool> TreeEditor::Find(const Node& node, std::string_view key) {
+  for (std::size_t i = 0; i < node.cells.size(); ++i) {
+    const int order = CompareKey(pager_, View(node.cells[i]), key, buffer_);
+    if (order >= 0) {
+      return {i, order == 0};
+    }
+  }
+  return {node.cells.size(), false};
+}
+
+bool TreeEditor::PutHere(Node& node, std::string_view key, std::size_t depth) {
+  const auto [index, isEqual] = Find(node, key);
+  if (isEqual) {
+    FreeOverflow(pager_, View(node.cells[index]));
+    node.cells[index].bytes = cell_;
+    return true;
+  }
+  if (node.IsLeaf()) {
+    node.Insert(index, 0, std::string(cell_));
+    return true;
+  }
+  return Splice(node, index, PutBelow(node.Child(index), key, depth + 1));
+}
+
+TreeEditor::Pieces TreeEditor::PutBelow(PageNumber page, std::string_view key, std::size_t depth) {
+  CheckDepth(depth);
+  Node node(pager_, page);
+  return PutHere(node, key, depth) ? Store(node, page) : Pieces{page};
+}
+
+bool TreeEditor::RemoveHere(Node& node, std::string_view key, std::size_t depth) {
+  const auto [index, isEqual] = Find(node, key);
+  if (!isEqual) {
+    return !node.IsLeaf() && Splice(node, index, RemoveBelow(node.Child(index), key, depth + 1));
+  }
+  isFound_ = true;
+  FreeOverflow(pager_, View(node.cells[index]));
+  if (node.IsLeaf()) {
+    node.cells.erase(node.cells.begin() + static_cast<std::ptrdiff_t>(index));
+    return true;
+  }
+  // The entry before it, the greatest below its left child, takes its place.
+  std::string greatest;
+  const Pieces pieces = TakeGreatest(node.Child(index), greatest, depth + 1);
+  node.cells[index].bytes = node.kept.emplace_back(std::move(greatest));
+  std::ignore = Splice(node, index, pieces);
+  return true;
+}
+
+TreeEditor::Pieces TreeEditor::RemoveBelow(PageNumber page, std::string_view key,
+                                           std::size_t depth) {
+  CheckDepth(depth);
+  Node node(pager_, page);
+  return RemoveHere(node, key, depth) ? Store(node, page) : Pieces{page};
+}
+
+TreeEditor::Pieces TreeEditor::TakeGreatest(PageNumber page, std::string& cell, std::size_t depth) {
+  CheckDepth(depth);
+  Node node(pager_, page);
+  if (!node.IsLeaf()) {
+    const Pieces pieces = TakeGreatest(node.right, cell, depth + 1);
+    return Splice(node, node.cells.size(), pieces) ? Store(node, page) : Pieces{page};
+  }
+  if (node.cells.empty()) {
+    throw DatabaseError(kMalformed);
+  }
+  cell = node.cells.back().bytes;
+  node.cells.pop_back();
+  return Store(node, page);
+}
+
+bool TreeEditor::Splice(Node& node, std::size_t child, const Pieces& pieces) {
+  PageNumber left = pieces.first;
+  std::size_t at = child;
+  for (const auto& [separator, page] : pieces.others) {
+    node.Insert(at, left, separator);
+    left = page;
+    ++at;
+  }
+  node.Child(at) = left;
+  if (pieces.isSlim && !node.cells.empty()) {
+    Join(node, child);
+    return true;
+  }
+  return !pieces.others.empty();
+}
+
+void TreeEditor::Join(Node& node, std::size_t child) {
+  const std::size_t separator = std::min(child, node.cells.size() - 1);
+  const PageNumber leftPage = node.Child(separator);
+  const PageNumber rightPage = node.Child(separator + 1);
+  Node joined(pager_, leftPage);
+  const Node right(pager_, rightPage);
+  joined.cells.push_back({joined.right, node.cells[separator].bytes});
+  joined.cells.insert(joined.cells.end(), right.cells.begin(), right.cells.end());
+  joined.right = right.right;
+  FreePage(pager_, rightPage);
+  Pieces pieces = Store(joined, leftPage);
+  pieces.isSlim = false;
+  node.cells.erase(node.cells.begin() + static_cast<std::ptrdiff_t>(separator));
+  std::ignore = Splice(node, separator, pieces);
+}
+
+TreeEditor::Pieces TreeEditor::Store(const Node& node, PageNumber page) {
+  const std::size_t size = node.Size();
+  if (size > kPageRoom) {
+    return Split(node, page);
+  }
+  Write(node, 0, node.cells.size(), node.right, page);
+  return {page, {}, size < kSlim};
+}
+
+TreeEditor::Pieces TreeEditor::Split(const Node& node, PageNumber first) {
+  Pieces pieces{first};
+  PageNumber page = first;
+  std::size_t begin = 0;
+  for (const std::size_t separator : Separators(node)) {
+    Write(node, begin, separator, node.cells[separator].left, page);
+    page = AllocatePage(pager_);
+    pieces.others.emplace_back(node.cells[separator].bytes, page);
+    begin = separator + 1;
+  }
+  Write(node, begin, node.cells.size(), node.right, page);
+  return pieces;
+}
+
+std::vector<std::size_t> TreeEditor::Separators(const Node& node) {
+  const std::vector<Cell>& cells = node.cells;
+  const std::size_t size = node.Size();
+  const std::size_t pages = (size + kPageRoom - 1) / kPageRoom;
+  const std::size_t share = (size + pages - 1) / pages;
+  std::vector<std::size_t> separators;
+  std::size_t filled = 0;
+  // The last cell of all never separates: something has to follow a separator.
+  for (std::size_t i = 0; i + 1 < cells.size(); ++i) {
+    const std::size_t more = filled + cells[i].bytes.size();
+    const bool isLastChance = i + 2 == cells.size() && more + cells[i + 1].bytes.size() > kPageRoom;
+    if (filled >= share || more > kPageRoom || isLastChance) {
+      separators.push_back(i);
+      filled = 0;
+    } else {
+      filled = more;
+    }
+  }
+  return separators;
+}
+
+void TreeEditor::StoreRoot(Node& node) {
+  while (node.cells.empty() && !node.IsLeaf()) {
+    const PageNumber child = node.right;
+    node.Load(pager_, child);
+    FreePage(pager_, child);
+  }
+  if (node.Size() > kPageRoom) {
+    const Pieces pieces = Split(node, AllocatePage(pager_));
+    node.cells.clear();
+    node.right = 0;
+    std::ignore = Splice(node, 0, pieces);
+  }
+  Write(node, 0, node.cells.size(), node.right, root_);
+}
+
+void TreeEditor::Write(const Node& node, std::size_t begin, std::size_t end, PageNumber right,
+                       PageNumber page) {
+  PagePacker packer(pager_.Order());
+  for (std::size_t i = begin; i < end; ++i) {
+    packer.Append(node.cells[i].bytes, node.cells[i].left);
+  }
+  pager_.Put(page, packer.Complete(right));
+}
+
+}  // namespace lexmill::platform::sqlite

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text/ansi_text.h"
+
+#include "platform/failure.h"
+#include "platform/text/table_page.h"
+#include "platform/text/utf8.h"
+
+namespace lexmill::platform {
+namespace {
+
+constexpr int kDefaultPage = 936;
+constexpr int kGb18030Page = 54936;
+constexpr int kUtf8Page = 65001;
+
+class Utf8Page final : public CodePage {
+ public:
+  void Decode(std::string_view bytes, std::u16string& text) const override {
+    DecodeUtf8(bytes, text);
+  }
+
+  bool Encode(std::u16string_view text, std::string& bytes) const override {
+    return EncodeUtf8(text, bytes);
+  }
+
+  std::size_t CharacterLength(std::string_view bytes) const override {
+    std::size_t length = 0;
+    static_cast<void>(NextUtf8(bytes, length));
+    return length;
+  }
+};
+
+std::unique_ptr<const CodePage>& ChosenPage() {
+  static std::unique_ptr<const CodePage> page;
+  return page;
+}
+
+}  // namespace
+
+std::unique_ptr<const CodePage> CodePage::Open(int number) {
+  if (number == kUtf8Page) {
+    return std::make_unique<Utf8Page>();
+  }
+  const bool isCarriedOn = number == kDefaultPage || number == kGb18030Page;
+  return std::make_unique<TablePage>("windows-" + std::to_string(number), isCarriedOn);
+}
+
+const CodePage& AnsiCodePage() {
+  if (const auto& page = ChosenPage()) {
+    return *page;
+  }
+  static const auto defaultPage = CodePage::Open(kDefaultPage);
+  return *defaultPage;
+}
+
+void SetAnsiCodePage(int number) {
+  ChosenPage() = CodePage::Open(number);
+}
+
+bool IsAnsiCodePageChosen() {
+  return ChosenPage() != nullptr;
+}
+
+std::u16string FromAnsi(std::string_view bytes) {
+  std::u16string text;
+  AnsiCodePage().Decode(bytes, text);
+  return text;
+}
+
+std::string ToAnsi(std::u16string_view text) {
+  std::string bytes;
+  if (!AnsiCodePage().Encode(text, bytes)) {
+    throw Failure(FailureNumber::InvalidCall, FailureOrigin::Runtime);
+  }
+  return bytes;
+}
+
+}  // namespace lexmill::platform

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// platform/text: the frame of every conversion between bytes and text in which ASCII stands for
+// itself: runs of ASCII a block at a time, each other character by a function of the encoding.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include <unicode/utf16.h>
+
+namespace lexmill::platform {
+
+/// Number of ASCII bytes at the start of `bytes`.
+[[nodiscard]] inline std::size_t AsciiLength(std::string_view bytes) {
+  constexpr std::uint64_t kNotAscii = 0x8080808080808080;
+  std::size_t length = 0;
+  for (std::uint64_t block = 0; length + sizeof block <= bytes.size(); length += sizeof block) {
+    std::memcpy(&block, bytes.data() + length, sizeof block);
+    if ((block & kNotAscii) != 0) {
+      break;
+    }
+  }
+  while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) {
+    ++length;
+  }
+  return length;
+}
+
+/// Converts the ASCII bytes at the start of `bytes` into `text`, which has room for all of `bytes`.
+/// @return their number
+[[nodiscard]] inline std::size_t WidenAscii(std::string_view bytes, char16_t* text) {
+  const std::size_t length = AsciiLength(bytes);
+  for (std::size_t i = 0; i < length; ++i) {
+    text[i] = static_cast<unsigned char>(bytes[i]);
+  }
+  return length;
+}
+
+/// Converts the ASCII units at the start of `text` into `bytes`, which has room for all of `text`.
+/// @return their number
+[[nodiscard]] inline std::size_t NarrowAscii(std::u16string_view text, char* bytes) {
+  constexpr std::uint64_t kNotAscii = 0xFF80FF80FF80FF80;
+  constexpr std::size_t kUnits = 8;
+  std::size_t done = 0;
+  for (std::array<std::uint64_t, 2> block{}; done + kUnits <= text.size(); done += kUnits) {
+    std::memcpy(block.data(), text.data() + done, sizeof block);
+    if (((block[0] | block[1]) & kNotAscii) != 0) {
+      break;
+    }
+    for (std::size_t i = 0; i < kUnits; ++i) {
+      bytes[done + i] = static_cast<char>(text[done + i]);
+    }
+  }
+  for (; done < text.size() && text[done] < 0x80; ++done) {
+    bytes[done] = static_cast<char>(text[done]);
+  }
+  return done;
+}
+
+/// Writes `codePoint` as one unit or as a pair. @return where to go on
+[[nodiscard]] inline char16_t* WriteUtf16(char32_t codePoint, char16_t* out) {
+  if (U_IS_BMP(codePoint)) {
+    *out++ = static_cast<char16_t>(codePoint);
+  } else {
+    *out++ = U16_LEAD(codePoint);
+    *out++ = U16_TRAIL(codePoint);
+  }
+  return out;
+}
+
+/// Appends the text of `bytes` to `text`.
+/// @param takeCharacter  called as (bytes, at, out) at a byte that is not ASCII: converts one
+///   character, moves `at` behind it and `out` behind its units; never more units than bytes
+template <class TakeCharacter>
+void DecodeRuns(std::string_view bytes, std::u16string& text, TakeCharacter takeCharacter) {
+  const auto before = text.size();
+  text.resize(before + bytes.size());
+  char16_t* out = text.data() + before;
+  for (std::size_t at = 0; at < bytes.size();) {
+    const auto ascii = WidenAscii(bytes.substr(at), out);
+    at += ascii;
+    out += ascii;
+    while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) >= 0x80) {
+      takeCharacter(bytes, at, out);
+    }
+  }
+  text.resize(static_cast<std::size_t>(out - text.data()));
+}
+
+/// Appends the bytes of `text` to `bytes`.
+/// @param takeCharacter  called as (text, at, out) at a unit that is not ASCII: as in DecodeRuns;
+///   never more than four bytes; returns false to give up
+/// @return false if `takeCharacter` gave up; `bytes` is then as it was
+template <class TakeCharacter>
+[[nodiscard]] bool EncodeRuns(std::u16string_view text, std::string& bytes,
+                              TakeCharacter takeCharacter) {
+  constexpr std::ptrdiff_t kLongest = 4;
+  const auto before = bytes.size();
+  std::array<char, 1024> piece;
+  char* const end = piece.data() + piece.size();
+  for (std::size_t at = 0; at < text.size();) {
+    char* out = piece.data();
+    while (at < text.size() && end - out >= kLongest) {
+      if (text[at] < 0x80) {
+        const auto ascii = NarrowAscii(text.substr(at, static_cast<std::size_t>(end - out)), out);
+        at += ascii;
+        out += ascii;
+      } else if (!takeCharacter(text, at, out)) {
+        bytes.resize(before);
+        return false;
+      }
+    }
+    bytes.append(piece.data(), out);
+  }
+  return true;
+}
+
+}  // namespace lexmill::platform

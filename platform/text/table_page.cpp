@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text/table_page.h"
+
+#include <array>
+
+#include <unicode/utf16.h>
+
+#include "platform/text/ascii_runs.h"
+
+namespace lexmill::platform {
+
+TablePage::TablePage(const std::string& converter, bool isCarriedOn)
+    : table_(converter), isCarriedOn_(isCarriedOn) {}
+
+void TablePage::Decode(std::string_view bytes, std::u16string& text) const {
+  DecodeRuns(bytes, text, [this](std::string_view from, std::size_t& at, char16_t*& out) {
+    TakeCharacter(from, at, out);
+  });
+}
+
+bool TablePage::Encode(std::u16string_view text, std::string& bytes) const {
+  return EncodeRuns(text, bytes, [this](std::u16string_view from, std::size_t& at, char*& out) {
+    return TakeUnit(from, at, out);
+  });
+}
+
+std::size_t TablePage::CharacterLength(std::string_view bytes) const {
+  if (static_cast<unsigned char>(bytes.front()) < 0x80) {
+    return 1;
+  }
+  std::array<char16_t, 2> units;
+  char16_t* out = units.data();
+  std::size_t length = 0;
+  TakeCharacter(bytes, length, out);
+  return length;
+}
+
+inline void TablePage::TakeCharacter(std::string_view bytes, std::size_t& at,
+                                     char16_t*& out) const {
+  const char first = bytes[at];
+  const char16_t pair = at + 1 < bytes.size() ? table_.Unit(first, bytes[at + 1]) : u'\0';
+  if (pair != 0) {
+    *out++ = pair;
+    at += 2;
+  } else if (const char16_t single = table_.Unit(first); single != 0) {
+    *out++ = single;
+    ++at;
+  } else if (const auto codePoint = FourByteCharacter(bytes.substr(at)); codePoint) {
+    out = WriteUtf16(*codePoint, out);
+    at += FourByteForms::kLength;
+  } else {
+    *out++ = SurvivingByte(first);
+    ++at;
+  }
+}
+
+inline bool TablePage::TakeUnit(std::u16string_view text, std::size_t& at, char*& out) const {
+  const DoubleByteCode code = table_.Code(text[at]);
+  if (code > 0xFF) {
+    *out++ = static_cast<char>(code >> 8);
+  }
+  if (code != 0) {
+    *out++ = static_cast<char>(code & 0xFF);
+    ++at;
+    return true;
+  }
+  char32_t codePoint = 0;
+  U16_NEXT(text.data(), at, text.size(), codePoint);
+  if (IsSurvivingByte(codePoint)) {
+    *out++ = static_cast<char>(codePoint - kSurvivingByte);
+    return true;
+  }
+  if (!isCarriedOn_ || !Forms().Encode(codePoint, out)) {
+    return false;
+  }
+  out += FourByteForms::kLength;
+  return true;
+}
+
+std::optional<char32_t> TablePage::FourByteCharacter(std::string_view bytes) const {
+  return isCarriedOn_ ? Forms().Decode(bytes) : std::nullopt;
+}
+
+// Most texts never need the four-byte forms, so they are built when the first one does.
+const FourByteForms& TablePage::Forms() const {
+  std::call_once(formsBuilt_, [this] { forms_ = std::make_unique<FourByteForms>(table_); });
+  return *forms_;
+}
+
+}  // namespace lexmill::platform

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files/name_reservation.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/host/host_path.h"
+#include "tests/support/files.h"
+
+namespace lexmill::platform {
+namespace {
+
+using test::TemporaryFolder;
+
+TEST(NameReservation, KeepsANameFromOthersUntilItGoes) {
+  const TemporaryFolder folder;
+  {
+    const auto taken = NameReservation::Take(folder.File("a.db"));
+    ASSERT_TRUE(taken);
+    EXPECT_FALSE(NameReservation::Take(folder.File("a.db")));
+    EXPECT_TRUE(NameReservation::Take(folder.File("a.sql")));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "a.db"));
+    RemoveStaleReservations(folder.File(""));
+    EXPECT_FALSE(NameReservation::Take(folder.File("a.db")));
+  }
+  EXPECT_TRUE(NameReservation::Take(folder.File("a.db")));
+  EXPECT_EQ(folder.Listing(), "");
+}
+
+TEST(NameReservation, RefusesANameThatAFileHas) {
+  const TemporaryFolder folder;
+  test::WriteBytes(folder.File("a.db"), "left behind");
+  EXPECT_FALSE(NameReservation::Take(folder.File("a.db")));
+  EXPECT_EQ(folder.Listing(), "a.db");
+}
+
+TEST(NameReservation, IsFreeAgainWhenItsProcessIsKilled) {
+  const TemporaryFolder folder;
+  const pid_t child = fork();
+  if (child == 0) {
+    const auto taken = NameReservation::Take(folder.File("a.db"));
+    _exit(taken ? 0 : 1);  // as abruptly as a kill
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(folder.Listing(), ".a.db.lexmill-name");
+  EXPECT_TRUE(NameReservation::Take(folder.File("a.db")));
+  EXPECT_EQ(folder.Listing(), "");
+}
+
+TEST(NameReservation, RemovesWhatKilledProcessesLeft) {
+  const TemporaryFolder folder;
+  test::WriteBytes(folder.File(".rad00000.db.lexmill-name"), "");
+  test::WriteBytes(folder.File("mine.lexmill-name"), "");
+  RemoveStaleReservations(folder.File(""));
+  EXPECT_EQ(folder.Listing(), "mine.lexmill-name");
+}
+
+TEST(NameReservation, HindersNobodyInAFolderThatCannotBeWritten) {
+  EXPECT_TRUE(NameReservation::Take(u"/proc/a.db"));
+}
+
+}  // namespace
+}  // namespace lexmill::platform

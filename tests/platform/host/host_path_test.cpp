@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/host_path.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/readable_text.h"
+
+namespace lexmill::platform {
+namespace {
+
+using test::Readable;
+
+TEST(HostPath, ParentFolderIsTextWork) {
+  struct {
+    std::u16string_view path;
+    std::u16string_view parent;
+  } const kCases[] = {
+      {u"", u""},           {u"a", u""},        {u"name.txt", u""},
+      {u".", u""},          {u"/", u""},        {u"//", u""},
+      {u"/a", u"/"},        {u"/a/", u"/"},     {u"//a", u"/"},
+      {u"/a/b.txt", u"/a"}, {u"a/b", u"a"},     {u"a/a//", u"a"},
+      {u"/a//b", u"/a"},    {u"a/a/a", u"a/a"}, {u"/目录/文件", u"/目录"},
+  };
+  for (const auto& [path, parent] : kCases) {
+    EXPECT_EQ(Readable(ParentFolder(path)), Readable(parent)) << Readable(path);
+  }
+}
+
+TEST(HostPath, FileNameStandsBehindTheLastSeparator) {
+  EXPECT_EQ(FileName(u"/a/b.txt"), u"b.txt");
+  EXPECT_EQ(FileName(u"b.txt"), u"b.txt");
+  EXPECT_EQ(FileName(u"/a/"), u"");
+}
+
+TEST(HostPath, FolderGetsExactlyOneSeparator) {
+  for (const auto* folder : {u"/a", u"/a/", u"/a//"}) {
+    EXPECT_EQ(WithSeparator(folder), u"/a/");
+  }
+  EXPECT_EQ(WithSeparator(u"/"), u"/");
+}
+
+TEST(HostPath, NameWithBytesThatAreNoTextSurvives) {
+  const std::string path = "/\xE4\xB8\xAD/\xD6\xD0.glo";
+  EXPECT_EQ(ToHostPath(FromHostPath(path)), path);
+}
+
+}  // namespace
+}  // namespace lexmill::platform

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sqlite/shell/shell.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/sqlite/shell_world.h"
+
+namespace lexmill::platform::sqlite {
+namespace {
+
+constexpr std::string_view kReference =
+    "BEGIN TRANSACTION;\r\n"
+    "CREATE TABLE R(r1 TEXT,r2 TEXT);\r\n"
+    "INSERT INTO R VALUES ('Open','O1');\r\n"
+    "INSERT INTO R VALUES ('it''s','');\r\n"
+    "CREATE INDEX irm ON R(r1);\r\n"
+    "COMMIT;\r\n";
+
+TEST(SqliteShell, PrintsRowsOfEveryForm) {
+  const ShellWorld world;
+  ASSERT_EQ(world.Script(kReference), "");
+  const struct {
+    std::vector<std::string> words;
+    std::string script;
+    ShellOutcome outcome;
+  } cases[] = {
+      {{"", "SELECT r1,r2 FROM R;"}, "", {"Open|O1\r\nit's|\r\n", "", 0}},
+      {{"", "SELECT r1 FROM R WHERE r1='x'", "rest"}, "", {"", "", 0}},
+      {{""}, "SELECT r1,r2 FROM R;\r\n", {"Open|O1\r\nit's|\r\n", "", 0}},
+      {{"-separator", "\t", "", "SELECT 1,NULL,'' FROM R"}, "", {"1\t\t\r\n1\t\t\r\n", "", 0}},
+      {{"-separator", "<>", ""}, "SELECT r1,r2 FROM R;", {"Open<>O1\r\nit's<>\r\n", "", 0}},
+      {{"-line", "", "SELECT r1,r2 FROM R;"},
+       "",
+       {"   r1 = Open\r\n   r2 = O1\r\n\r\n   r1 = it's\r\n   r2 = \r\n", "", 0}},
+      {{"-line", "", "SELECT r1, ' '||r2 AS longest FROM R WHERE r2<>''; SELECT 1"},
+       "",
+       {"     r1 = Open\r\nlongest =  O1\r\n\r\n    1 = 1\r\n", "", 0}},
+      {{"-line", ""}, "SELECT 1;\nSELECT 2;\n", {"    1 = 1\r\n    2 = 2\r\n", "", 0}},
+      {{"-line", "", "SELECT R.r2 FROM R, R x WHERE R.r1=x.r1 LIMIT 1"},
+       "",
+       {" R.r2 = O1\r\n", "", 0}},
+      {{"-foo", "", "SELECT 1"},
+       "",
+       {"", "sqlite: unknown option: -foo\r\nUse -help for a list of options.\r\n", 1}},
+  };
+  for (const auto& expected : cases) {
+    SCOPED_TRACE(testing::PrintToString(expected.words) + expected.script);
+    EXPECT_EQ(world.Run(expected.words, expected.script), expected.outcome);
+  }
+}
+
+TEST(SqliteShell, TellsFailuresOfAScriptInItsOutputAndGoesOn) {
+  const ShellWorld world;
+  ASSERT_EQ(world.Script(kReference), "");
+  const struct {
+    const char* script;
+    const char* output;
+  } cases[] = {
+      {"SELECT 1; SELECT bad; SELECT 2;\r\nSELECT 3;\r\n",
+       "1\nSELECT 1; SELECT bad; SELECT 2;\nSQL error: no such column: bad\n3\n"},
+      {"SELECT\r\n bad;\r\n", "SELECT\n bad;\nSQL error: no such column: bad\n"},
+      {"SELECT * FROM Q;", "SELECT * FROM Q;\nSQL error: no such table: Q\n"},
+      {"CREATE INDEX iq ON Q(a);", "CREATE INDEX iq ON Q(a);\nSQL error: no such table: Q\n"},
+      {"CREATE TABLE R(a);", "CREATE TABLE R(a);\nSQL error: table R already exists\n"},
+      {"CREATE INDEX irm ON R(r2);",
+       "CREATE INDEX irm ON R(r2);\nSQL error: index irm already exists\n"},
+      {"CREATE INDEX z ON R(zz);",
+       "CREATE INDEX z ON R(zz);\nSQL error: table R has no column named zz\n"},
+      {"CREATE INDEX z ON R(\"zz\");",
+       "CREATE INDEX z ON R(\"zz\");\nSQL error: table R has no column named zz\n"},
+      {"INSERT INTO R VALUES ('a');",
+       "INSERT INTO R VALUES ('a');\nSQL error: table R has 2 columns but 1 values were "
+       "supplied\n"},
+      {"SELEKT 1;", "SELEKT 1;\nSQL error: near \"SELEKT\": syntax error\n"},
+      {"ATTACH 'x' AS y;", "ATTACH 'x' AS y;\nSQL error: near \"ATTACH\": syntax error\n"},
+      {"BEGIN; BEGIN TRANSACTION;",
+       "BEGIN; BEGIN TRANSACTION;\nSQL error: cannot start a transaction within a transaction\n"},
+      {"end;", "end;\nSQL error: cannot commit - no transaction is active\n"},
+      {"ROLLBACK TRANSACTION t;",
+       "ROLLBACK TRANSACTION t;\nSQL error: cannot rollback - no transaction is active\n"},
+      {"DROP INDEX q;", "DROP INDEX q;\nSQL error: no such index: q\n"},
+      {"DROP TABLE Q;", "DROP TABLE Q;\nSQL error: no such table: Q\n"},
+      {"DELETE FROM sqlite_master;",
+       "DELETE FROM sqlite_master;\nSQL error: table sqlite_master may not be modified\n"},
+      {"\xEF\xBB\xBF"
+       "BEGIN;",
+       "\xEF\xBB\xBF"
+       "BEGIN;\nSQL error: near \"\xEF\xBB\xBF"
+       "BEGIN\": syntax error\n"},
+      {"SELECT 1;\nINSERT INTO R VALUES ('a','it's');\nSELECT 2;\nSELECT 3;\r\n",
+       "1\nIncomplete SQL: INSERT INTO R VALUES ('a','it's');\nSELECT 2;\nSELECT 3;\n"},
+  };
+  for (const auto& expected : cases) {
+    SCOPED_TRACE(expected.script);
+    EXPECT_EQ(world.Script(expected.script), expected.output);
+    EXPECT_EQ(world.Run({""}, expected.script).code, 0);
+  }
+  EXPECT_EQ(world.Select("SELECT count(*) FROM R"), "2\n");
+}
+
+TEST(SqliteShell, StopsAtAFailedStatementOfTheCommandLine) {
+  const ShellWorld world;
+  EXPECT_EQ(world.Run({"", "SELECT 1; SELECT bad; SELECT 2"}),
+            (ShellOutcome{"1\r\n", "SQL error: no such column: bad\r\n", 1}));
+}
+
+TEST(SqliteShell, TellsADatabaseThatCannotBeOpened) {
+  const ShellWorld world;
+  std::filesystem::create_directory(world.Folder().Path() / "folder");
+  test::WriteBytes(world.Folder().File("foreign"), std::string(1024, 'x'));
+  const struct {
+    const char* name;
+    const char* error;
+  } cases[] = {
+      {"missing/w.db",
+       "Unable to open database \"DIR/missing/w.db\": unable to open database: "
+       "DIR/missing/w.db\r\n"},
+      {"folder", "Unable to open database \"DIR/folder\": disk I/O error\r\n"},
+      {"foreign",
+       "Unable to open database \"DIR/foreign\": file is encrypted or is not a database\r\n"},
+  };
+  for (const auto& expected : cases) {
+    const std::string path = (world.Folder().Path() / expected.name).string();
+    const ShellOutcome outcome = {"", expected.error, 1};
+    EXPECT_EQ(world.Run({path, "SELECT 1"}), outcome);
+    EXPECT_EQ(world.Run({path}, "SELECT 1;\nSELECT 2;\n"), outcome);
+  }
+}
+
+TEST(SqliteShell, MakesADatabaseWithItsFirstStatement) {
+  const struct {
+    const char* script;
+    const char* files;
+    std::uintmax_t size;
+  } cases[] = {
+      {"", "", 0},
+      {"-- nothing\r\n\r\n", "", 0},
+      {"SELECT 1;", "w.db", 0},
+      {"SELECT bad;", "w.db", 0},
+      {"BEGIN;\nCREATE TABLE R(a);\nINSERT INTO R VALUES ('a');\n", "w.db", 0},
+      {"BEGIN; COMMIT;", "w.db", 2048},
+  };
+  for (const auto& expected : cases) {
+    SCOPED_TRACE(expected.script);
+    const ShellWorld world;
+    EXPECT_EQ(world.Run({""}, expected.script).error, "");
+    EXPECT_EQ(world.Folder().Listing(), expected.files);
+    if (*expected.files != '\0') {
+      EXPECT_EQ(std::filesystem::file_size(world.DatabasePath()), expected.size);
+    }
+  }
+}
+
+TEST(SqliteShell, KeepsWhatATransactionDidBesidesItsFailures) {
+  const ShellWorld world;
+  ASSERT_EQ(world.Script(kReference), "");
+  EXPECT_EQ(world.Script(kReference),
+            "CREATE TABLE R(r1 TEXT,r2 TEXT);\nSQL error: table R already exists\n"
+            "CREATE INDEX irm ON R(r1);\nSQL error: index irm already exists\n");
+  EXPECT_EQ(world.Select("SELECT r1 FROM R;"), "Open\nit's\nOpen\nit's\n");
+
+  const std::string before = test::ReadBytes(world.Folder().File("w.db"));
+  EXPECT_EQ(
+      world.Script("BEGIN;\nDELETE FROM R;\nINSERT INTO R VALUES ('x','y');\nDROP INDEX irm;\n"),
+      "");
+  EXPECT_EQ(world.Run({"", "BEGIN; DELETE FROM R"}).code, 0);
+  EXPECT_EQ(test::ReadBytes(world.Folder().File("w.db")), before);
+  EXPECT_EQ(world.Folder().Listing(), "w.db");
+}
+
+TEST(SqliteShell, KeepsTheTextOfTablesAsTyped) {
+  const ShellWorld world;
+  EXPECT_EQ(world.Script("-- first\r\n  create TABLE  R ( r1 TEXT , r2 TEXT )  ;\r\n"
+                         "CREATE TABLE IF NOT EXISTS R(a);\n"
+                         "CREATE TABLE IF NOT EXISTS O(o0 TEXT);\n"
+                         "INSERT INTO R VALUES ('a','b');\n"
+                         "CREATE TABLE copy AS SELECT r2 AS c FROM R WHERE r1='a';\n"
+                         "CREATE VIEW v AS SELECT c FROM copy;\nSELECT * FROM v;\n"),
+            "b\n");
+  EXPECT_EQ(world.Select("SELECT name, sql FROM sqlite_master ORDER BY name"),
+            "O|CREATE TABLE O(o0 TEXT)\n"
+            "R|create TABLE  R ( r1 TEXT , r2 TEXT )\n"
+            "copy|CREATE TABLE copy(c TEXT)\n"
+            "v|CREATE VIEW v AS SELECT c FROM copy\n");
+}
+
+TEST(SqliteShell, TakesManyStatementsOnOneLine) {
+  const ShellWorld world;
+  std::string line = "CREATE TABLE R(r1 TEXT,r2 TEXT); BEGIN;";
+  for (int i = 0; i < 20'000; ++i) {
+    line += i % 2 == 0 ? " INSERT INTO R VALUES ('a','');" : "insert into R values ('b','');";
+  }
+  EXPECT_EQ(world.Script(line + "COMMIT;\n"), "");
+  EXPECT_EQ(world.Select("SELECT r1, count(*) FROM R GROUP BY r1"), "a|10000\nb|10000\n");
+}
+
+TEST(SqliteShell, TellsARowThatIsTooLong) {
+  const ShellWorld world;
+  const std::string head = "INSERT INTO R VALUES ('";
+  const std::string longest(1'048'565, 'x');
+  for (const char* end : {"','');", "', '');"}) {
+    SCOPED_TRACE(end);
+    const std::string script =
+        "BEGIN;\n" + head + longest + end + "\n" + head + longest + "x" + end + "\nCOMMIT;\n";
+    ASSERT_EQ(world.Script("CREATE TABLE R(r1 TEXT,r2 TEXT);"), "");
+    EXPECT_EQ(world.Script(script),
+              head + longest + "x" + end + "\nSQL error: too much data for one table row\n");
+    EXPECT_EQ(world.Select("SELECT length(r1) FROM R; DROP TABLE R"), "1048565\n");
+  }
+}
+
+TEST(SqliteShell, BytesOfTextsComeThroughUnchanged) {
+  using namespace std::string_literals;
+  const ShellWorld world;
+  ASSERT_EQ(world.Script(
+                "CREATE TABLE R(r1 TEXT,r2 TEXT);BEGIN;\n"
+                "INSERT INTO R VALUES ('\x81\x5C\x1A;--','\x80\xFF\t\\');\n"
+                "insert into R values ('\x81\x5C\x1A;--','\x80\xFF\t\\');\n"
+                "INSERT INTO R VALUES ('a\0b''c','\0');\ninsert into R values ('a\0b''c','\0');\n"
+                "COMMIT;\n"s),
+            "");
+  const std::string row = "\x81\x5C\x1A;--|\x80\xFF\t\\\n";
+  EXPECT_EQ(world.Select("SELECT r1,r2 FROM R;"), row + row + "a|\na|\n");
+  EXPECT_EQ(world.Select("SELECT r1, r2 FROM R;"), row + row + "a|\na|\n");
+}
+
+}  // namespace
+}  // namespace lexmill::platform::sqlite
