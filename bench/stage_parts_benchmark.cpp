@@ -18,23 +18,6 @@ namespace {
 
 constexpr auto kEntries = static_cast<std::int64_t>(kPartEntries);
 
-/// The options of the full preset.
-OptionSet FullOptions() {
-  OptionSet options;
-  for (bool OptionSet::*const wanted :
-       {&OptionSet::chkaMTab, &OptionSet::chkaAndX, &OptionSet::chkrAndXEER,
-        &OptionSet::chkaLTrimSpace, &OptionSet::chkaRTrimSpace, &OptionSet::chkaBanMaoHao,
-        &OptionSet::chkaBanSenHao, &OptionSet::chkrQuanMaoHao, &OptionSet::chkrQuanSenHao}) {
-    options.*wanted = true;
-  }
-  options.txtrAndXBK1 = uR"([\(\[])";
-  options.txtrAndXBK2 = uR"([\)\]])";
-  options.txttAndXBK1 = u"(";
-  options.txttAndXBK2 = u")";
-  options.txtLenLimit = 500;
-  return options;
-}
-
 void Scanner(benchmark::State& state) {
   WriteDictionaries(PartFolder(), {.reference = kPartEntries, .untranslated = 1});
   RecordScanner scanner;
@@ -51,7 +34,7 @@ void Scanner(benchmark::State& state) {
 
 template <class Rules, class Apply>
 void RuleChain(benchmark::State& state, const std::vector<DictionaryEntry>& entries, Apply apply) {
-  const OptionSet options = FullOptions();
+  const OptionSet options = FullPreset();
   platform::RegExp expression;
   Rules rules(options, expression);
   for ([[maybe_unused]] auto round : state) {

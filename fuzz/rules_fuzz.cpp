@@ -9,7 +9,7 @@ namespace lexmill::fuzz {
 namespace {
 
 OptionSet Options(unsigned bits) {
-  OptionSet options;
+  OptionSet options = FullPreset();
   bool* const boxes[] = {&options.chkaAndX,      &options.chkaBanMaoHao,  &options.chkaBanSenHao,
                          &options.chkaMTab,      &options.chkaLTrimSpace, &options.chkaRTrimSpace,
                          &options.chkaUpperCase, &options.chkrAndXEER,    &options.chkrQuanMaoHao,
@@ -18,11 +18,6 @@ OptionSet Options(unsigned bits) {
     *box = bits % 2 == 1;
     bits /= 2;
   }
-  options.txtLenLimit = 100'000;
-  options.txtrAndXBK1 = u"(?:\\(|\\[|\\<|\\{)";
-  options.txtrAndXBK2 = u"(?:\\)|\\]|\\>|\\})";
-  options.txttAndXBK1 = u"(";
-  options.txttAndXBK2 = u")";
   return options;
 }
 

@@ -50,7 +50,7 @@ void RecordScanner::ScanAction(std::int32_t action) {
 }
 
 void RecordScanner::Run() {
-  auto file = platform::FileSystemObject().OpenTextFile(scanFile_, EncodingOf(scanFile_));
+  auto file = platform::FileSystemObject().OpenTextFile(scanFile_, KindOf(scanFile_).encoding);
   bytesRead_ = 0;
   bytesInAll_ = std::max<std::int64_t>(file.Size(), 1);  // no share can be taken of an empty file
   ScanBegin.Raise();

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::u16string_view kBegin = u"BEGIN TRANSACTION;";
 constexpr std::u16string_view kCommit = u"COMMIT;";
-static_assert(kReferenceScript.createTable.substr(0, kCreateTableR.size()) == kCreateTableR);
 
 void AppendQuoted(std::u16string& statement, std::u16string_view value) {
   constexpr char16_t kApostrophe = u'\'';

@@ -17,12 +17,12 @@ struct TableScript {
   std::u16string_view createIndex;
 };
 
-/// The statement of table R as a purified database holds it, without its semicolon.
-inline constexpr std::u16string_view kCreateTableR = u"CREATE TABLE R(r1 TEXT,r2 TEXT)";
-
 /// Table R, the purified reference: source and target stripped to their bare words.
 inline constexpr TableScript kReferenceScript{u"CREATE TABLE R(r1 TEXT,r2 TEXT);",
                                               u"CREATE INDEX irm ON R(r1);"};
+/// The statement of table R as a purified database holds it, without its semicolon.
+inline constexpr std::u16string_view kCreateTableR =
+    kReferenceScript.createTable.substr(0, kReferenceScript.createTable.size() - 1);
 /// Table S, the untranslated strings taken apart.
 inline constexpr TableScript kUntranslatedScript{
     u"CREATE TABLE S(so TEXT,sh TEXT,sm TEXT,sk TEXT,st TEXT);", u"CREATE INDEX ism ON S(sm);"};

@@ -7,7 +7,6 @@
 #include "platform/controls/desktop.h"
 #include "platform/files/file_system.h"
 #include "platform/text/ansi_text.h"
-#include "run/shared/run_state.h"
 
 namespace lexmill {
 namespace {
@@ -37,14 +36,6 @@ platform::TextEncoding RecogniseEncoding(std::u16string_view path) {
     IgnoreFailures([&] { encoding = ReadAndRecognise(path); });
   }
   return encoding;
-}
-
-void KeepEncodings(std::u16string_view toDo, std::u16string_view refer) {
-  RunState& run = TheRun();
-  run.encodings.clear();
-  run.resultEncoding = RecogniseEncoding(toDo);
-  run.encodings.emplace(toDo, run.resultEncoding);
-  run.encodings.emplace(refer, RecogniseEncoding(refer));
 }
 
 }  // namespace lexmill

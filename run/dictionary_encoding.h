@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // run: carries one press of the start command from the options on screen to a finished run.
-// Which of the dictionaries are in UTF-8.
+// Which encoding a dictionary is in.
 #pragma once
 
 #include <string_view>
@@ -14,9 +14,5 @@ namespace lexmill {
 /// if the settings name one. A file that can't be read counts as one in the code page. Lets pending
 /// window events run while it reads a large file.
 [[nodiscard]] platform::TextEncoding RecogniseEncoding(std::u16string_view path);
-
-/// Keeps the encodings of a run's dictionaries in the run's state: `toDo` and `refer` as they are
-/// read, the result as `toDo`.
-void KeepEncodings(std::u16string_view toDo, std::u16string_view refer);
 
 }  // namespace lexmill

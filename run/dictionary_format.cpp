@@ -9,9 +9,9 @@
 #include "foundation/cInifile.h"
 #include "platform/files/file_system.h"
 #include "platform/host/application.h"
-#include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "run/shared/run_state.h"
+#include "text/text_entry.h"
 #include "window/resources/language_table.h"
 
 namespace lexmill::modMain {
@@ -33,7 +33,7 @@ using Columns = std::vector<std::u16string>;
 // The columns of the head line of a glossary; none for a file that isn't one. As long as one line
 // with exactly one TAB has been seen, a line with more of them takes its place.
 std::optional<Columns> ReadGlossaryHead(std::u16string_view path) {
-  auto stream = platform::FileSystemObject().OpenTextFile(path, EncodingOf(path));
+  auto stream = platform::FileSystemObject().OpenTextFile(path, KindOf(path).encoding);
   Columns head;
   int found = 0;
   do {
@@ -73,16 +73,11 @@ void TakeLanguagePair(const Columns& head, std::u16string& languagePair) {
   }
 }
 
-bool IsEntryHead(std::u16string_view line) {
-  const auto colon = line.find(u':');
-  return colon != std::u16string_view::npos && platform::IsNumeric(line.substr(0, colon));
-}
-
 bool HasTextEntries(std::u16string_view path) {
-  auto stream = platform::FileSystemObject().OpenTextFile(path, EncodingOf(path));
+  auto stream = platform::FileSystemObject().OpenTextFile(path, KindOf(path).encoding);
   int found = 0;
   do {
-    if (IsEntryHead(stream.ReadLine()) && !stream.ReadLine().empty()) {
+    if (SourceOfHeadLine(stream.ReadLine()).has_value() && !stream.ReadLine().empty()) {
       ++found;
     }
   } while (found < kTextEntries && !stream.AtEndOfStream());

@@ -3,17 +3,12 @@
 // Which format a dictionary has, told from its content.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace lexmill::modMain {
+#include "run/shared/dictionary_kind.h"
 
-enum class DictionaryFormat : std::int32_t {
-  Unknown = 0,
-  PassoloGlossary = 1,
-  DianjingText = 2,
-};
+namespace lexmill::modMain {
 
 /// Looks at the first lines of a dictionary; one line with exactly one TAB makes it a glossary.
 /// Writes the language table beside the program when it is one.

@@ -16,41 +16,37 @@
 namespace lexmill {
 namespace {
 
-/// A check box with a key in the settings file, and what the presets set it to.
+/// A check box with a key in the settings file.
 struct CheckOption {
   platform::CheckBox frmMain::*box;
   bool OptionSet::*value;
-  std::int16_t full;
-  std::int16_t minimal;
 };
 
 constexpr std::array kCheckOptions = {
-    CheckOption{&frmMain::chkaAndX, &OptionSet::chkaAndX, 1, 0},
-    CheckOption{&frmMain::chkaBanMaoHao, &OptionSet::chkaBanMaoHao, 1, 0},
-    CheckOption{&frmMain::chkaBanSenHao, &OptionSet::chkaBanSenHao, 1, 0},
-    CheckOption{&frmMain::chkaLTrimSpace, &OptionSet::chkaLTrimSpace, 1, 0},
-    CheckOption{&frmMain::chkaMTab, &OptionSet::chkaMTab, 1, 0},
-    CheckOption{&frmMain::chkaRTrimSpace, &OptionSet::chkaRTrimSpace, 1, 0},
-    CheckOption{&frmMain::chkaUpperCase, &OptionSet::chkaUpperCase, 0, 0},
-    CheckOption{&frmMain::chkNotAddANDX, &OptionSet::chkNotAddANDX, 0, 0},
-    CheckOption{&frmMain::chkrAndXEER, &OptionSet::chkrAndXEER, 1, 0},
-    CheckOption{&frmMain::chkrQuanMaoHao, &OptionSet::chkrQuanMaoHao, 1, 0},
-    CheckOption{&frmMain::chkrQuanSenHao, &OptionSet::chkrQuanSenHao, 1, 0},
+    CheckOption{&frmMain::chkaAndX, &OptionSet::chkaAndX},
+    CheckOption{&frmMain::chkaBanMaoHao, &OptionSet::chkaBanMaoHao},
+    CheckOption{&frmMain::chkaBanSenHao, &OptionSet::chkaBanSenHao},
+    CheckOption{&frmMain::chkaLTrimSpace, &OptionSet::chkaLTrimSpace},
+    CheckOption{&frmMain::chkaMTab, &OptionSet::chkaMTab},
+    CheckOption{&frmMain::chkaRTrimSpace, &OptionSet::chkaRTrimSpace},
+    CheckOption{&frmMain::chkaUpperCase, &OptionSet::chkaUpperCase},
+    CheckOption{&frmMain::chkNotAddANDX, &OptionSet::chkNotAddANDX},
+    CheckOption{&frmMain::chkrAndXEER, &OptionSet::chkrAndXEER},
+    CheckOption{&frmMain::chkrQuanMaoHao, &OptionSet::chkrQuanMaoHao},
+    CheckOption{&frmMain::chkrQuanSenHao, &OptionSet::chkrQuanSenHao},
 };
 
-/// A text box round the hot key, and what the presets set it to.
+/// A text box round the hot key.
 struct BracketOption {
   platform::TextBox frmMain::*box;
   std::u16string OptionSet::*value;
-  std::u16string_view full;
-  std::u16string_view minimal;
 };
 
 constexpr std::array kBracketOptions = {
-    BracketOption{&frmMain::txtrAndXBK1, &OptionSet::txtrAndXBK1, u"(?:\\(|\\[|\\<|\\{)", u"\\("},
-    BracketOption{&frmMain::txtrAndXBK2, &OptionSet::txtrAndXBK2, u"(?:\\)|\\]|\\>|\\})", u"\\)"},
-    BracketOption{&frmMain::txttAndXBK1, &OptionSet::txttAndXBK1, u"(", u"("},
-    BracketOption{&frmMain::txttAndXBK2, &OptionSet::txttAndXBK2, u")", u")"},
+    BracketOption{&frmMain::txtrAndXBK1, &OptionSet::txtrAndXBK1},
+    BracketOption{&frmMain::txtrAndXBK2, &OptionSet::txtrAndXBK2},
+    BracketOption{&frmMain::txttAndXBK1, &OptionSet::txttAndXBK1},
+    BracketOption{&frmMain::txttAndXBK2, &OptionSet::txttAndXBK2},
 };
 
 constexpr std::u16string_view kMostLenLimit = u"999999999";
@@ -102,14 +98,13 @@ void LoadLenLimit(cInifile& file, platform::TextBox& box) {
   }
 }
 
-void LoadPreset(frmMain& window, std::int16_t CheckOption::*check, std::u16string_view lenLimit,
-                std::u16string_view BracketOption::*bracket) {
+void LoadPreset(frmMain& window, const OptionSet& preset) {
   for (const CheckOption& option : kCheckOptions) {
-    (window.*option.box).Value(option.*check);
+    (window.*option.box).Value(preset.*option.value ? 1 : 0);
   }
-  window.txtLenLimit.Text(lenLimit);
+  window.txtLenLimit.Text(platform::ToText(preset.txtLenLimit));
   for (const BracketOption& option : kBracketOptions) {
-    (window.*option.box).Text(option.*bracket);
+    (window.*option.box).Text(preset.*option.value);
   }
 }
 
@@ -168,11 +163,11 @@ void frmMain::CfgLoadIniToCtrl(std::u16string_view FileName) {
 }
 
 void frmMain::CfgLoadMaxToCtrl() {
-  LoadPreset(*this, &CheckOption::full, kMostLenLimit, &BracketOption::full);
+  LoadPreset(*this, FullPreset());
 }
 
 void frmMain::CfgLoadMinToCtrl() {
-  LoadPreset(*this, &CheckOption::minimal, kDefaultLenLimit, &BracketOption::minimal);
+  LoadPreset(*this, MinimalPreset());
 }
 
 }  // namespace lexmill

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "run/purified_database.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "foundation/entry_point.h"
+#include "glossary/working_scripts.h"
 #include "platform/files/file_system.h"
 
 namespace lexmill::modMain {
@@ -11,15 +15,16 @@ namespace {
 
 struct FixedText {
   std::int64_t offset;
-  std::string_view text;
+  std::u16string_view text;  ///< plain ASCII
 };
 
-constexpr FixedText kHead{0, "** This file contains an SQLite 2.1 database **"};
+constexpr FixedText kHead{0, u"** This file contains an SQLite 2.1 database **"};
 // Where the format keeps the statement that made the first table of a database.
-constexpr FixedText kFirstTable{1066, "CREATE TABLE R(r1 TEXT,r2 TEXT)"};
+constexpr FixedText kFirstTable{1066, kCreateTableR};
 
 bool Holds(std::u16string_view path, const FixedText& wanted) {
-  return platform::ReadBinary(path, wanted.offset, wanted.text.size()) == wanted.text;
+  const std::string bytes = platform::ReadBinary(path, wanted.offset, wanted.text.size());
+  return std::ranges::equal(bytes, wanted.text);
 }
 
 }  // namespace

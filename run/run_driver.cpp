@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The members of frmMain that carry a run.
 #include <cstdint>
+#include <initializer_list>
+#include <string>
 
 #include "foundation/entry_point.h"
 #include "pipeline/clsLexGenOO.h"
@@ -23,32 +25,34 @@ using modMain::DictionaryFormat;
 
 constexpr platform::Color kWaitingText = 0xC56A31;
 
-// The formats of a run's two dictionaries, and the language pair that their heads tell.
-struct DetectedFormats {
-  DictionaryFormat toDo = DictionaryFormat::Unknown;
-  DictionaryFormat refer = DictionaryFormat::Unknown;
+// Works out what each dictionary is: first the encoding, in which its lines are then read for its
+// format. Returns the language pair; of two heads with known languages the later one's counts.
+std::u16string KeepKinds(std::initializer_list<std::u16string> paths) {
+  auto& dictionaries = TheRun().dictionaries;
+  dictionaries.clear();
+  for (const auto& path : paths) {
+    dictionaries[path].encoding = RecogniseEncoding(path);
+  }
   std::u16string pair;
-};
-
-// A purified database is taken for a glossary without a look at the file. Of two heads with known
-// languages the reference's counts.
-DetectedFormats DetectFormats(const frmMain& window) {
-  DetectedFormats found;
-  found.toDo = modMain::DetectDictionaryFormat(window.cboToDo.Text(), found.pair);
-  found.refer = TheRun().RefDbPath.empty()
-                    ? modMain::DetectDictionaryFormat(window.cboRefer.Text(), found.pair)
-                    : DictionaryFormat::PassoloGlossary;
-  return found;
+  for (const auto& path : paths) {
+    dictionaries[path].format = modMain::DetectDictionaryFormat(path, pair);
+  }
+  return pair;
 }
 
-void Dispatch(const DetectedFormats& formats) {
-  const bool textToDo = formats.toDo == DictionaryFormat::DianjingText;
-  const bool textRefer = formats.refer == DictionaryFormat::DianjingText;
+// A purified database is taken for a glossary without a look at the file.
+DictionaryFormat FormatOfReference(const std::u16string& path) {
+  return TheRun().RefDbPath.empty() ? KindOf(path).format : DictionaryFormat::PassoloGlossary;
+}
+
+void Dispatch(DictionaryFormat toDo, DictionaryFormat refer, const std::u16string& pair) {
+  const bool textToDo = toDo == DictionaryFormat::DianjingText;
+  const bool textRefer = refer == DictionaryFormat::DianjingText;
   if (textToDo && textRefer) {
     clsLexGenOO().Start();
     return;
   }
-  TheRun().LanguagePair = formats.pair;
+  TheRun().LanguagePair = pair;
   if (textToDo) {
     clsLexGenOP().Start();
   } else if (textRefer) {
@@ -103,12 +107,15 @@ void frmMain::ClearProgress() {
 void frmMain::RunDictionaries() {
   RunState& run = TheRun();
   run.RefDbPath = modMain::IsPurifiedDatabase(cboRefer.Text()) ? cboRefer.Text() : u"";
-  KeepEncodings(cboToDo.Text(), run.RefDbPath.empty() ? cboRefer.Text() : u"");
-  const DetectedFormats formats = DetectFormats(*this);
-  if (formats.toDo == DictionaryFormat::Unknown || formats.refer == DictionaryFormat::Unknown) {
+  const std::u16string pair = run.RefDbPath.empty() ? KeepKinds({cboToDo.Text(), cboRefer.Text()})
+                                                    : KeepKinds({cboToDo.Text()});
+  run.resultEncoding = KindOf(cboToDo.Text()).encoding;
+  const DictionaryFormat toDo = KindOf(cboToDo.Text()).format;
+  const DictionaryFormat refer = FormatOfReference(cboRefer.Text());
+  if (toDo == DictionaryFormat::Unknown || refer == DictionaryFormat::Unknown) {
     throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式");
   }
-  Dispatch(formats);
+  Dispatch(toDo, refer, pair);
 }
 
 }  // namespace lexmill

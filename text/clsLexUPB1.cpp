@@ -17,7 +17,7 @@ void clsLexUPB1::DoItNow() {
 }
 
 void clsLexUPB1::ReadEntries(std::u16string_view path) {
-  auto input = fileSystem_.OpenTextFile(path, EncodingOf(path));
+  auto input = fileSystem_.OpenTextFile(path, KindOf(path).encoding);
   WriteScriptHead();
   ForEachEntry(input, progress_,
                [this](const TextEntry& entry) { PurifyEntry(entry.source, entry.target); });

@@ -16,7 +16,7 @@ void clsLexUPB2::DoItNow() {
 }
 
 void clsLexUPB2::ReadEntries(std::u16string_view path) {
-  auto input = fileSystem_.OpenTextFile(path, EncodingOf(path));
+  auto input = fileSystem_.OpenTextFile(path, KindOf(path).encoding);
   WriteScriptHeads();
   ForEachEntry(input, progress_, [this](const TextEntry& entry) { FilterEntry(entry); });
   input.Close();

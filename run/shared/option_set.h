@@ -33,6 +33,12 @@ struct OptionSet {
   bool operator==(const OptionSet&) const = default;
 };
 
+/// The options that the full preset sets: all rules, no length limit that matters. What has no key
+/// in a settings file is off.
+[[nodiscard]] OptionSet FullPreset();
+/// The options that the minimal preset sets: no rule.
+[[nodiscard]] OptionSet MinimalPreset();
+
 /// The one snapshot of the current run; CfgSaveCtrlToVar alone writes it.
 [[nodiscard]] OptionSet& RunOptions();
 

@@ -8,10 +8,10 @@ RunState& TheRun() {
   return state;
 }
 
-platform::TextEncoding EncodingOf(std::u16string_view path) {
-  const auto& encodings = TheRun().encodings;
-  const auto found = encodings.find(path);
-  return found == encodings.end() ? platform::TextEncoding::Ansi : found->second;
+DictionaryKind KindOf(std::u16string_view path) {
+  const auto& dictionaries = TheRun().dictionaries;
+  const auto found = dictionaries.find(path);
+  return found == dictionaries.end() ? DictionaryKind() : found->second;
 }
 
 }  // namespace lexmill

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/text/text_encoding.h"
+#include "run/shared/dictionary_kind.h"
 
 namespace lexmill {
 
@@ -19,8 +20,8 @@ struct RunState {
   /// Two language keys joined by a TAB, or empty: the head line of a translated glossary. A run
   /// with two texts leaves it as it was.
   std::u16string LanguagePair;
-  /// Encodings of the dictionaries that the run reads, by path; other files are in the code page.
-  std::map<std::u16string, platform::TextEncoding, std::less<>> encodings;
+  /// The dictionaries that the run reads, by path; a purified database is none of them.
+  std::map<std::u16string, DictionaryKind, std::less<>> dictionaries;
   /// Encoding of the result, which is that of the untranslated dictionary. Kept apart, since the
   /// result may take the place of a dictionary in another encoding.
   platform::TextEncoding resultEncoding = platform::TextEncoding::Ansi;
@@ -29,7 +30,8 @@ struct RunState {
 /// The one state of the program.
 [[nodiscard]] RunState& TheRun();
 
-/// The encoding in which to read a file of the run: that of a dictionary, else the code page.
-[[nodiscard]] platform::TextEncoding EncodingOf(std::u16string_view path);
+/// What the run knows of the file `path`. One that is none of its dictionaries is in the code page
+/// and of no format.
+[[nodiscard]] DictionaryKind KindOf(std::u16string_view path);
 
 }  // namespace lexmill

@@ -84,7 +84,7 @@ TEST_F(RecordScannerTest, ReportsLinesAndTheirFields) {
 }
 
 TEST_F(RecordScannerTest, ReadsADictionaryInItsOwnEncoding) {
-  TheRun().encodings[path] = platform::TextEncoding::Utf8WithMark;
+  TheRun().dictionaries[path].encoding = platform::TextEncoding::Utf8WithMark;
   std::string events;
   const ScannerConnection connection = Transcribe(events);
   Scan("\xEF\xBB\xBF打\t开\r\n");

@@ -18,17 +18,6 @@ namespace {
 using test::Readable;
 using Rules = std::initializer_list<bool OptionSet::*>;
 
-/// No rule, and the brackets of the full preset.
-OptionSet NoRules() {
-  OptionSet options;
-  options.txtLenLimit = 999999999;
-  options.txtrAndXBK1 = uR"((?:\(|\[|\<|\{))";
-  options.txtrAndXBK2 = uR"((?:\)|\]|\>|\}))";
-  options.txttAndXBK1 = u"(";
-  options.txttAndXBK2 = u")";
-  return options;
-}
-
 OptionSet Changed(OptionSet options, Rules rules, bool value) {
   for (bool OptionSet::*const rule : rules) {
     options.*rule = value;
@@ -37,14 +26,11 @@ OptionSet Changed(OptionSet options, Rules rules, bool value) {
 }
 
 OptionSet Only(Rules rules) {
-  return Changed(NoRules(), rules, true);
+  return Changed(MinimalPreset(), rules, true);
 }
 
-/// All rules but that of the case.
 OptionSet All() {
-  return Only({&OptionSet::chkaAndX, &OptionSet::chkaBanMaoHao, &OptionSet::chkaBanSenHao,
-               &OptionSet::chkaLTrimSpace, &OptionSet::chkaMTab, &OptionSet::chkaRTrimSpace,
-               &OptionSet::chkrAndXEER, &OptionSet::chkrQuanMaoHao, &OptionSet::chkrQuanSenHao});
+  return FullPreset();
 }
 
 OptionSet AllBut(Rules rules) {
@@ -182,7 +168,7 @@ TEST(ReferenceRules, TrimBlanksAndNothingElse) {
       {"both", All(), u"  a b  ", u" ", "[a b][]"},
       {"left", left, u"  a  ", u" b ", "[a  ][b ]"},
       {"right", right, u"  a  ", u" b ", "[  a][ b]"},
-      {"none", NoRules(), u" a ", u" b ", "[ a ][ b ]"},
+      {"none", MinimalPreset(), u" a ", u" b ", "[ a ][ b ]"},
       {"other white space", All(), u"\ta\u00A0", u"\u3000b\r",
        "[\ta\u00A0][\u3000"
        "b\r]"},
@@ -216,7 +202,7 @@ TEST(ReferenceRules, StripFinalPunctuationByTheFirstMarkHeld) {
       {"ellipsis alone", All(), u"n", u"…", "[n][…]"},
       {"wide colon inside keeps the ellipsis", noWideColon, u"n", u"注：等…", "[n][注：等…]"},
       {"a line end inside", All(), u"a\nb:", u"", "[a\nb:][]"},
-      {"off", NoRules(), u"Name:", u"名称…", "[Name:][名称…]"},
+      {"off", MinimalPreset(), u"Name:", u"名称…", "[Name:][名称…]"},
   });
 }
 
@@ -269,7 +255,7 @@ TEST(UntranslatedRules, SetEachDecorationAside) {
       {"hot key of its own case", All(), u"打&开", "[][打开][(&开)][]"},
       {"upper case of the main text only", upper, u"é&x: ", "[][ÉX][(&X)][: ]"},
       {"brackets as they stand", otherBrackets, u"&a", R"([][a][ $1[&A]\][])"},
-      {"no rules", NoRules(), uR"( &a: \tb)", R"([][ &a: \tb][][])"},
+      {"no rules", MinimalPreset(), uR"( &a: \tb)", R"([][ &a: \tb][][])"},
   });
 }
 

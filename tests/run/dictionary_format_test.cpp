@@ -103,7 +103,7 @@ TEST_F(DictionaryFormats, ReadsADictionaryInTheEncodingThatTheRunKnows) {
   test::WriteBytes(path,
                    "\xEF\xBB\xBF"
                    "9 1\t4 2\r\n");
-  TheRun().encodings[path] = platform::TextEncoding::Utf8WithMark;
+  TheRun().dictionaries[path].encoding = platform::TextEncoding::Utf8WithMark;
   EXPECT_EQ(modMain::DetectDictionaryFormat(path, pair), DictionaryFormat::PassoloGlossary);
   EXPECT_EQ(Readable(pair), "9 1\t4 2");
 }

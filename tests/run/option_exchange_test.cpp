@@ -45,15 +45,8 @@ struct OptionExchange : testing::Test {
 TEST_F(OptionExchange, StartsWithTheFullPresetAndAShortLimit) {
   window.Show();
   window.CfgSaveCtrlToVar();
-  OptionSet first;
-  first.chkaAndX = first.chkaBanMaoHao = first.chkaBanSenHao = first.chkaLTrimSpace = true;
-  first.chkaMTab = first.chkaRTrimSpace = first.chkrAndXEER = true;
-  first.chkrQuanMaoHao = first.chkrQuanSenHao = true;
+  OptionSet first = FullPreset();
   first.txtLenLimit = 50;
-  first.txtrAndXBK1 = u"(?:\\(|\\[|\\<|\\{)";
-  first.txtrAndXBK2 = u"(?:\\)|\\]|\\>|\\})";
-  first.txttAndXBK1 = u"(";
-  first.txttAndXBK2 = u")";
   EXPECT_EQ(RunOptions(), first);
   EXPECT_EQ(StoredIn(world.folder.File("Lexmill.ini"), u"txtLenLimit"), "50");
 }
@@ -67,13 +60,8 @@ TEST_F(OptionExchange, MinimalPresetSwitchesAllOffButKeepsWhatHasNoKey) {
   window.chkNotAddANDX.Value(1);
   window.CfgLoadMinToCtrl();
   window.CfgSaveCtrlToVar();
-  OptionSet minimal;
+  OptionSet minimal = MinimalPreset();
   minimal.chkaKeepTmpFile = minimal.chkSaveRefDB = true;
-  minimal.txtLenLimit = 50;
-  minimal.txtrAndXBK1 = u"\\(";
-  minimal.txtrAndXBK2 = u"\\)";
-  minimal.txttAndXBK1 = u"(";
-  minimal.txttAndXBK2 = u")";
   minimal.txtSaveRefDB = u"kept.db";
   EXPECT_EQ(RunOptions(), minimal);
   EXPECT_FALSE(window.txtrAndXBK1.Enabled());

@@ -124,8 +124,8 @@ TEST_F(RunDriver, RecognisesEachDictionaryInUtf8ByItself) {
                           Case{"marked", "utf8", TextEncoding::Utf8WithMark, TextEncoding::Utf8}}) {
     Press(row.toDo, row.refer);
     EXPECT_EQ(TheRun().resultEncoding, row.result) << row.toDo;
-    EXPECT_EQ(EncodingOf(File(row.toDo)), row.result) << row.toDo;
-    EXPECT_EQ(EncodingOf(File(row.refer)), row.reference) << row.refer;
+    EXPECT_EQ(KindOf(File(row.toDo)).encoding, row.result) << row.toDo;
+    EXPECT_EQ(KindOf(File(row.refer)).encoding, row.reference) << row.refer;
   }
   // The head behind a mark was found.
   EXPECT_EQ(Readable(TheRun().LanguagePair), "9 1\t4 2");

@@ -38,19 +38,6 @@ class StageWorld : public testing::Test {
   }
   ~StageWorld() override { platform::OverrideClock({}); }
 
-  static OptionSet FullPreset() {
-    OptionSet options;
-    options.chkaAndX = options.chkaBanMaoHao = options.chkaBanSenHao = options.chkaMTab = true;
-    options.chkaLTrimSpace = options.chkaRTrimSpace = true;
-    options.chkrAndXEER = options.chkrQuanMaoHao = options.chkrQuanSenHao = true;
-    options.txtLenLimit = 999999999;
-    options.txtrAndXBK1 = u"(?:\\(|\\[|\\<|\\{)";
-    options.txtrAndXBK2 = u"(?:\\)|\\]|\\>|\\})";
-    options.txttAndXBK1 = u"(";
-    options.txttAndXBK2 = u")";
-    return options;
-  }
-
   /// Makes each look at the clock find it 100 milliseconds later, the first one at 100.
   static void LetTheClockRun() {
     platform::ClockOverride clock;

@@ -109,7 +109,7 @@ TEST_F(TextStages, UpdateTheEntriesThatTheRunHasTranslated) {
 
 TEST_F(TextStages, ReadADictionaryInItsOwnEncoding) {
   const std::u16string in = folder.File("in");
-  TheRun().encodings[in] = platform::TextEncoding::Utf8;
+  TheRun().dictionaries[in].encoding = platform::TextEncoding::Utf8;
   test::WriteBytes(in, "1:打\r\n打\r\n2:Open\r\n打开\r\n");
   Run<clsLexUPB1>(in, folder.File("out"));
   EXPECT_EQ(Output(), kHeadOfR + "INSERT INTO R VALUES ('Open','打开');\n" + kTailOfR);

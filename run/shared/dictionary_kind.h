@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// run/shared: what every room may read of a run.
+// What a dictionary is: its format and its encoding.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/text/text_encoding.h"
+
+namespace lexmill {
+
+namespace modMain {
+
+enum class DictionaryFormat : std::int32_t {
+  Unknown = 0,
+  PassoloGlossary = 1,
+  DianjingText = 2,
+};
+
+}  // namespace modMain
+
+/// What a run has found out about one of its dictionaries before its first stage.
+struct DictionaryKind {
+  platform::TextEncoding encoding = platform::TextEncoding::Ansi;
+  modMain::DictionaryFormat format = modMain::DictionaryFormat::Unknown;
+
+  bool operator==(const DictionaryKind&) const = default;
+};
+
+}  // namespace lexmill
