@@ -9,6 +9,15 @@ std::uint32_t HashOf(std::string_view text) {
   return static_cast<std::uint32_t>(std::hash<std::string_view>{}(text));
 }
 
+std::uint32_t HashOf(std::span<const Value> values, std::uint32_t seed) {
+  constexpr std::uint32_t kFactor = 0x9E3779B1;  // odd, its bits spread: 2^32 by the golden ratio
+  std::uint32_t hash = seed;
+  for (const Value& value : values) {
+    hash = hash * kFactor + (value ? HashOf(*value) : 1);
+  }
+  return hash;
+}
+
 void HashChains::Add(std::uint32_t hash) {
   if (entries_.size() == lastOfSlot_.size()) {
     DoubleSlots();

@@ -5,17 +5,22 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <span>
 #include <string_view>
 #include <vector>
+
+#include "platform/sqlite/table/table.h"
 
 namespace lexmill::platform::sqlite {
 
 /// The hash of a text.
 [[nodiscard]] std::uint32_t HashOf(std::string_view text);
+/// The hash of several values, another one for each `seed`.
+[[nodiscard]] std::uint32_t HashOf(std::span<const Value> values, std::uint32_t seed = 0);
 
 /// A growing list of hashes, numbered from 0 in the order in which they were added, that finds the
-/// numbers of equal ones in that order. What they stand for is the caller's to keep: 13 to 18 bytes
-/// of memory for each, and none is copied when the list grows.
+/// numbers of equal ones in that order. What they are the hashes of is for the caller to keep.
+/// Takes 13 to 18 bytes of memory for each, and copies none when the list grows.
 class HashChains {
  public:
   static constexpr std::uint32_t kNone = UINT32_MAX;
@@ -34,7 +39,7 @@ class HashChains {
     return last == kNone ? kNone : FindFrom(entries_[last].next, last, hash);
   }
 
-  /// The next number with the same hash; kNone behind the last.
+  /// The next number with the same hash; kNone after the last.
   [[nodiscard]] std::uint32_t Next(std::uint32_t number) const {
     const Entry& entry = entries_[number];
     const std::uint32_t last = lastOfSlot_[SlotOf(entry.hash)];
@@ -47,7 +52,7 @@ class HashChains {
 
   struct Entry {
     std::uint32_t hash;
-    std::uint32_t next;  ///< in the same slot; behind the last comes the first
+    std::uint32_t next;  ///< in the same slot; after the last comes the first
   };
 
   [[nodiscard]] std::size_t SlotOf(std::uint32_t hash) const {

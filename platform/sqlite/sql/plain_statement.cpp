@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/sql/plain_statement.h"
 
+#include <algorithm>
+
 #include "platform/sqlite/sql/sql_token.h"
 
 namespace lexmill::platform::sqlite {
@@ -43,6 +45,16 @@ class Reader {
     const bool isName = !name.empty() && (name[0] < '0' || name[0] > '9');
     at_ = isName ? at_ + name.size() : kNone;
     return name;
+  }
+
+  JoinColumn ReadColumn() {
+    const std::size_t from = Length();
+    JoinColumn result;
+    result.table = ReadName();
+    Expect(".");
+    result.column = ReadName();
+    result.written = text_.substr(from, Length() - std::min(from, Length()));
+    return result;
   }
 
   Quoted ReadString() {
@@ -156,18 +168,31 @@ std::optional<PlainListing> ReadPlainListing(std::string_view text) {
   return result;
 }
 
-std::optional<DictionaryJoin> ReadDictionaryJoin(std::string_view text) {
+std::optional<PlainJoin> ReadPlainJoin(std::string_view text) {
   text = WithoutEnd(text);
+  PlainJoin result;
   Reader reader(text);
-  reader.Expect("SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON ");
-  const bool isUpper = reader.Accept("Upper(R.r1)=S.sm");
-  if (!isUpper) {
-    reader.Expect("R.r1=S.sm");
-  }
-  if (reader.Failed() || reader.Length() != text.size()) {
+  reader.Expect("SELECT DISTINCT ");
+  do {
+    result.columns.push_back(reader.ReadColumn());
+  } while (reader.Accept(","));
+  reader.Expect(" FROM ");
+  const std::string_view outer = reader.ReadName();
+  reader.Expect(" INNER JOIN ");
+  const std::string_view inner = reader.ReadName();
+  reader.Expect(" ON ");
+  result.isUpper = reader.Accept("Upper(");
+  result.outer = reader.ReadColumn();
+  reader.Expect(result.isUpper ? ")=" : "=");
+  result.inner = reader.ReadColumn();
+  const bool isOfThese = std::ranges::all_of(result.columns, [&](const JoinColumn& column) {
+    return column.table == outer || column.table == inner;
+  });
+  if (reader.Failed() || reader.Length() != text.size() || !isOfThese ||
+      result.outer.table != outer || result.inner.table != inner) {
     return std::nullopt;
   }
-  return isUpper ? DictionaryJoin::UpperCase : DictionaryJoin::AsWritten;
+  return result;
 }
 
 }  // namespace lexmill::platform::sqlite

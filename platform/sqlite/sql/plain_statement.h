@@ -62,12 +62,22 @@ struct PlainListing {
 /// Reads a listing that makes up all of `text` but for blanks behind it and perhaps the semicolon.
 [[nodiscard]] std::optional<PlainListing> ReadPlainListing(std::string_view text);
 
-/// The two joins that look the untranslated strings up in the reference:
-/// `SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON R.r1=S.sm;`, and the one with
-/// `Upper(R.r1)=S.sm`.
-enum class DictionaryJoin { AsWritten, UpperCase };
+/// A column as a join names it.
+struct JoinColumn {
+  std::string_view written;  ///< the whole name: `T.c`
+  std::string_view table;
+  std::string_view column;
+};
+
+/// `SELECT DISTINCT A.c,B.c,… FROM A INNER JOIN B ON A.k=B.k;`, perhaps with `Upper(A.k)`.
+struct PlainJoin {
+  std::vector<JoinColumn> columns;  ///< each of one of the two tables
+  JoinColumn outer;                 ///< the key of the table named first
+  JoinColumn inner;                 ///< the key of the other
+  bool isUpper = false;             ///< the outer key is compared in upper case
+};
 
 /// Reads such a join under the same conditions.
-[[nodiscard]] std::optional<DictionaryJoin> ReadDictionaryJoin(std::string_view text);
+[[nodiscard]] std::optional<PlainJoin> ReadPlainJoin(std::string_view text);
 
 }  // namespace lexmill::platform::sqlite

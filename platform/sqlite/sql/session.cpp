@@ -5,7 +5,7 @@
 #include <array>
 
 #include "platform/sqlite/database_error.h"
-#include "platform/sqlite/sql/dictionary_join.h"
+#include "platform/sqlite/sql/plain_join.h"
 #include "platform/sqlite/sql/plain_listing.h"
 #include "platform/sqlite/sql/sql_token.h"
 #include "platform/sqlite/sql/statement_text.h"
@@ -137,9 +137,9 @@ bool Session::RunPlainQuery(std::string_view text) {
     frame.Complete();
     return isDone;
   }
-  if (const auto join = ReadDictionaryJoin(text)) {
+  if (const auto join = ReadPlainJoin(text)) {
     Statement frame(database_, Statement::Access::Read);
-    const bool isDone = PrintDictionaryJoin(database_, *join, rows_);
+    const bool isDone = PrintJoin(database_, *join, rows_);
     frame.Complete();
     return isDone;
   }

@@ -63,11 +63,24 @@ TEST(PlainQueries, AreKnownByTheirWholeText) {
         "SELECT o0 FROM O; SELECT o2 FROM O;", "SELECT 1 FROM O;", "SELECT O.o0 FROM O;"}) {
     EXPECT_FALSE(ReadPlainListing(other)) << other;
   }
-  const std::string head = "SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON ";
-  EXPECT_EQ(ReadDictionaryJoin(head + "R.r1=S.sm;"), DictionaryJoin::AsWritten);
-  EXPECT_EQ(ReadDictionaryJoin(head + "Upper(R.r1)=S.sm"), DictionaryJoin::UpperCase);
-  EXPECT_EQ(ReadDictionaryJoin(head + "R.r1=S.sm AND 1;"), std::nullopt);
-  EXPECT_EQ(ReadDictionaryJoin(head + "R.r2=S.sm;"), std::nullopt);
+}
+
+TEST(PlainQueries, JoinGivesTheNamesInIt) {
+  const std::string head = "SELECT DISTINCT B.x,a.y,B.k FROM a INNER JOIN B ON ";
+  const auto join = ReadPlainJoin(head + "Upper(a.k)=B.z;");
+  ASSERT_TRUE(join);
+  ASSERT_EQ(join->columns.size(), 3U);
+  EXPECT_EQ(join->columns[1].written, "a.y");
+  EXPECT_EQ(join->columns[2].table, "B");
+  EXPECT_EQ(join->outer.column, "k");
+  EXPECT_EQ(join->inner.column, "z");
+  EXPECT_TRUE(join->isUpper);
+  EXPECT_FALSE(ReadPlainJoin(head + "a.k=B.z").value().isUpper);
+  for (const char* on : {"a.k=B.z AND 1;", "B.z=a.k;", "a.k=c.z;", "k=B.z;", "Upper(a.k=B.z);",
+                         "a.k=Upper(B.z);", "a.k=B."}) {
+    EXPECT_FALSE(ReadPlainJoin(head + on)) << on;
+  }
+  EXPECT_FALSE(ReadPlainJoin("SELECT DISTINCT c.x FROM a INNER JOIN B ON a.k=B.z;"));
 }
 
 }  // namespace
