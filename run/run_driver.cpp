@@ -102,6 +102,8 @@ void frmMain::ClearProgress() {
     lblState(i).ForeColor(kWaitingText);
     lblState(i).Caption(u"");
   }
+  lblSummary.Caption(u"");
+  lblSummary.ToolTipText(u"");
 }
 
 void frmMain::RunDictionaries() {

@@ -94,6 +94,7 @@ class frmMain {
   platform::Line LineO2{{&Window, u"LineO2"}};
   platform::ControlArray<platform::Shape> shpState{&Window, u"shpState", 4};
   platform::Shape Shape1{{&Window, u"Shape1"}};
+  platform::Label lblSummary{{&Window, u"lblSummary"}};  ///< what the run says of itself
 
   /// The record scanner, which has no face.
   RecordScanner Awk;

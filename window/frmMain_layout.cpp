@@ -103,6 +103,7 @@ constexpr std::array kRows = {
     Row{u"shpState", 2, u"", u"picState", {2040, 1845, 3855, 255}},
     Row{u"shpState", 3, u"", u"picState", {2040, 2205, 3855, 255}},
     Row{u"Shape1", kNoIndex, u"", u"picState", {0, 0, 6795, 2775}},
+    Row{u"lblSummary", kNoIndex, u"", u"picState", {840, 2520, 5835, 180}},
     // clang-format on
 };
 
@@ -169,8 +170,8 @@ void frmMain::DressProgressPanel() {
   Shape1.ForeColor(platform::kButtonShadowColor);
   Shape1.BackColor(platform::kWhite);
   Image1.Picture(BannerPicture());
-  for (platform::Label* label :
-       {&lblSta1, &lblSta2, &lblSta3, &lblSta4, &lblAuthorName, &lblDate, &LabelWeb, &LabelEmail}) {
+  for (platform::Label* label : {&lblSta1, &lblSta2, &lblSta3, &lblSta4, &lblAuthorName, &lblDate,
+                                 &LabelWeb, &LabelEmail, &lblSummary}) {
     label->Transparent(true);
     label->ForeColor(platform::kBlack);
   }
@@ -183,6 +184,7 @@ void frmMain::DressProgressPanel() {
     shpState(i).BackColor(platform::kWhite);
     shpState(i).ForeColor(kRowColor);
   }
+  lblSummary.ZOrderFront();  // it comes after the panel's fill, but lies on it
 }
 
 }  // namespace lexmill
