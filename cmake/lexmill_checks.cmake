@@ -1,6 +1,7 @@
 # Targets that look at the sources without building a program from them.
 
-# Compiles each header by itself. One that stands first in the source of its name is so compiled there.
+# The target `headers_alone` compiles each header by itself. One that comes first in the source of its
+# name is already compiled so there.
 function(lexmill_check_headers)
   set(rooms platform foundation run glossary text window pipeline tests)
   list(TRANSFORM rooms REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/\\1/*.h" OUTPUT_VARIABLE patterns)
@@ -19,7 +20,7 @@ function(lexmill_check_headers)
       list(APPEND sources ${source})
     endif()
   endforeach()
-  add_library(headers_alone OBJECT ${sources})
+  add_library(headers_alone OBJECT EXCLUDE_FROM_ALL ${sources})
   target_compile_options(headers_alone PRIVATE -O0)
   target_link_libraries(headers_alone PRIVATE lexmill_core platform_qt sqlite_storage GTest::gmock)
 endfunction()

@@ -1,7 +1,7 @@
 # What every target of the tree has in common: language level, warnings, the folder of the programs.
 
 option(LEXMILL_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
-set(LEXMILL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined or thread")
+set(LEXMILL_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 option(LEXMILL_FUZZ "Build the fuzzers, with sanitizers; needs clang" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -44,15 +44,6 @@ endfunction()
 function(lexmill_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE lexmill_settings)
-endfunction()
-
-# lexmill_console_program(name sources...): a program that a run starts, some of them several times.
-# With the language's library inside it starts in half the time.
-function(lexmill_console_program name)
-  lexmill_program(${name} ${ARGN})
-  if(NOT LEXMILL_SANITIZE AND NOT LEXMILL_FUZZ)
-    target_link_options(${name} PRIVATE -static-libstdc++ -static-libgcc)
-  endif()
 endfunction()
 
 # lexmill_test(room sources...): the test program of one room; its cases are known to CTest.
