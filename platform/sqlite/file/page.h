@@ -22,28 +22,36 @@ enum class ByteOrder { Little, Big };
 namespace detail {
 inline constexpr ByteOrder kNativeOrder =
     std::endian::native == std::endian::little ? ByteOrder::Little : ByteOrder::Big;
+
+[[nodiscard]] constexpr std::uint16_t Swapped(std::uint16_t value) {
+  return static_cast<std::uint16_t>(value << 8U | value >> 8U);
 }
+
+[[nodiscard]] constexpr std::uint32_t Swapped(std::uint32_t value) {
+  return value << 24U | (value & 0xFF00U) << 8U | (value >> 8U & 0xFF00U) | value >> 24U;
+}
+}  // namespace detail
 
 [[nodiscard]] inline std::uint16_t Get16(const char* at, ByteOrder order) {
   std::uint16_t value = 0;
   std::memcpy(&value, at, sizeof value);
-  return order == detail::kNativeOrder ? value : __builtin_bswap16(value);
+  return order == detail::kNativeOrder ? value : detail::Swapped(value);
 }
 
 [[nodiscard]] inline std::uint32_t Get32(const char* at, ByteOrder order) {
   std::uint32_t value = 0;
   std::memcpy(&value, at, sizeof value);
-  return order == detail::kNativeOrder ? value : __builtin_bswap32(value);
+  return order == detail::kNativeOrder ? value : detail::Swapped(value);
 }
 
 inline void Put16(char* at, std::size_t number, ByteOrder order) {
   auto value = static_cast<std::uint16_t>(number);
-  value = order == detail::kNativeOrder ? value : __builtin_bswap16(value);
+  value = order == detail::kNativeOrder ? value : detail::Swapped(value);
   std::memcpy(at, &value, sizeof value);
 }
 
 inline void Put32(char* at, std::uint32_t value, ByteOrder order) {
-  value = order == detail::kNativeOrder ? value : __builtin_bswap32(value);
+  value = order == detail::kNativeOrder ? value : detail::Swapped(value);
   std::memcpy(at, &value, sizeof value);
 }
 

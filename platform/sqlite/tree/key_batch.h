@@ -8,12 +8,11 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace lexmill::platform::sqlite {
 
-/// The first eight bytes of `text` as a number that orders as they do, zeros behind its end.
+/// The first eight bytes of `text` as a number that orders as they do, zeros after its end.
 [[nodiscard]] std::uint64_t HeadOf(std::string_view text);
 
 /// Byte strings that are sorted by unsigned bytes, a prefix first, in a constant amount of memory.
@@ -37,26 +36,20 @@ class KeyBatch {
   }
 
  private:
-  /// A string in the buffer. Comparisons look at eight of its bytes, which stand here.
+  /// A string in the buffer. Comparisons look at eight of its bytes, which are here.
   struct Entry {
-    std::uint64_t head = 0;  ///< the bytes as a number, zeros behind the string's end
+    std::uint64_t head = 0;
     std::uint32_t offset = 0;
     std::uint32_t length = 0;
   };
 
-  using Order = std::pair<std::uint64_t, std::size_t>;
-
   [[nodiscard]] std::string_view TextOf(const Entry& entry) const {
     return {texts_.data() + entry.offset, entry.length};
   }
-  void SortBehind(std::span<Entry> entries, std::size_t depth, int steps);
+  void SortByHeads(std::span<Entry> entries, std::size_t depth, int steps);
   void SortAlike(std::span<Entry> entries, std::size_t depth);
-  [[nodiscard]] static int StepsFor(std::span<const Entry> entries);
-  [[nodiscard]] static Order OrderOf(const Entry& entry, std::size_t end);
-  [[nodiscard]] static Order MiddleOf(std::span<const Entry> entries, std::size_t end);
-  [[nodiscard]] static std::pair<std::size_t, std::size_t> Part(std::span<Entry> entries,
-                                                                const Order& pivot,
-                                                                std::size_t end);
+  [[nodiscard]] static int StepsFor(std::size_t entries);
+  [[nodiscard]] static std::uint64_t MiddleHead(std::span<const Entry> entries);
 
   std::string texts_;
   std::vector<Entry> entries_;

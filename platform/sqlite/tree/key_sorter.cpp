@@ -10,15 +10,28 @@
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/file/temporary_file.h"
 
+// An external merge sort. Strings fill a batch; a full one is sorted and written to a nameless file
+// as a run. Sort() writes the last batch, too, gives its memory back and opens all runs; Next()
+// then merges them: a heap holds the runs by their current strings, the least on top. What fits
+// into one batch never sees a file.
+//
+// Memory: the batch takes the whole buffer while strings come in; afterwards the buffer is shared
+// out among the pieces of the runs. A run is read from front to back, piece by piece, and a string
+// that crosses the end of a piece is moved to the front of the next (see Has).
+//
+// Invariant while merging: the run that gave the last string is not in the heap but in `last_`, and
+// moves on at the following call only. That keeps the string that was handed out where it is.
+
 namespace lexmill::platform::sqlite {
 namespace {
 
 constexpr std::size_t kGreatestPiece = 256 * 1024;
+/// Many runs take more than the buffer rather than a system call for each string.
 constexpr std::size_t kLeastPiece = 4 * 1024;
 
 using Length = std::uint32_t;
 
-/// Strings stand one behind the other, each behind its length.
+/// Adds a string after its length. The file is this process's alone: its byte order is too.
 void AppendString(std::string& strings, std::string_view string) {
   const auto length = static_cast<Length>(string.size());
   std::array<char, sizeof length> bytes{};
@@ -35,79 +48,55 @@ Length LengthAt(const std::string& strings, std::size_t at) {
 }  // namespace
 
 KeySorter::KeySorter(std::string neighbour, std::size_t bufferSize)
-    : neighbour_(std::move(neighbour)),
-      bufferSize_(bufferSize),
-      filling_(bufferSize / 2),
-      leaving_(bufferSize / 2) {}
+    : neighbour_(std::move(neighbour)), bufferSize_(bufferSize), batch_(bufferSize) {}
 
 void KeySorter::Add(std::initializer_list<std::string_view> parts) {
   std::size_t length = 0;
   for (const std::string_view part : parts) {
     length += part.size();
   }
-  if (!filling_.HasRoom(length)) {
+  if (!batch_.HasRoom(length)) {
     PutAside();
   }
-  filling_.Add(parts);
+  batch_.Add(parts);
   ++count_;
 }
 
 void KeySorter::Sort() {
   if (!file_.IsOpen()) {
-    filling_.Sort();
+    batch_.Sort();
     return;
   }
   PutAside();
-  work_.Wait();
-  filling_ = KeyBatch(0);
-  leaving_ = KeyBatch(0);
+  batch_ = KeyBatch(0);
   OpenRuns();
-  work_.Start([this] { MergeAhead(); });
 }
 
 bool KeySorter::Next(std::string_view& key) {
-  if (!file_.IsOpen()) {
-    const bool isThere = given_ < filling_.Size();
-    key = isThere ? filling_.At(given_++) : std::string_view();
-    return isThere;
+  if (file_.IsOpen()) {
+    return NextOfRuns(key);
   }
-  if (mergedUsed_ == merged_.size()) {
-    work_.Wait();
-    merged_.swap(ahead_);
-    mergedUsed_ = 0;
-    if (merged_.empty()) {
-      return false;
-    }
-    work_.Start([this] { MergeAhead(); });
-  }
-  key = std::string_view(merged_).substr(mergedUsed_ + sizeof(Length),
-                                         LengthAt(merged_, mergedUsed_));
-  mergedUsed_ += sizeof(Length) + key.size();
-  return true;
+  const bool isThere = given_ < batch_.Size();
+  key = isThere ? batch_.At(given_++) : std::string_view();
+  return isThere;
 }
 
-bool KeySorter::IsBehind(const Run* left, const Run* right) {
+bool KeySorter::IsAfter(const Run* left, const Run* right) {
   return left->head != right->head ? left->head > right->head : left->current > right->current;
 }
 
-/// Lets the batch that is full go to the file while the next one fills.
+/// Writes the batch to the file as another run.
 void KeySorter::PutAside() {
-  work_.Wait();
   if (!file_.IsOpen()) {
     file_ = OpenTemporary(neighbour_);
   }
-  std::swap(filling_, leaving_);
-  work_.Start([this] { WriteRun(); });
-}
-
-void KeySorter::WriteRun() {
-  leaving_.Sort();
+  batch_.Sort();
   Run& run = runs_.emplace_back();
   run.at = fileSize_;
   std::string piece;
   piece.reserve(kGreatestPiece);
-  for (std::size_t i = 0; i < leaving_.Size(); ++i) {
-    const std::string_view string = leaving_.At(i);
+  for (std::size_t i = 0; i < batch_.Size(); ++i) {
+    const std::string_view string = batch_.At(i);
     if (piece.size() + sizeof(Length) + string.size() > kGreatestPiece) {
       WritePiece(piece);
     }
@@ -115,7 +104,7 @@ void KeySorter::WriteRun() {
   }
   WritePiece(piece);
   run.end = fileSize_;
-  leaving_.Clear();
+  batch_.Clear();
 }
 
 void KeySorter::WritePiece(std::string& piece) {
@@ -137,16 +126,7 @@ void KeySorter::OpenRuns() {
 void KeySorter::Push(Run& run) {
   if (Advance(run)) {
     heap_.push_back(&run);
-    std::ranges::push_heap(heap_, IsBehind);
-  }
-}
-
-/// Fills `ahead_` with the next strings of all runs; it stays empty behind the last.
-void KeySorter::MergeAhead() {
-  ahead_.clear();
-  std::string_view key;
-  while (ahead_.size() < kGreatestPiece && NextOfRuns(key)) {
-    AppendString(ahead_, key);
+    std::ranges::push_heap(heap_, IsAfter);
   }
 }
 
@@ -158,13 +138,14 @@ bool KeySorter::NextOfRuns(std::string_view& key) {
   if (heap_.empty()) {
     return false;
   }
-  std::ranges::pop_heap(heap_, IsBehind);
+  std::ranges::pop_heap(heap_, IsAfter);
   last_ = heap_.back();
   heap_.pop_back();
   key = last_->current;
   return true;
 }
 
+/// Goes to a run's next string. @return false after the last
 bool KeySorter::Advance(Run& run) {
   if (!Has(run, sizeof(Length))) {
     return false;
@@ -179,6 +160,7 @@ bool KeySorter::Advance(Run& run) {
   return true;
 }
 
+/// Makes sure that `size` bytes of a run are in its piece, unless it ends before.
 bool KeySorter::Has(Run& run, std::size_t size) {
   if (run.piece.size() - run.used >= size) {
     return true;

@@ -9,18 +9,16 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/host/background_work.h"
 #include "platform/host/host_file.h"
 #include "platform/sqlite/tree/key_batch.h"
 
 namespace lexmill::platform::sqlite {
 
 /// Sorts byte strings by unsigned bytes, a prefix first. Memory is constant: what doesn't fit goes
-/// to a nameless file in sorted runs. One batch is sorted and put aside while the next one fills,
-/// and runs are merged ahead of Next. First Add, then Sort, then Next.
+/// to a nameless file. First Add, then Sort, then Next.
 class KeySorter {
  public:
-  /// @param neighbour   path of a file on whose disk runs are put aside
+  /// @param neighbour   path of a file on whose disk strings are put aside
   /// @param bufferSize  bytes of memory, some of which each string takes besides its length
   KeySorter(std::string neighbour, std::size_t bufferSize);
 
@@ -30,7 +28,7 @@ class KeySorter {
   /// Ends adding. Next then begins with the first string.
   void Sort();
   /// @param key  [out] the next string, good until the following call
-  /// @return false behind the last
+  /// @return false after the last
   [[nodiscard]] bool Next(std::string_view& key);
 
  private:
@@ -41,35 +39,28 @@ class KeySorter {
     std::string piece;
     std::size_t used = 0;      ///< bytes of the piece that are done with
     std::string_view current;  ///< in the piece
-    std::uint64_t head = 0;
+    std::uint64_t head = 0;    ///< HeadOf(current)
   };
 
-  [[nodiscard]] static bool IsBehind(const Run* left, const Run* right);
+  [[nodiscard]] static bool IsAfter(const Run* left, const Run* right);
   void PutAside();
-  void WriteRun();
   void WritePiece(std::string& piece);
   void OpenRuns();
   void Push(Run& run);
   [[nodiscard]] bool Advance(Run& run);
   [[nodiscard]] bool Has(Run& run, std::size_t size);
   [[nodiscard]] bool NextOfRuns(std::string_view& key);
-  void MergeAhead();
 
   std::string neighbour_;
   std::size_t bufferSize_;
   std::size_t count_ = 0;
-  KeyBatch filling_;
-  KeyBatch leaving_;       ///< on its way to the file
+  KeyBatch batch_;
   std::size_t given_ = 0;  ///< strings of the only batch that Next has been through
   HostFile file_;
   std::int64_t fileSize_ = 0;
   std::vector<Run> runs_;
   std::vector<Run*> heap_;  ///< the run with the least string on top
   Run* last_ = nullptr;     ///< the run that gave the last string
-  std::string merged_;      ///< strings with their lengths, of which Next gives one after the other
-  std::size_t mergedUsed_ = 0;
-  std::string ahead_;    ///< the strings behind them
-  BackgroundWork work_;  ///< last: it ends before what it touches
 };
 
 }  // namespace lexmill::platform::sqlite

@@ -49,7 +49,7 @@ TEST_P(Sorting, GivesAllStringsInTheOrderOfTheirBytes) {
   EXPECT_EQ(folder.Listing(), "");
 }
 
-// Down and up again: first, middle and last string stand near the ends of the order, so that they
+// Down and up again: first, middle and last string are near the ends of the order, so that they
 // part nearly nothing off.
 TEST(SortingOfOrderedStrings, NeedsNoStackForEachString) {
   const TemporaryFolder folder;
