@@ -3,7 +3,7 @@
 # The target `headers_alone` compiles each header by itself. One that comes first in the source of its
 # name is already compiled so there.
 function(lexmill_check_headers)
-  set(rooms platform foundation run glossary text window pipeline tests)
+  set(rooms platform foundation run glossary text catalog window pipeline tests)
   list(TRANSFORM rooms REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/\\1/*.h" OUTPUT_VARIABLE patterns)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${patterns})
   set(sources)

@@ -14,11 +14,13 @@ LINE = [
     "platform/expression",
     "platform/host",
     "platform/files",
+    "platform/interchange",
     "platform/controls",
     "foundation",
     "run/shared",
     "glossary",
     "text",
+    "catalog",
     "window",
     "pipeline",
     "run",
@@ -44,6 +46,7 @@ OUTSIDE = {
     r"sqlite3\.h": SQLITE,
     r"pcre2\.h": ["platform/expression"],
     r"unicode/.*": ["platform/text"],
+    r"(expat|csv)\.h": ["platform/interchange"],
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 

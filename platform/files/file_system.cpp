@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "platform/files/opened_file.h"
 #include "platform/host/clock.h"
 #include "platform/host/host_failure.h"
 #include "platform/host/host_file.h"
@@ -13,25 +14,6 @@
 
 namespace lexmill::platform {
 namespace {
-
-bool IsName(std::u16string_view path) {
-  return !path.empty() && path.find(u'\0') == std::u16string_view::npos;
-}
-
-/// The host's form of a path that can name a file.
-std::string CheckedPath(std::u16string_view path, FailureOrigin origin) {
-  if (path.empty()) {
-    throw Failure(FailureNumber::InvalidCall, origin);
-  }
-  if (!IsName(path)) {
-    throw Failure(FailureNumber::BadFileName, origin);
-  }
-  return ToHostPath(path);
-}
-
-std::string CheckedPath(std::u16string_view path) {
-  return CheckedPath(path, FailureOrigin::ScriptLibrary);
-}
 
 /// What is found under the name of a file; a folder is not found.
 FileStatus StatusOfFile(const std::string& path) {
@@ -45,12 +27,12 @@ FileStatus StatusOfFile(const std::string& path) {
 }  // namespace
 
 bool FileSystemObject::FileExists(std::u16string_view path) const {
-  const auto status = IsName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
+  const auto status = IsFileName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
   return status && status->kind != FileKind::Folder;
 }
 
 bool FileSystemObject::FolderExists(std::u16string_view path) const {
-  const auto status = IsName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
+  const auto status = IsFileName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
   return status && status->kind == FileKind::Folder;
 }
 
@@ -83,14 +65,8 @@ void FileSystemObject::DeleteFile(std::u16string_view path, bool force) const {
 }
 
 TextReader FileSystemObject::OpenTextFile(std::u16string_view path, TextEncoding encoding) const {
-  const std::string hostPath = CheckedPath(path);
-  HostFile file = HostFile::Open(hostPath, O_RDONLY);
-  const auto status = file.IsOpen() ? file.Status() : std::nullopt;
-  // What a pipe gives is gone with the first reading, and its writer may keep a reader waiting.
-  if (!status || status->kind != FileKind::Regular) {
-    throw FileFailure(status ? EACCES : errno, hostPath);
-  }
-  return TextReader(std::move(file), status->size, encoding);
+  OpenedFile opened = OpenToRead(path);
+  return TextReader(std::move(opened.file), opened.size, encoding);
 }
 
 TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overwrite,
@@ -99,11 +75,7 @@ TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overw
   if (!overwrite && FileExists(path)) {
     throw FileFailure(EEXIST, hostPath);
   }
-  auto file = ReplacementFile::Create(hostPath);
-  if (!file) {
-    throw FileFailure(errno, hostPath);
-  }
-  return TextWriter(std::move(*file), hostPath, encoding);
+  return TextWriter(OpenToReplace(path), hostPath, encoding);
 }
 
 std::string ReadBinary(std::u16string_view path, std::int64_t offset, std::size_t length) {
