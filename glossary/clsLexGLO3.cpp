@@ -13,6 +13,9 @@ void clsLexGLO3::DoItNow() {
   ReportFailures(u"Class Module 'clsLexGLO3' -> 'DoItNow'", [this] {
     output_ = fileSystem_.CreateTextFile(outputFile_, true, TheRun().resultEncoding);
     ScanTabSeparated(*Awk, inputFile_);
+    if (TheRun().abandoned) {
+      output_->Discard();
+    }
   });
 }
 

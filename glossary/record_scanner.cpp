@@ -55,6 +55,9 @@ void RecordScanner::Run() {
   bytesInAll_ = std::max<std::int64_t>(file.Size(), 1);  // no share can be taken of an empty file
   ScanBegin.Raise();
   ScanRecords(file);
+  if (TheRun().abandoned) {
+    return;
+  }
   bytesRead_ = bytesInAll_;
   ScanEnd.Raise();
 }
@@ -63,7 +66,7 @@ void RecordScanner::ScanRecords(platform::TextReader& file) {
   // The record is the file's: it must not be seen when that is gone, not even after a failure.
   const std::unique_ptr<RecordScanner, void (*)(RecordScanner*)> atEnd(
       this, [](RecordScanner* scanner) { scanner->ForgetRecord(); });
-  while (!file.AtEndOfStream()) {
+  while (!TheRun().abandoned && !file.AtEndOfStream()) {
     ReadRecord(file);
     if (!record_.empty()) {
       ScanRecord.Raise();

@@ -39,6 +39,7 @@ class RecordScanner {
   platform::Event<> ScanBegin;   ///< once, before the first record
   platform::Event<> ScanRecord;  ///< once for each record, in file order
   platform::Event<> ScanEnd;     ///< once, after the last record; not after a failure
+                                 ///< nor in a run that has been abandoned
 
   /// Connects one listener to all three events, in place of any earlier one.
   [[nodiscard]] ScannerConnection Connect(std::function<void()> onBegin,

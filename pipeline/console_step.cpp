@@ -8,6 +8,7 @@
 #include "platform/host/application.h"
 #include "platform/host/clock.h"
 #include "platform/text/numbers.h"
+#include "run/shared/run_state.h"
 #include "window/frmMain.h"
 
 namespace lexmill {
@@ -26,6 +27,9 @@ void MovePercentage(std::int32_t& lPercent, PercentageStep step) {
 
 void RunConsoleStep(std::optional<cCaptureConsole>& oShellC, const std::u16string& batFile,
                     const std::function<void(std::u16string)>& outputAvailable) {
+  if (TheRun().abandoned) {
+    return;
+  }
   oShellC.emplace();
   const platform::Connection connection = oShellC->OutputAvailable.Connect(outputAvailable);
   const std::int32_t start = platform::GetTickCount();

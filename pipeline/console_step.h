@@ -25,7 +25,8 @@ inline constexpr PercentageStep kTextStep{7, 7};
 /// the batch is alive; it may pass 100.
 void MovePercentage(std::int32_t& lPercent, PercentageStep step);
 
-/// Runs the batch script `batFile` in the program's folder and shows its time in row 2.
+/// Runs the batch script `batFile` in the program's folder and shows its time in row 2; nothing in
+/// a run that has been abandoned.
 /// @param oShellC          holds the console capture for the time of the step
 /// @param outputAvailable  called for each piece of output
 /// Reports no failure: a batch that can't be started is one that prints nothing.

@@ -48,7 +48,7 @@ class GlossaryPipeline {
                    [this](const std::u16string& output) { oShellC_OutputAvailable(output); });
     RunStage<clsLexGLO3>(*oAwk, 3, InAppPath(files_.sReadyFile), window.cboFinal.Text());
     if (!RunOptions().chkaKeepTmpFile) {
-      DeleteTempFiles();
+      TheRun().abandoned ? DeleteAllFiles(files_) : DeleteTempFiles();
     }
   }
 

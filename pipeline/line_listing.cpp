@@ -21,12 +21,15 @@ void CopyLines(platform::TextReader& listing, platform::TextWriter& result, Prog
     tick.ShowStarIfDue();
     const std::u16string_view line = listing.ReadLine();
     result.WriteLine(line.substr(std::min(line.size(), kHeadLength)));
-  } while (!listing.AtEndOfStream());
+  } while (!TheRun().abandoned && !listing.AtEndOfStream());
 }
 
 }  // namespace
 
 void ConvertLineListing(const std::u16string& listing, const std::u16string& result) {
+  if (TheRun().abandoned) {
+    return;
+  }
   frmMain& window = frmMain::Instance();
   const platform::FileSystemObject files;
   auto input = files.OpenTextFile(listing);
@@ -36,6 +39,9 @@ void ConvertLineListing(const std::u16string& listing, const std::u16string& res
   tick.Start();
   output.WriteLine();
   CopyLines(input, output, tick);
+  if (TheRun().abandoned) {
+    output.Discard();
+  }
   input.Close();
   output.Close();
   window.UpdateStateLabel(kResultRow, tick.Elapsed(), u"");

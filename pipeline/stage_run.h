@@ -10,6 +10,7 @@
 
 #include "glossary/record_scanner.h"
 #include "platform/controls/controls.h"
+#include "run/shared/run_state.h"
 #include "window/frmMain.h"
 
 namespace lexmill {
@@ -54,10 +55,14 @@ inline void SetOutputs(TwoOutputStage auto& stage, const std::u16string& output1
 }
 
 /// Runs a stage from `input` to `outputs`, shows its time and the size of `input` in row `row`, and
-/// releases it. The scanner is reset first, whether the stage uses it or not.
+/// releases it. Nothing in a run that has been abandoned. The scanner is reset first, whether the
+/// stage uses it or not.
 template <Stage S, class... Outputs>
 void RunStage(RecordScanner& scanner, std::int16_t row, const std::u16string& input,
               const Outputs&... outputs) {
+  if (TheRun().abandoned) {
+    return;
+  }
   frmMain& window = frmMain::Instance();
   scanner.ScanAction(RecordScanner::kReset);
   S stage;

@@ -29,6 +29,19 @@ std::u16string DrawName(const std::u16string& extension, Reservations& reservati
   return name;
 }
 
+// A shell that was ended leaves the journal of its transaction.
+void DeleteDatabase(const std::u16string& name) {
+  DeleteFiles({InAppPath(name), InAppPath(name) + u"-journal"});
+}
+
+// What a batch that was ended had not finished lies beside its place; the next to write there
+// removes it.
+void DeleteListing(const std::u16string& name) {
+  IgnoreFailures(
+      [&] { platform::FileSystemObject().CreateTextFile(InAppPath(name), true).Discard(); });
+  DeleteFiles({InAppPath(name)});
+}
+
 void Restart(Reservations& reservations) {
   reservations.clear();
   platform::RemoveStaleReservations(TheRun().AppPath);
@@ -60,6 +73,21 @@ void DrawNames(TextRunFiles& files) {
 
 std::u16string InAppPath(std::u16string_view name) {
   return TheRun().AppPath + std::u16string(name);
+}
+
+void DeleteAllFiles(const GlossaryRunFiles& files) {
+  DeleteFiles({InAppPath(files.sRefSqlFile), InAppPath(files.sToDoSqlFile), files.sBatFile});
+  DeleteListing(files.sReadyFile);
+  DeleteDatabase(files.sDbFile);
+}
+
+void DeleteAllFiles(const TextRunFiles& files) {
+  DeleteFiles({InAppPath(files.sRefSqlFile), InAppPath(files.sEntrySqlFile),
+               InAppPath(files.sToDoSqlFile), InAppPath(files.sUpdateSqlFile), files.sBatFile,
+               files.sBatFile2});
+  DeleteListing(files.sReadyFile);
+  DeleteListing(files.sLineFile);
+  DeleteDatabase(files.sDbFile);
 }
 
 void DeleteFiles(std::initializer_list<std::u16string> paths) {

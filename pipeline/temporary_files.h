@@ -46,6 +46,10 @@ void DrawNames(TextRunFiles& files);
 /// The full path of a bare name: `name` in the program's folder.
 [[nodiscard]] std::u16string InAppPath(std::u16string_view name);
 
+/// Deletes every file of a run, wherever that has ended; what isn't there is passed over.
+void DeleteAllFiles(const GlossaryRunFiles& files);
+void DeleteAllFiles(const TextRunFiles& files);
+
 /// Deletes each file, without force. A failure is dropped and the next one is deleted all the same.
 void DeleteFiles(std::initializer_list<std::u16string> paths);
 

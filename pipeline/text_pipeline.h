@@ -51,7 +51,7 @@ class TextPipeline {
     RunBatch(files_.sBatFile2);
     ConvertLineListing(InAppPath(files_.sLineFile), window.cboFinal.Text());
     if (!RunOptions().chkaKeepTmpFile) {
-      DeleteTempFiles();
+      TheRun().abandoned ? DeleteAllFiles(files_) : DeleteTempFiles();
     }
   }
 

@@ -20,6 +20,7 @@
 #include "run/console_run.h"
 #include "run/modMain.h"
 #include "run/shell_complaint.h"
+#include "window/frmMain.h"
 
 namespace {
 
@@ -53,18 +54,20 @@ bool TellComplaint(const std::string& complaint) {
 
 volatile std::sig_atomic_t endingSignal = 0;
 
-// The children have a process group of their own, which no key on the terminal reaches.
+// The children have a process group of their own, which no key on the terminal reaches. A second
+// signal ends the program at once.
 void EndIfAsked() {
   if (endingSignal != 0) {
-    lexmill::platform::EndChildProcesses();
-    std::signal(endingSignal, SIG_DFL);
-    std::raise(endingSignal);
+    lexmill::frmMain::Instance().AbandonRun();
   }
 }
 
 void EndChildrenWithUs() {
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    std::signal(number, [](int received) { endingSignal = received; });
+    std::signal(number, [](int received) {
+      endingSignal = received;
+      std::signal(received, SIG_DFL);
+    });
   }
   lexmill::platform::SetWaiting(EndIfAsked);
   // A reader of our messages that goes away is no reason to leave the run half done.
@@ -100,6 +103,9 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   lexmill::platform::SetOutputWatch([&](std::string_view bytes) { complaint.Feed(bytes); });
   lexmill::PressStart(arguments);
   ClearProgress();
+  if (endingSignal != 0) {
+    std::raise(endingSignal);
+  }
   std::cout << lexmill::ProgressRows();
   const bool allLoaded = TellComplaint(complaint.Text());
   return programsThere && allLoaded && session.messages.empty() ? 0 : kFailed;

@@ -11,6 +11,7 @@
 #include "pipeline/clsLexGenPP.h"
 #include "platform/controls/desktop.h"
 #include "platform/failure.h"
+#include "platform/host/process.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/purified_database.h"
@@ -66,6 +67,7 @@ void Dispatch(DictionaryFormat toDo, DictionaryFormat refer, const std::u16strin
 
 // A close request that comes in the middle of a run is kept until the window is no longer busy.
 void frmMain::cmdStart_Click() {
+  TheRun().abandoned = false;
   Window.Busy(true);
   const bool finished =
       ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { CarryRun(); });
@@ -76,6 +78,11 @@ void frmMain::cmdStart_Click() {
     platform::SetMousePointer(platform::MousePointer::Default);
   }
   Window.Busy(false);
+}
+
+void frmMain::AbandonRun() {
+  TheRun().abandoned = true;
+  platform::EndChildProcesses();
 }
 
 void frmMain::CarryRun() {

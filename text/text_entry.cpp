@@ -5,6 +5,7 @@
 
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
+#include "run/shared/run_state.h"
 
 namespace lexmill {
 
@@ -28,7 +29,7 @@ void ForEachEntry(platform::TextReader& input, ProgressTick& progress,
       headLine = line;
       onEntry({headLine, std::u16string_view(headLine).substr(sourceStart), input.ReadLine()});
     }
-  } while (!input.AtEndOfStream());
+  } while (!TheRun().abandoned && !input.AtEndOfStream());
 }
 
 }  // namespace lexmill

@@ -24,8 +24,8 @@ struct TextEntry {
 /// @return the source, a piece of `line`, maybe empty; none if the line opens no entry
 [[nodiscard]] std::optional<std::u16string_view> SourceOfHeadLine(std::u16string_view line);
 
-/// Reads `input` to its end and reports its entries in order; other lines are passed over. Shows a
-/// star of `progress` when one is due.
+/// Reads `input` to its end, or until the run is abandoned, and reports its entries in order; other
+/// lines are passed over. Shows a star of `progress` when one is due.
 /// @param onEntry  its entry's views live until it returns
 /// @throws platform::Failure InputPastEnd for a file without a line or one that ends with a head
 ///   line, others as TextReader::ReadLine, and whatever `onEntry` throws

@@ -72,6 +72,10 @@ void frmMain::Form_QueryUnload() {
   platform::FlushProfileFiles();
 }
 
+void frmMain::Form_CloseKept() {
+  lblSummary.Caption(u"将在完成后关闭；再关一次就放弃这次处理");
+}
+
 void frmMain::cmdClose_Click() {
   const auto answer = platform::ShowMessageBox(u"确实要关闭吗？", platform::MessageIcon::Question,
                                                platform::MessageButtons::OkCancel);
@@ -137,6 +141,8 @@ void frmMain::ConnectEvents() {
   };
   connect(Window.Load, &frmMain::Form_Load);
   connect(Window.QueryUnload, &frmMain::Form_QueryUnload);
+  connect(Window.CloseKept, &frmMain::Form_CloseKept);
+  connect(Window.CloseInsisted, &frmMain::AbandonRun);
   for (platform::ComboBox* combo : {&cboToDo, &cboRefer, &cboFinal}) {
     connect(combo->Change, &frmMain::EnableStart);
     connect(combo->Click, &frmMain::EnableStart);

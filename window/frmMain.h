@@ -26,6 +26,10 @@ class frmMain {
   /// Makes the one window, in place of an earlier one.
   static frmMain& Create();
 
+  /// Ends a run without its result, as soon as the step in hand refreshes the window: the earlier
+  /// result stays, and so do temporary files only if the option says so. Harmless outside a run.
+  void AbandonRun();
+
   /// Loads the window, if it is not, and shows it.
   void Show() { Window.Show(); }
 
@@ -127,6 +131,7 @@ class frmMain {
   // Events.
   void Form_Load();
   void Form_QueryUnload();
+  void Form_CloseKept();
   void cmdStart_Click();
   void cmdClose_Click();
   void cmdOpen_Click(std::int16_t Index);

@@ -59,6 +59,7 @@ void Form::Close() {
     Unload();
   } else if (!closeWanted_) {
     closeWanted_ = true;
+    CloseKept.Raise();
   } else {
     CloseInsisted.Raise();
   }

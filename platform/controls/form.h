@@ -29,7 +29,9 @@ class Form {
 
   Event<> Load;         ///< the window is about to be shown for the first time
   Event<> QueryUnload;  ///< the window is about to close
-  /// The user asks for the second time to close a busy window.
+  /// The user has asked to close a busy window, which closes when it no longer is.
+  Event<> CloseKept;
+  /// The user asks once more to close a busy window, or the system asks: the work is to end now.
   Event<> CloseInsisted;
   /// For whoever shows the window: raised behind each change, with what changed.
   Event<FormProperty> Changed;

@@ -74,6 +74,9 @@ class TextWriter {
   /// Completes the file and puts it in its place. Closing twice is harmless.
   /// @throws Failure as Write, or PermissionDenied if the file can't take its place
   void Close();
+  /// Drops what has been written: an older file of the name stays as it is. Nothing can be written
+  /// from now on. A file that is closed stays.
+  void Discard();
 
  private:
   friend class FileSystemObject;

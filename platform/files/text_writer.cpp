@@ -115,6 +115,12 @@ struct TextWriter::State {
     Tell();
   }
 
+  void Discard() {
+    closed = true;
+    work.Wait();
+    target.reset();
+  }
+
   /// What has failed so far.
   struct Outcome {
     std::optional<int> error;  ///< `errno` of a write
@@ -149,6 +155,9 @@ void TextWriter::WriteLine(std::u16string_view text) {
 }
 void TextWriter::Close() {
   state_->Close();
+}
+void TextWriter::Discard() {
+  state_->Discard();
 }
 
 }  // namespace lexmill::platform

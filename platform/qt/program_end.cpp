@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <QWidget>
 
-#include "platform/host/process.h"
-
 namespace lexmill::platform::qt {
 namespace {
 
@@ -27,7 +25,7 @@ void ProgramEnd::Ask() {
   }
   form_.Close();
   if (form_.Busy()) {
-    EndChildProcesses();
+    form_.CloseInsisted.Raise();
   }
 }
 

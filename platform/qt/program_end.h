@@ -8,8 +8,8 @@
 namespace lexmill::platform::qt {
 
 /// Closes a form, which has to outlive it, as its close box would. A form that is at work closes as
-/// soon as it can: its child processes are ended, and no dialog waits for an answer any more. One
-/// object at a time.
+/// soon as it can: it is asked so insistently at once, and no dialog waits for an answer any more.
+/// One object at a time.
 class ProgramEnd {
  public:
   explicit ProgramEnd(Form& form) : form_(form) {}

@@ -12,7 +12,6 @@
 #include "platform/controls/dialogs.h"
 #include "platform/failure.h"
 #include "platform/host/application.h"
-#include "platform/host/process.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
@@ -91,7 +90,6 @@ int Screen::Run(const std::function<Form&()>& open, const std::function<void()>&
     return kFailed;
   }
   FormWindow window(*form);
-  const Connection insisted = form->CloseInsisted.Connect(EndChildProcesses);
   ProgramEnd end(*form);
   const TerminationSignals signals([&end] { end.Ask(); });
   connect(this, &QGuiApplication::commitDataRequest, &window, [&end] { end.Ask(); });

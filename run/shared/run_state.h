@@ -22,6 +22,9 @@ struct RunState {
   std::u16string LanguagePair;
   /// The dictionaries that the run reads, by path; a purified database is none of them.
   std::map<std::u16string, DictionaryKind, std::less<>> dictionaries;
+  /// The user wants the run's end more than its result: no further step begins, the present one
+  /// ends at its next refresh of the window, and an earlier result stays. False at each start.
+  bool abandoned = false;
   /// Encoding of the result, which is that of the untranslated dictionary. Kept apart, since the
   /// result may take the place of a dictionary in another encoding.
   platform::TextEncoding resultEncoding = platform::TextEncoding::Ansi;
