@@ -14,9 +14,10 @@ constexpr std::array kScripts = {
     "SELECT * FROM sqlite_master;\n",
     "SELECT r1,r2 FROM R;\nSELECT r2 FROM R WHERE r1='Open';\n",
     "BEGIN;\nCREATE TABLE S(so TEXT,sm TEXT);\nINSERT INTO S VALUES ('a','b');\n"
-    "CREATE INDEX ism ON S(sm);\nCOMMIT;\nSELECT S.so,R.r2 FROM R INNER JOIN S ON R.r1=S.sm;\n",
+    "CREATE INDEX ism ON S(sm);\nCOMMIT;\nSELECT DISTINCT S.so,R.r2 FROM R INNER JOIN S ON "
+    "R.r1=S.sm;\n",
     "BEGIN;\nINSERT INTO R VALUES ('x','y');\nUPDATE R SET r2='z' WHERE r1='Open';\nROLLBACK;\n",
-    "DELETE FROM R WHERE r1='Open';\nDROP TABLE R;\n",
+    "CREATE INDEX i2 ON R(r2);\nSELECT r1 FROM R WHERE r2='z';\n",
     "UPDATE O SET o2='z' WHERE o1='Open';\nSELECT o0,o2 FROM O;\n",
 };
 

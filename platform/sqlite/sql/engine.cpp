@@ -29,46 +29,21 @@ std::string VirtualTableSql(std::string_view name) {
 
 }  // namespace
 
-void Engine::Run(std::string_view sql) {
-  const std::string text = WithFixedJoinOrder(sql);
-  {
-    Statement frame(database_, Statement::Access::Read);
-    std::optional<CompiledStatement> statement = Compile(text);
-    if (!statement || statement->IsReadOnly()) {
-      if (statement) {
-        Print(*statement);
-      }
-      statement.reset();
-      frame.Complete();
-      return;
-    }
+void Engine::Run(std::string_view select) {
+  if (!connection_ || version_ != database_.SchemaVersion()) {
+    Connect();
   }
-  Statement frame(database_, Statement::Access::Write);
-  RunInside(sql);
-  frame.Complete();
-}
-
-void Engine::RunInside(std::string_view sql) {
-  std::optional<CompiledStatement> statement = Compile(WithFixedJoinOrder(sql));
-  if (statement) {
+  if (auto statement = connection_->Compile(WithFixedJoinOrder(select))) {
     Print(*statement);
   }
 }
 
-std::optional<CompiledStatement> Engine::Compile(const std::string& sql) {
-  if (!connection_ || version_ != database_.SchemaVersion()) {
-    Connect();
-  }
-  return connection_->Compile(sql);
-}
-
 /// Makes a connection that knows the tables and views of the database as they are now.
 void Engine::Connect() {
-  schema_.Follow(database_);
   connection_.reset();
   connection_.emplace();
   sqlite3* handle = connection_->Handle();
-  module_ = std::make_unique<TableModule>(handle, database_, schema_);
+  module_ = std::make_unique<TableModule>(handle, database_);
   sqlite3_create_function(handle, "upper", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Upper,
                           nullptr, nullptr);
   connection_->Run("PRAGMA automatic_index=OFF");     // would give equal rows in another order

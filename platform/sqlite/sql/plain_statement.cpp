@@ -110,6 +110,10 @@ std::size_t PlainInsert::Read(std::string_view text) {
   table_ = reader.ReadName();
   reader.Expect(" VALUES (");
   do {
+    if (reader.Accept("NULL")) {
+      values_.emplace_back();
+      continue;
+    }
     const Quoted quoted = reader.ReadString();
     if (quoted.holdsDoubled) {
       doubled_.push_back(values_.size());

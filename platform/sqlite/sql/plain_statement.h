@@ -14,7 +14,8 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Reads `INSERT INTO T VALUES ('…','…');`. An object serves many statements, to keep its memory.
+/// Reads `INSERT INTO T VALUES ('…',NULL,…);`. An object serves many statements, to keep its
+/// memory.
 class PlainInsert {
  public:
   /// Reads the statement at the start of `text`. Its parts are views into `text` or this object,

@@ -1,37 +1,83 @@
 // SPDX-License-Identifier: MIT
+// The verb of a statement says what carries it out:
+//
+//   BEGIN, COMMIT, END, ROLLBACK   the database
+//   CREATE TABLE, CREATE INDEX     libsqlite3 reads the statement, the database keeps it
+//   INSERT, UPDATE                 one form of each is known; any spelling of it is brought to the
+//                                  one that scripts have
+//   SELECT                         libsqlite3, or this program itself where it has a faster way
+//
+// Long scripts don't come here for each of their statements: Insert and Collect take the values of
+// a plain statement, which go to the table without a frame of their own while a transaction is
+// open.
 #include "platform/sqlite/sql/session.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
 
 #include "platform/sqlite/database_error.h"
+#include "platform/sqlite/sql/create_statement.h"
 #include "platform/sqlite/sql/plain_join.h"
 #include "platform/sqlite/sql/plain_listing.h"
+#include "platform/sqlite/sql/refusals.h"
 #include "platform/sqlite/sql/sql_token.h"
+#include "platform/sqlite/sql/statement_scanner.h"
 #include "platform/sqlite/sql/statement_text.h"
-#include "platform/sqlite/sql/table_module.h"
 
 namespace lexmill::platform::sqlite {
 namespace {
 
-/// A longer value is written at once, so that a row that becomes too long is told where it happens.
+/// A longer value is written at once, so that a row that becomes too long is reported where it
+/// happens.
 constexpr std::size_t kLongestCollectedValue = 4096;
 
-constexpr std::array<std::string_view, 6> kSchemaVerbs = {"BEGIN",    "COMMIT", "END",
-                                                          "ROLLBACK", "CREATE", "DROP"};
-/// The verbs that libsqlite3 may carry out on a connection of its own.
-constexpr std::array<std::string_view, 8> kEngineVerbs = {"SELECT",  "INSERT",  "UPDATE", "DELETE",
-                                                          "REPLACE", "EXPLAIN", "PRAGMA", "VACUUM"};
+DatabaseError SyntaxError(std::string_view text) {
+  const std::string_view token = text.substr(0, ReadToken(text).length);
+  return DatabaseError("near \"" + std::string(token) + "\": syntax error");
+}
 
-/// libsqlite3 would look at its own database in place of the file.
-void RefuseCheck(std::string_view pragma) {
-  const std::string_view word = LeadingWord(SkipBlanks(pragma));
-  if (IsKeyword(word, "INTEGRITY_CHECK") || IsKeyword(word, "QUICK_CHECK")) {
-    throw DatabaseError("PRAGMA " + std::string(word) + " is not supported");
+/// Makes sure that nothing but TRANSACTION and a name, if that, follows the verb of `text`.
+void CheckTransactionEnds(std::string_view text) {
+  const auto skipWord = [&text] { text = SkipBlanks(text.substr(LeadingWord(text).size())); };
+  skipWord();
+  if (IsKeyword(LeadingWord(text), "TRANSACTION")) {
+    skipWord();
+    skipWord();
+  }
+  if (!text.empty()) {
+    throw SyntaxError(text);
+  }
+}
+
+/// The columns that an update of many rows takes.
+struct UpdateColumns {
+  std::size_t key;
+  std::size_t value;
+};
+
+/// @return none if there are no such columns, or not of that kind
+std::optional<UpdateColumns> FindUpdateColumns(const Table& table, const PlainUpdate& update) {
+  const std::optional<std::size_t> key = FindColumn(table, update.KeyColumn());
+  const std::optional<std::size_t> value = FindColumn(table, update.ValueColumn());
+  if (!key || !value || !Database::CanUpdateWhere(table, *key, *value)) {
+    return std::nullopt;
+  }
+  return UpdateColumns{*key, *value};
+}
+
+void CheckColumn(const Table& table, std::string_view name) {
+  if (!FindColumn(table, name)) {
+    throw DatabaseError("no such column: " + std::string(name));
   }
 }
 
 }  // namespace
+
+const Session::Verb Session::kVerbs[] = {
+    {"BEGIN", &Session::RunBegin},   {"COMMIT", &Session::RunCommit},
+    {"END", &Session::RunCommit},    {"ROLLBACK", &Session::RunRollback},
+    {"CREATE", &Session::RunCreate}, {"INSERT", &Session::RunInsert},
+    {"UPDATE", &Session::RunUpdate}, {"SELECT", &Session::RunSelect}};
 
 void Session::Run(std::string_view text) {
   StatementScanner scanner;
@@ -45,24 +91,39 @@ void Session::Run(std::string_view text) {
   }
 }
 
-/// The table of that name if plain statements may write it.
-const Table* Session::PlainTarget(std::string_view name) {
+/// The table of that name if rows of it can be written; the last one is remembered.
+const Table* Session::WritableTable(std::string_view name) {
   const std::uint64_t version = database_.SchemaVersion();
   if (target_.version != version || target_.name != name) {
     target_ = {std::string(name), version, database_.FindTable(name)};
-    if (target_.table != nullptr &&
-        (target_.table->rowIdColumn || HasTrigger(database_, *target_.table))) {
+    if (target_.table != nullptr && !WhyReadOnly(database_, *target_.table).empty()) {
       target_.table = nullptr;
     }
   }
   return target_.table;
 }
 
+/// The same, but says what is wrong.
+const Table& Session::CheckWritable(std::string_view name) {
+  if (SameName(name, "sqlite_master")) {
+    throw DatabaseError("table sqlite_master may not be modified");
+  }
+  const Table* table = database_.FindTable(name);
+  if (table == nullptr) {
+    throw DatabaseError("no such table: " + std::string(name));
+  }
+  const std::string_view why = WhyReadOnly(database_, *table);
+  if (!why.empty()) {
+    throw DatabaseError("table " + table->name + " " + std::string(why) + ": it can only be read");
+  }
+  return *table;
+}
+
 bool Session::Insert(const PlainInsert& insert) {
   if (!database_.InTransaction()) {
-    return false;  // a transaction of its own costs more than to compile the statement
+    return false;  // needs a frame of its own
   }
-  const Table* table = PlainTarget(insert.Table());
+  const Table* table = WritableTable(insert.Table());
   if (table == nullptr || table->columns.size() != insert.Values().size()) {
     return false;
   }
@@ -82,16 +143,12 @@ bool Session::Collect(std::string_view text) {
       update_.Value().size() > kLongestCollectedValue) {
     return false;
   }
-  const Table* table = PlainTarget(update_.Table());
-  if (table == nullptr) {
+  const Table* table = WritableTable(update_.Table());
+  const auto columns = table == nullptr ? std::nullopt : FindUpdateColumns(*table, update_);
+  if (!columns) {
     return false;
   }
-  const std::optional<std::size_t> key = FindColumn(*table, update_.KeyColumn());
-  const std::optional<std::size_t> value = FindColumn(*table, update_.ValueColumn());
-  if (!key || !value || !Database::CanUpdateWhere(*table, *key, *value)) {
-    return false;
-  }
-  database_.UpdateWhere(*table, *key, *value, update_.Key(), update_.Value());
+  database_.UpdateWhere(*table, columns->key, columns->value, update_.Key(), update_.Value());
   hasCollected_ = true;
   return true;
 }
@@ -110,40 +167,96 @@ void Session::RunStatement(std::string_view text) {
     withoutNul = WithoutNulBytes(text);
     text = withoutNul;
   }
-  const std::string_view verb = LeadingWord(text);
   if (text.empty() || text == ";") {
     return;
   }
-  if (IsKeyword(verb, kSchemaVerbs)) {
-    RunSchemaStatement(text);
-    return;
+  CheckSupported(text);
+  const std::string_view word = LeadingWord(text);
+  const auto* const verb = std::ranges::find_if(
+      kVerbs, [word](const Verb& known) { return IsKeyword(word, known.word); });
+  if (verb == std::end(kVerbs)) {
+    throw SyntaxError(text);
   }
-  if (!verb.empty() && !IsKeyword(verb, kEngineVerbs)) {
-    throw DatabaseError("near \"" + std::string(verb) + "\": syntax error");
-  }
-  if (IsKeyword(verb, "PRAGMA")) {
-    RefuseCheck(text.substr(verb.size()));
-  }
-  if (!RunPlainQuery(text)) {
-    engine_.Run(text);
-  }
+  (this->*verb->action)(text);
 }
 
-/// Runs a query of a fixed form on tables that suit it. @return false if it isn't one
-bool Session::RunPlainQuery(std::string_view text) {
-  if (const auto listing = ReadPlainListing(text)) {
-    Statement frame(database_, Statement::Access::Read);
-    const bool isDone = PrintListing(database_, *listing, rows_);
-    frame.Complete();
-    return isDone;
+void Session::RunBegin(std::string_view text) {
+  CheckTransactionEnds(text);
+  database_.Begin();
+}
+
+void Session::RunCommit(std::string_view text) {
+  CheckTransactionEnds(text);
+  database_.Commit();
+}
+
+void Session::RunRollback(std::string_view text) {
+  CheckTransactionEnds(text);
+  database_.Rollback();
+}
+
+void Session::RunCreate(std::string_view text) {
+  NewObject object;
+  {
+    // A statement that is wrong fails before anything is locked for writing.
+    const Statement frame(database_, Statement::Access::Read);
+    object = UnderstandCreate(database_.Objects(), text);
   }
-  if (const auto join = ReadPlainJoin(text)) {
-    Statement frame(database_, Statement::Access::Read);
-    const bool isDone = PrintJoin(database_, *join, rows_);
-    frame.Complete();
-    return isDone;
+  Statement frame(database_, Statement::Access::Write);
+  if (object.type == "index") {
+    database_.CreateIndex(object.name, object.table, text);
+  } else {
+    database_.CreateTable(object.name, text);
+    if (HasUniqueKey(*database_.FindTable(object.name))) {
+      throw DatabaseError(kNoUniqueKey);
+    }
   }
-  return false;
+  frame.Complete();
+}
+
+void Session::RunInsert(std::string_view text) {
+  const std::string plain = WithPlainSpelling(text);
+  if (insert_.Read(plain) != plain.size()) {
+    throw DatabaseError(kOnlyPlainInsert);
+  }
+  Statement frame(database_, Statement::Access::Write);
+  const Table& table = CheckWritable(insert_.Table());
+  if (table.columns.size() != insert_.Values().size()) {
+    throw DatabaseError("table " + table.name + " has " + std::to_string(table.columns.size()) +
+                        " columns but " + std::to_string(insert_.Values().size()) +
+                        " values were supplied");
+  }
+  database_.Append(table, insert_.Values());
+  frame.Complete();
+}
+
+void Session::RunUpdate(std::string_view text) {
+  const std::string plain = WithPlainSpelling(text);
+  if (update_.Read(plain) != plain.size()) {
+    throw DatabaseError(kOnlyPlainUpdate);
+  }
+  Statement frame(database_, Statement::Access::Write);
+  const Table& table = CheckWritable(update_.Table());
+  CheckColumn(table, update_.KeyColumn());
+  CheckColumn(table, update_.ValueColumn());
+  const auto columns = FindUpdateColumns(table, update_);
+  if (!columns) {
+    throw DatabaseError(
+        "only text columns without an index can be updated, by another text column");
+  }
+  database_.UpdateWhere(table, columns->key, columns->value, update_.Key(), update_.Value());
+  frame.Complete();
+}
+
+void Session::RunSelect(std::string_view text) {
+  const auto listing = ReadPlainListing(text);
+  const auto join = ReadPlainJoin(text);
+  Statement frame(database_, Statement::Access::Read);
+  if (!(listing && PrintListing(database_, *listing, rows_)) &&
+      !(join && PrintJoin(database_, *join, rows_))) {
+    engine_.Run(text);
+  }
+  frame.Complete();
 }
 
 }  // namespace lexmill::platform::sqlite

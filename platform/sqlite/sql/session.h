@@ -3,26 +3,24 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/sqlite/sql/engine.h"
 #include "platform/sqlite/sql/plain_statement.h"
 #include "platform/sqlite/sql/row_output.h"
-#include "platform/sqlite/sql/schema_compiler.h"
-#include "platform/sqlite/sql/statement_scanner.h"
 #include "platform/sqlite/table/database.h"
 
 namespace lexmill::platform::sqlite {
 
-/// Carries out statements on a database. Those of the fixed forms go straight to the storage; all
-/// others, and those that don't fit their table, go to libsqlite3. The outcome is the same.
+/// Carries out statements on a database. Queries are libsqlite3's work, but for those of the fixed
+/// forms, which go straight to the tables with the same outcome. Rows are written by statements of
+/// two fixed forms only (PlainInsert, PlainUpdate).
 class Session {
  public:
   /// Both have to outlive this object.
   Session(Database& database, RowOutput& rows)
-      : database_(database), rows_(rows), engine_(database, schema_, rows) {}
+      : database_(database), rows_(rows), engine_(database, rows) {}
 
   /// Carries out the statements in `text`, one by one.
   /// @throws DatabaseError  at the first that fails; only that one is undone
@@ -31,7 +29,7 @@ class Session {
   /// Adds the row of a plain INSERT. @return false if the statement is to be run as a text
   [[nodiscard]] bool Insert(const PlainInsert& insert);
 
-  /// Takes `text` if it is an update of the fixed form that can wait for others of its kind.
+  /// Takes `text` if it is a plain UPDATE that can wait for others of its kind.
   /// @return false if it isn't: `text` is to be run then, after Settle
   [[nodiscard]] bool Collect(std::string_view text);
   /// Carries out what was collected.
@@ -39,26 +37,35 @@ class Session {
   void Settle();
 
  private:
+  using Action = void (Session::*)(std::string_view text);
+  /// A statement's first word and what carries it out.
+  struct Verb {
+    std::string_view word;
+    Action action;
+  };
+  static const Verb kVerbs[];
+
   /// A table looked up by the name that a statement gives.
   struct Target {
     std::string name;
     std::uint64_t version = 0;
-    const Table* table = nullptr;  ///< null if plain statements must not write it
+    const Table* table = nullptr;  ///< null if it isn't there or can only be read
   };
 
-  [[nodiscard]] const Table* PlainTarget(std::string_view name);
+  [[nodiscard]] const Table* WritableTable(std::string_view name);
+  [[nodiscard]] const Table& CheckWritable(std::string_view name);
   [[nodiscard]] std::size_t RunPlainInsert(std::string_view text);
   void RunStatement(std::string_view text);
-  [[nodiscard]] bool RunPlainQuery(std::string_view text);
-  void RunSchemaStatement(std::string_view text);
-  void RunTransaction(SchemaStatement::Action action);
-  void Create(const SchemaStatement& statement, std::string_view text);
-  void CreateTable(const SchemaStatement& statement, const std::string& sql, std::string_view text);
-  void Drop(const SchemaStatement& statement, std::string_view text);
+  void RunBegin(std::string_view text);
+  void RunCommit(std::string_view text);
+  void RunRollback(std::string_view text);
+  void RunCreate(std::string_view text);
+  void RunInsert(std::string_view text);
+  void RunUpdate(std::string_view text);
+  void RunSelect(std::string_view text);
 
   Database& database_;
   RowOutput& rows_;
-  SchemaCompiler schema_;
   Engine engine_;
   PlainInsert insert_;
   PlainUpdate update_;

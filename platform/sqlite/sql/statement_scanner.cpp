@@ -75,9 +75,7 @@ bool StatementScanner::ReadToken(std::string_view text, std::size_t& at) {
 void StatementScanner::ReadWord(std::string_view word) {
   switch (head_) {
     case Head::Start:
-      if (!IsKeyword(word, "EXPLAIN")) {
-        head_ = IsKeyword(word, "CREATE") ? Head::Create : Head::Other;
-      }
+      head_ = IsKeyword(word, "CREATE") ? Head::Create : Head::Other;
       break;
     case Head::Create:
       if (!IsKeyword(word, "TEMP") && !IsKeyword(word, "TEMPORARY")) {

@@ -81,6 +81,62 @@ class JoinFixer {
   std::string_view last_;                   ///< the last token that was no blank
 };
 
+/// The keywords of plain statements.
+constexpr std::array<std::string_view, 7> kPlainKeywords = {"INSERT", "INTO", "VALUES", "NULL",
+                                                            "UPDATE", "SET",  "WHERE"};
+
+/// Goes over the tokens of a statement and writes each as plain statements do.
+class SpellingFixer {
+ public:
+  std::string Fix(std::string_view text) {
+    while (!text.empty()) {
+      const SqlToken token = ReadToken(text);
+      Take(token.kind, text.substr(0, token.length));
+      text.remove_prefix(token.length);
+    }
+    return std::move(result_) + ';';
+  }
+
+ private:
+  void Take(TokenKind kind, std::string_view token) {
+    if (kind == TokenKind::Blank || kind == TokenKind::Comment) {
+      isApart_ = true;
+      return;
+    }
+    if (IsPlainName(kind, token)) {
+      kind = TokenKind::Word;
+      token = token.substr(1, token.size() - 2);
+    }
+    const auto keyword = std::ranges::find_if(
+        kPlainKeywords, [token](std::string_view known) { return IsKeyword(token, known); });
+    if (NeedsBlank(kind)) {
+      result_ += ' ';
+    }
+    result_ += keyword == kPlainKeywords.end() ? token : *keyword;
+    last_ = kind;
+    isApart_ = false;
+  }
+
+  /// Whether a token is a name whose quotes can go.
+  static bool IsPlainName(TokenKind kind, std::string_view token) {
+    const bool isQuoted = kind == TokenKind::QuotedName || kind == TokenKind::BracketedName;
+    return isQuoted && LeadingWord(token.substr(1)).size() + 2 == token.size();
+  }
+
+  bool NeedsBlank(TokenKind kind) const {
+    const bool isAfterWord = last_ == TokenKind::Word;
+    const bool isAfterText = last_ == TokenKind::String;
+    return kind == TokenKind::Word ? isAfterWord || isAfterText
+           : kind == TokenKind::String
+               ? isAfterText && isApart_  // else one text with an apostrophe
+               : isAfterWord && result_.ends_with(" VALUES");
+  }
+
+  std::string result_;
+  TokenKind last_ = TokenKind::Semicolon;
+  bool isApart_ = false;  ///< something that is left out stands before the next token
+};
+
 }  // namespace
 
 std::string_view StatementBody(std::string_view text) {
@@ -124,16 +180,9 @@ std::string WithFixedJoinOrder(std::string_view text) {
   return JoinFixer().Fix(text);
 }
 
-std::string_view SelectionOf(std::string_view createTable) {
-  for (std::string_view rest = createTable; !rest.empty();) {
-    const SqlToken token = ReadToken(rest);
-    const std::string_view bytes = rest.substr(0, token.length);
-    rest.remove_prefix(token.length);
-    if (token.kind == TokenKind::Word && IsKeyword(bytes, "AS")) {
-      return rest;
-    }
-  }
-  return {};
+std::string WithPlainSpelling(std::string_view text) {
+  SpellingFixer fixer;
+  return fixer.Fix(text);
 }
 
 }  // namespace lexmill::platform::sqlite

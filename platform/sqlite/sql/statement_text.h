@@ -22,7 +22,9 @@ inline constexpr std::string_view kMasterAlias = "lexmill_master";
 /// are looped in the order in which they are named, and with kMasterAlias for `sqlite_master`.
 [[nodiscard]] std::string WithFixedJoinOrder(std::string_view text);
 
-/// The text behind the word AS of `CREATE TABLE name AS SELECT …`.
-[[nodiscard]] std::string_view SelectionOf(std::string_view createTable);
+/// `text`, one of the statements that write rows, in the spelling of plain statements: keywords in
+/// capitals, names without quotes, one blank between words and none elsewhere, no comments, a
+/// semicolon at the end.
+[[nodiscard]] std::string WithPlainSpelling(std::string_view text);
 
 }  // namespace lexmill::platform::sqlite

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/sql/table_module.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -40,10 +39,7 @@ int Connect(sqlite3* connection, void* module, int, const char* const* words, sq
     if (sqlite3_declare_vtab(connection, Declaration(*table).c_str()) != SQLITE_OK) {
       throw DatabaseError(sqlite3_errmsg(connection));
     }
-    auto known = std::make_unique<VirtualTable>(context, *table);
-    known->hasDefault = context.schema.Defaults(*table);
-    known->hasTrigger = HasTrigger(context.database, *table);
-    *result = known.release();
+    *result = std::make_unique<VirtualTable>(context, *table).release();
   });
 }
 
@@ -69,34 +65,17 @@ sqlite3_module MakeModule() {
   module.xDisconnect = &Disconnect;
   module.xDestroy = &Disconnect;
   AddReading(module);
-  AddWriting(module);
   return module;
 }
 
 }  // namespace
 
-TableModule::TableModule(sqlite3* connection, Database& database, SchemaCompiler& schema)
-    : context_{database, schema, MasterTable()} {
+TableModule::TableModule(sqlite3* connection, Database& database)
+    : context_{database, MasterTable()} {
   static const sqlite3_module module = MakeModule();
   if (sqlite3_create_module(connection, "lexmill_table", &module, &context_) != SQLITE_OK) {
     throw DatabaseError(sqlite3_errmsg(connection));
   }
-}
-
-bool HasTrigger(Database& database, const Table& table) {
-  const auto& objects = database.Objects();
-  return std::any_of(objects.begin(), objects.end(), [&table](const CatalogObject& object) {
-    return object.type == "trigger" && SameName(object.tableName, table.name);
-  });
-}
-
-std::optional<std::string_view> TextOf(sqlite3_value* value) {
-  const void* bytes = sqlite3_value_text(value);
-  if (bytes == nullptr) {
-    return std::nullopt;
-  }
-  return std::string_view(static_cast<const char*>(bytes),
-                          static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
 }  // namespace lexmill::platform::sqlite

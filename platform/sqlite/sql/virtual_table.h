@@ -5,9 +5,6 @@
 #include <sqlite3.h>
 
 #include <new>
-#include <optional>
-#include <string_view>
-#include <vector>
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/sql/table_module.h"
@@ -21,8 +18,6 @@ struct VirtualTable : sqlite3_vtab {
 
   TableModule::Context& context;
   const Table& table;
-  std::vector<bool> hasDefault;  ///< columns whose default value libsqlite3 does not tell
-  bool hasTrigger = false;
 };
 
 [[nodiscard]] inline VirtualTable& TableOf(sqlite3_vtab* table) {
@@ -46,11 +41,7 @@ template <typename Body>
   }
 }
 
-/// A value as text; none for NULL. Good until libsqlite3 takes the value back.
-[[nodiscard]] std::optional<std::string_view> TextOf(sqlite3_value* value);
-
-/// Puts the routines that read and write rows into the module.
+/// Puts the routines that read rows into the module.
 void AddReading(sqlite3_module& module);
-void AddWriting(sqlite3_module& module);
 
 }  // namespace lexmill::platform::sqlite

@@ -120,8 +120,8 @@ TEST(PlainJoin, SaysWhenARowIsTooLong) {
   }
 }
 
-/// Statements at random, each in the form that is recognised and in another spelling. A few values
-/// occur over and over; some are NULL, which both spellings leave to libsqlite3.
+/// Statements at random, each as scripts spell it, to be collected with others, and in another
+/// spelling, to be carried out at once. A few values occur over and over; some rows hold NULL.
 class RandomStatements {
  public:
   std::string plain{kTables};
@@ -130,9 +130,9 @@ class RandomStatements {
   void Add() {
     const unsigned kind = Number(6);
     if (kind == 0) {
-      Add("UPDATE ", "O SET o2=" + Text() + " WHERE o1=" + Text() + ";\n");
+      Add("UPDATE ", "O SET o2=" + Text(6) + " WHERE o1=" + Text(6) + ";\n");
     } else if (kind == 1) {
-      Add("UPDATE ", "O SET o1=" + Text() + " WHERE o2=" + Text() + ";\n");
+      Add("UPDATE ", "O SET o1=" + Text(6) + " WHERE o2=" + Text(6) + ";\n");
     } else if (kind == 2) {
       Add("INSERT INTO ", "O VALUES (" + Texts(3) + ");\n");
     } else if (kind == 3) {
@@ -149,9 +149,9 @@ class RandomStatements {
  private:
   unsigned Number(unsigned end) { return static_cast<unsigned>(random_() % end); }
 
-  std::string Text() {
+  std::string Text(unsigned kinds = 7) {
     constexpr const char* kTexts[] = {"'a'", "'A'", "'''B'''", "''", "'\xA3\xE1'", "' a'", "NULL"};
-    return kTexts[Number(7)];
+    return kTexts[Number(kinds)];
   }
 
   std::string Texts(int count) {
@@ -182,10 +182,9 @@ TEST(PlainJoin, BothWaysAgreeOnRandomTables) {
     }
     const ShellWorld plain;
     const ShellWorld other;
-    // The failed ones are echoed as they are spelled.
     std::string failures = other.Script(statements.other + "COMMIT;\n");
-    for (std::size_t at = 0; (at = failures.find("INTO  ", at)) != std::string::npos;) {
-      failures.erase(at + 5, 1);
+    for (std::size_t at = 0; (at = failures.find("  ", at)) != std::string::npos;) {
+      failures.erase(at, 1);  // they are echoed as they are spelled
     }
     EXPECT_NE(failures, "");
     EXPECT_EQ(plain.Script(statements.plain + "COMMIT;\n"), failures);

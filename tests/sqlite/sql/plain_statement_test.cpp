@@ -18,6 +18,10 @@ TEST(PlainInsert, ReadsNameValuesAndLength) {
   EXPECT_EQ(insert.Table(), "R");
   EXPECT_THAT(insert.Values(), ElementsAre("it's '", "", "\\;--"));
 
+  const std::string_view null = "INSERT INTO R VALUES (NULL,'NULL');";
+  EXPECT_EQ(insert.Read(null), null.size());
+  EXPECT_THAT(insert.Values(), ElementsAre(std::nullopt, "NULL"));
+
   const std::string_view doubled = "INSERT INTO S VALUES ('''','''''','a''b''''c');";
   EXPECT_EQ(insert.Read(doubled), doubled.size());
   EXPECT_THAT(insert.Values(), ElementsAre("'", "''", "a'b''c"));
@@ -28,10 +32,10 @@ TEST(PlainInsert, LeavesEveryOtherSpellingAlone) {
   for (const char* text :
        {"", "INSERT INTO R VALUES ();", "INSERT INTO R VALUES ('a'", "INSERT INTO R VALUES ('a",
         "INSERT INTO R VALUES ('a')", "INSERT INTO R VALUES('a');", "insert into R values ('a');",
-        "INSERT INTO R VALUES ('a' ,'b');", "INSERT INTO R VALUES ('a',NULL);",
-        "INSERT INTO R VALUES (1);", "INSERT INTO \"R\" VALUES ('a');",
-        "INSERT INTO 1R VALUES ('a');", "INSERT INTO R(r1) VALUES ('a');",
-        "INSERT INTO R VALUES ('a'||'b');", " INSERT INTO R VALUES ('a');"}) {
+        "INSERT INTO R VALUES ('a' ,'b');", "INSERT INTO R VALUES (1);",
+        "INSERT INTO \"R\" VALUES ('a');", "INSERT INTO 1R VALUES ('a');",
+        "INSERT INTO R(r1) VALUES ('a');", "INSERT INTO R VALUES ('a'||'b');",
+        " INSERT INTO R VALUES ('a');"}) {
     EXPECT_EQ(insert.Read(text), 0u) << text;
   }
 }

@@ -39,6 +39,22 @@ TEST(StatementText, BodyHasNeitherCommentsRoundItNorSemicolon) {
   EXPECT_EQ(StatementBody(" /* ; */ ; "), "");
 }
 
+TEST(StatementText, EverySpellingBecomesThePlainOne) {
+  const struct {
+    const char* sql;
+    const char* plain;
+  } cases[] = {
+      {"insert\tInto \"R\"values('a' , /* ' */null,\r\n'it''s')",
+       "INSERT INTO R VALUES ('a',NULL,'it''s');"},
+      {"update [R]set `c`= 'x'where k ='y'", "UPDATE R SET c='x' WHERE k='y';"},
+      {"INSERT INTO R VALUES ('a' 'b')", "INSERT INTO R VALUES ('a' 'b');"},
+      {"INSERT INTO R VALUES (\"a b\")", "INSERT INTO R VALUES (\"a b\");"},
+  };
+  for (const auto& expected : cases) {
+    EXPECT_EQ(WithPlainSpelling(expected.sql), expected.plain);
+  }
+}
+
 TEST(StatementText, NulByteEndsItsStringOnly) {
   using namespace std::string_literals;
   EXPECT_EQ(WithoutNulBytes("x ('a\0b''c','d','\0') \0y"s), "x ('a','d','')  y");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "platform/sqlite/sql/virtual_table.h"
 #include "platform/sqlite/table/table_cursor.h"
@@ -83,13 +84,15 @@ bool SeekRowId(VirtualCursor& cursor, sqlite3_value* value) {
 }
 
 bool SeekText(VirtualCursor& cursor, sqlite3_value* value) {
-  const std::optional<std::string_view> text = TextOf(value);
-  if (!text) {
-    return false;
+  const void* bytes = sqlite3_value_text(value);
+  if (bytes == nullptr) {
+    return false;  // NULL equals nothing
   }
+  const std::string_view text(static_cast<const char*>(bytes),
+                              static_cast<std::size_t>(sqlite3_value_bytes(value)));
   const auto column = static_cast<std::size_t>(cursor.plan - kByIndex);
   cursor.found.emplace(TableOf(cursor.pVtab).context.database, *cursor.table.IndexOn(column));
-  cursor.found->Seek(*text);
+  cursor.found->Seek(text);
   return NextFound(cursor);
 }
 
