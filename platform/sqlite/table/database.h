@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: A database file of format 2.1: its objects, rows and
-// transactions.
+// platform/sqlite/table: A database file of format 2.1: its objects, rows and transactions.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/sqlite/file/file_access.h"
+#include "platform/sqlite/table/catalog.h"
+#include "platform/sqlite/table/keyed_updates.h"
+#include "platform/sqlite/table/row_appender.h"
 #include "platform/sqlite/table/table.h"
 
 namespace lexmill::platform::sqlite {
-
-class Storage;
 
 /// An open database. Every function throws DatabaseError with the text that users know.
 ///
@@ -40,16 +42,16 @@ class Database {
   void Commit();
   /// ROLLBACK.
   void Rollback();
-  [[nodiscard]] bool InTransaction() const;
+  [[nodiscard]] bool InTransaction() const { return inTransaction_; }
 
   /// All rows of the master table, in order.
-  [[nodiscard]] const std::vector<CatalogObject>& Objects();
+  [[nodiscard]] const std::vector<CatalogObject>& Objects() { return catalog_.Objects(); }
   /// Looks for a table, without regard to case. The pointer is good while SchemaVersion() stays.
   /// @return null if there is none
-  [[nodiscard]] const Table* FindTable(std::string_view name);
+  [[nodiscard]] const Table* FindTable(std::string_view name) { return catalog_.FindTable(name); }
   /// Changes whenever objects may have changed: by own statements, by the undoing of statements and
   /// by other processes. Ask inside a Statement or a transaction.
-  [[nodiscard]] std::uint64_t SchemaVersion();
+  [[nodiscard]] std::uint64_t SchemaVersion() { return catalog_.Version(); }
 
   /// Adds a table. Fails if the name is taken: `table R already exists`.
   /// @param sql  the statement as typed, from its first letter to its last token; `name` in it may
@@ -68,7 +70,7 @@ class Database {
   /// Removes a view or a trigger: `no such view: q`.
   void DropOther(std::string_view type, std::string_view name);
 
-  /// Adds a row behind the last. `values` has one value for each column; a text ends at its first
+  /// Adds a row after the last. `values` has one value for each column; a text ends at its first
   /// NUL byte. Fails with kRowTooLong. @return its number
   RowId Append(const Table& table, std::span<const Value> values);
   /// Adds a row of a given number. Fails if there is one: `PRIMARY KEY must be unique`.
@@ -80,7 +82,7 @@ class Database {
   void Delete(const Table& table, RowId rowId);
 
   /// `UPDATE table SET valueColumn=value WHERE keyColumn=key` for scripts of many such statements:
-  /// they are collected, on disk if need be, and carried out together before anything else is read
+  /// they are collected, on disk if need be, and made together before anything else is read
   /// or written, in one pass over the table. Of equal keys the last wins. A row that would become
   /// too long keeps its value, and the next statement or Commit fails with kRowTooLong; Commit does
   /// its work all the same.
@@ -96,7 +98,31 @@ class Database {
   friend class TableCursor;
   friend class IndexCursor;
 
-  std::unique_ptr<Storage> storage_;
+  void StartWriting();
+  void EndTransaction();
+  void CheckCanWrite() const;
+  void CheckNotBroken() const;
+  void ThrowPendingFailure();
+
+  void PrepareToWait();
+  /// Brings waiting changes into the file. Called before anything that might see the difference.
+  void Settle();
+  void DropWaiting();
+  /// Does work that no mark can take back: if it fails, only a rollback is left.
+  template <class Work>
+  auto Irrevocably(Work work);
+  /// `values` as they are stored: cut at NUL bytes, the row's number as NULL.
+  [[nodiscard]] std::span<const Value> Clean(const Table& table, std::span<const Value> values);
+  [[nodiscard]] RowId DrawRowId(const Table& table);
+
+  FileAccess file_;
+  Catalog catalog_;
+  std::unique_ptr<RowAppender> appender_;  ///< rows that wait
+  std::unique_ptr<KeyedUpdates> updates_;  ///< updates that wait
+  bool inTransaction_ = false;
+  std::optional<std::string> brokenBy_;        ///< why the transaction can only be rolled back
+  std::optional<std::string> pendingFailure_;  ///< to be reported by the next call
+  std::vector<Value> values_;
 };
 
 /// The frame of one statement: locks while it lasts and takes back what it changed unless it is
@@ -115,7 +141,13 @@ class Statement {
   void Complete();
 
  private:
+  void Begin();
+  void TakeBack();
+  void Leave() noexcept;
+
   Database& database_;
+  bool isWriting_ = false;  ///< has changes to keep or to take back
+  bool isOwn_ = false;      ///< is a transaction of its own
 };
 
 }  // namespace lexmill::platform::sqlite

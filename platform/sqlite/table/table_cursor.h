@@ -12,7 +12,6 @@
 namespace lexmill::platform::sqlite {
 
 class Database;
-class Storage;
 
 /// The rows of a table in the order of their numbers. Lives inside a Statement. Rows may be changed
 /// meanwhile: Next goes on behind the row it gave last. Damage throws kMalformed.
@@ -40,7 +39,7 @@ class TableCursor {
   [[nodiscard]] Value Column(std::size_t column) const { return rows_.Record().Column(column); }
 
  private:
-  Storage& storage_;
+  Database& database_;
   RowCursor rows_;
 };
 
@@ -57,7 +56,7 @@ class IndexCursor {
   [[nodiscard]] std::optional<RowId> Next();
 
  private:
-  Storage& storage_;
+  Database& database_;
   EntryCursor entries_;
 };
 

@@ -1,11 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/sqlite/tree/key_batch.h"
-
-#include <algorithm>
-#include <array>
-#include <bit>
-
-#include "platform/sqlite/file/page.h"
 
 // Keys of a dictionary's index begin alike by the hundred ("Open the ...", "Remove ..."), so a sort
 // that compares whole texts reads the same beginnings again and again. This one compares eight
@@ -23,6 +16,14 @@
 // their first `depth` bytes are equal, and each head is made of the bytes from `depth` on.
 //
 // In a whole run over 300,000 entries this takes 6 to 9 % less processor time than std::sort alone.
+
+#include "platform/sqlite/tree/key_batch.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+
+#include "platform/sqlite/file/page.h"
 
 namespace lexmill::platform::sqlite {
 namespace {

@@ -1,14 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/sqlite/tree/key_sorter.h"
-
-#include <algorithm>
-#include <array>
-#include <cstring>
-#include <span>
-#include <utility>
-
-#include "platform/sqlite/database_error.h"
-#include "platform/sqlite/file/temporary_file.h"
 
 // An external merge sort. Strings fill a batch; a full one is sorted and written to a nameless file
 // as a run. Sort() writes the last batch, too, gives its memory back and opens all runs; Next()
@@ -21,6 +11,17 @@
 //
 // Invariant while merging: the run that gave the last string is not in the heap but in `last_`, and
 // moves on at the following call only. That keeps the string that was handed out where it is.
+
+#include "platform/sqlite/tree/key_sorter.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <span>
+#include <utility>
+
+#include "platform/sqlite/database_error.h"
+#include "platform/sqlite/file/temporary_file.h"
 
 namespace lexmill::platform::sqlite {
 namespace {
