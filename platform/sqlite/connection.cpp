@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/connection.h"
 
-#include "platform/sqlite/database_error.h"
+#include <array>
 
 namespace lexmill::platform::sqlite {
 namespace {
@@ -9,10 +9,23 @@ namespace {
 /// The longest text or row, in bytes: what a row of the file can hold.
 constexpr int kLongestValue = 1048576;
 
-/// The text of the last failure in the words of the shell.
+/// Failures that a statement on our tables brings through libsqlite3.
+struct CarriedError {
+  int code;
+  KnownError error;
+};
+constexpr std::array<CarriedError, 5> kCarriedErrors = {{{SQLITE_CORRUPT, kMalformed},
+                                                         {SQLITE_CANTOPEN, kCannotOpen},
+                                                         {SQLITE_IOERR, kInputOutput},
+                                                         {SQLITE_FULL, kFull},
+                                                         {SQLITE_TOOBIG, kRowTooLong}}};
+
+/// The last failure in the words of the shell.
 DatabaseError LastError(sqlite3* handle) {
-  if (sqlite3_errcode(handle) == SQLITE_TOOBIG) {
-    return DatabaseError(kRowTooLong);
+  for (const CarriedError& carried : kCarriedErrors) {
+    if (sqlite3_errcode(handle) == carried.code) {
+      return DatabaseError(carried.error);
+    }
   }
   std::string text = sqlite3_errmsg(handle);
   constexpr std::string_view kSchema = "main.";
@@ -55,6 +68,15 @@ class OnlyDeclarations {
 };
 
 }  // namespace
+
+int ResultCodeOf(const DatabaseError& failure) {
+  for (const CarriedError& carried : kCarriedErrors) {
+    if (failure.Kind() == carried.error.kind) {
+      return carried.code;
+    }
+  }
+  return SQLITE_ERROR;
+}
 
 bool CompiledStatement::Step() {
   const int code = sqlite3_step(statement_.get());
@@ -104,14 +126,6 @@ std::optional<CompiledStatement> Connection::Compile(std::string_view sql) {
 void Connection::Run(std::string_view sql) {
   std::optional<CompiledStatement> statement = Compile(sql);
   while (statement && statement->Step()) {
-  }
-}
-
-void Connection::RunIfUnderstood(std::string_view sql) {
-  try {
-    Run(sql);
-  } catch (const DatabaseError&) {
-    // Refused as if it weren't there.
   }
 }
 

@@ -9,7 +9,13 @@
 #include <string>
 #include <string_view>
 
+#include "platform/sqlite/database_error.h"
+
 namespace lexmill::platform::sqlite {
+
+/// The code by which libsqlite3 is told of a failure, so that it comes back from CompiledStatement
+/// and Connection as what it was.
+[[nodiscard]] int ResultCodeOf(const DatabaseError& failure);
 
 /// A compiled statement. Lives shorter than its connection.
 class CompiledStatement {
@@ -52,8 +58,6 @@ class Connection {
   /// Compiles and runs, without regard to rows.
   /// @throws DatabaseError
   void Run(std::string_view sql);
-  /// Runs, or does nothing where libsqlite3 refuses.
-  void RunIfUnderstood(std::string_view sql);
   /// Runs a CREATE statement that a file holds and that may be meant to do harm: whatever would
   /// compute, read or reach out of this database is refused.
   /// @throws DatabaseError

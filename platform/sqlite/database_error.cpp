@@ -5,10 +5,6 @@
 
 namespace lexmill::platform::sqlite {
 
-bool DatabaseError::IsOfTheFile() const {
-  return text_ == kMalformed || text_ == kCannotOpen || text_ == kInputOutput || text_ == kFull;
-}
-
 DatabaseError HostError() {
   const bool isFull = errno == ENOSPC || errno == EDQUOT || errno == EFBIG;
   return DatabaseError(isFull ? kFull : kInputOutput);

@@ -21,13 +21,13 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 
-void TellError(std::string_view text, const ShellStreams& streams) {
+void PrintError(std::string_view text, const ShellStreams& streams) {
   try {
     OutputBuffer error(streams.error);
     error.AppendLines(text);
     error.Flush();
   } catch (const StreamFailure&) {
-    // There is nobody left to tell.
+    // Nobody is left who could read it.
   }
 }
 
@@ -61,32 +61,36 @@ class Shell {
       return kSuccess;
     } catch (const DatabaseError& failure) {
       output_.Flush();
-      TellError("SQL error: " + failure.Text(), streams_);
+      PrintError("SQL error: " + failure.Text(), streams_);
       return failure.IsOfTheFile() ? kExitBrokenStream : kFailure;
     }
   }
 
   int RunScript() {
     ScriptReader reader(streams_.input);
-    while (const std::optional<ScriptBatch> batch = reader.Next()) {
-      switch (batch->kind) {
-        case ScriptBatch::Kind::Statements:
-          RunBatch(*batch);
-          break;
-        case ScriptBatch::Kind::Command:
-          output_.Flush();
-          TellError("unknown command: " + std::string(batch->text), streams_);
-          break;
-        case ScriptBatch::Kind::Incomplete:
-          output_.Append("Incomplete SQL: ");
-          output_.AppendLines(batch->text);
-          break;
-      }
+    while (const std::optional<ScriptBatch> batch = isBroken_ ? std::nullopt : reader.Next()) {
+      RunBatch(*batch);
     }
-    return kSuccess;
+    return isBroken_ ? kExitBrokenStream : kSuccess;
   }
 
   void RunBatch(const ScriptBatch& batch) {
+    switch (batch.kind) {
+      case ScriptBatch::Kind::Statements:
+        RunStatements(batch);
+        break;
+      case ScriptBatch::Kind::Command:
+        output_.Flush();
+        PrintError("unknown command: " + std::string(batch.text), streams_);
+        break;
+      case ScriptBatch::Kind::Incomplete:
+        output_.Append("Incomplete SQL: ");
+        output_.AppendLines(batch.text);
+        break;
+    }
+  }
+
+  void RunStatements(const ScriptBatch& batch) {
     if (SkipBlanks(batch.text).empty()) {
       return;
     }
@@ -95,8 +99,9 @@ class Shell {
       if (batch.insert == nullptr && session.Collect(batch.text)) {
         return;
       }
+      // What was collected fails for itself: this batch is still to run.
       ReportFailure({}, [&] { session.Settle(); });
-      if (batch.insert == nullptr || !session.Insert(*batch.insert)) {
+      if (!isBroken_ && (batch.insert == nullptr || !session.Insert(*batch.insert))) {
         rows_.BeginBatch();
         session.Run(batch.text);
       }
@@ -112,6 +117,7 @@ class Shell {
       output_.AppendLines(text);
       output_.Append("SQL error: " + failure.Text());
       output_.EndLine();
+      isBroken_ = failure.Kind() == ErrorKind::Full || failure.Kind() == ErrorKind::InputOutput;
     }
   }
 
@@ -131,6 +137,7 @@ class Shell {
   const ShellStreams& streams_;
   OutputBuffer output_;
   RowOutput rows_;
+  bool isBroken_ = false;  ///< the disk failed: nothing that follows could do better
   std::optional<Database> database_;
   std::optional<Session> session_;
 };
@@ -140,19 +147,19 @@ class Shell {
 int RunShell(std::span<const std::string> words, const ShellStreams& streams) {
   const ParsedArguments parsed = ParseArguments(words);
   if (!parsed.arguments) {
-    TellError(parsed.complaint, streams);
+    PrintError(parsed.complaint, streams);
     return kFailure;
   }
   try {
     return Shell(*parsed.arguments, streams).Run();
   } catch (const OpenFailure& failure) {
-    TellError("Unable to open database \"" + parsed.arguments->database + "\": " + failure.text,
-              streams);
+    PrintError("Unable to open database \"" + parsed.arguments->database + "\": " + failure.text,
+               streams);
   } catch (const StreamFailure& failure) {
-    TellError(failure.text, streams);
+    PrintError(failure.text, streams);
     return kExitBrokenStream;
   } catch (const std::bad_alloc&) {
-    TellError("out of memory", streams);
+    PrintError("out of memory", streams);
     return kExitBrokenStream;
   }
   return kFailure;

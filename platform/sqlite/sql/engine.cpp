@@ -51,12 +51,21 @@ void Engine::Connect() {
   connection_->Run(VirtualTableSql(kMasterAlias));
   for (const CatalogObject& object : database_.Objects()) {
     if (object.type == "table") {
-      connection_->RunIfUnderstood(VirtualTableSql(object.name));
+      ConnectTable(object.name);
     } else if (object.type == "view") {
       connection_->DeclareIfUnderstood(WithFixedJoinOrder(object.sql.value_or("")));
     }
   }
   version_ = database_.SchemaVersion();
+}
+
+/// A table that can't be described is as if it weren't there.
+void Engine::ConnectTable(std::string_view name) {
+  try {
+    connection_->Run(VirtualTableSql(name));
+  } catch (const DatabaseError&) {
+    // Says so when a statement names it.
+  }
 }
 
 void Engine::Print(CompiledStatement& statement) {

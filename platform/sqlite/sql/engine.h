@@ -27,6 +27,7 @@ class Engine {
 
  private:
   void Connect();
+  void ConnectTable(std::string_view name);
   void Print(CompiledStatement& statement);
 
   Database& database_;

@@ -29,6 +29,16 @@ struct SqlToken {
 /// The token at the start of `text`, which must not be empty.
 [[nodiscard]] SqlToken ReadToken(std::string_view text);
 
+/// Calls `take(token, bytes)` for each token of `text`, in order.
+template <class Take>
+void ForEachToken(std::string_view text, Take take) {
+  while (!text.empty()) {
+    const SqlToken token = ReadToken(text);
+    take(token, text.substr(0, token.length));
+    text.remove_prefix(token.length);
+  }
+}
+
 /// Where a token that is open ends.
 /// @param opening  its first byte, or '*' for a comment between slash-star and star-slash
 /// @return number of bytes of `text` that belong to it, the closing ones included; npos if it

@@ -23,11 +23,8 @@ constexpr std::array<std::string_view, 6> kJoinKinds = {"CROSS", "INNER", "LEFT"
 class JoinFixer {
  public:
   std::string Fix(std::string_view text) {
-    while (!text.empty()) {
-      const SqlToken token = ReadToken(text);
-      Take(token.kind, text.substr(0, token.length));
-      text.remove_prefix(token.length);
-    }
+    ForEachToken(
+        text, [this](const SqlToken& token, std::string_view bytes) { Take(token.kind, bytes); });
     return std::move(result_);
   }
 
@@ -89,11 +86,8 @@ constexpr std::array<std::string_view, 7> kPlainKeywords = {"INSERT", "INTO", "V
 class SpellingFixer {
  public:
   std::string Fix(std::string_view text) {
-    while (!text.empty()) {
-      const SqlToken token = ReadToken(text);
-      Take(token.kind, text.substr(0, token.length));
-      text.remove_prefix(token.length);
-    }
+    ForEachToken(
+        text, [this](const SqlToken& token, std::string_view bytes) { Take(token.kind, bytes); });
     return std::move(result_) + ';';
   }
 
@@ -156,22 +150,15 @@ std::string_view StatementBody(std::string_view text) {
 std::string WithoutNulBytes(std::string_view text) {
   std::string result;
   bool isCut = false;  // the string whose rest comes next has ended
-  while (!text.empty()) {
-    const SqlToken token = ReadToken(text);
-    const std::string_view bytes = text.substr(0, token.length);
-    text.remove_prefix(token.length);
+  ForEachToken(text, [&](const SqlToken& token, std::string_view bytes) {
     isCut = isCut && token.kind == TokenKind::String;
-    if (isCut) {
-      continue;
-    }
     const std::size_t nul = bytes.find('\0');
-    if (token.kind == TokenKind::String && nul != std::string_view::npos) {
-      result.append(bytes.substr(0, nul)).append("'");
-      isCut = true;
-    } else {
-      result.append(bytes);
+    if (isCut) {
+      return;
     }
-  }
+    isCut = token.kind == TokenKind::String && nul != std::string_view::npos;
+    result.append(isCut ? bytes.substr(0, nul) : bytes).append(isCut ? "'" : "");
+  });
   std::replace(result.begin(), result.end(), '\0', ' ');
   return result;
 }

@@ -6,6 +6,7 @@
 
 #include <new>
 
+#include "platform/sqlite/connection.h"
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/sql/table_module.h"
 
@@ -35,7 +36,7 @@ template <typename Body>
   } catch (const DatabaseError& failure) {
     sqlite3_free(message);
     message = sqlite3_mprintf("%s", failure.Text().c_str());
-    return SQLITE_ERROR;
+    return ResultCodeOf(failure);
   } catch (const std::bad_alloc&) {
     return SQLITE_NOMEM;
   }

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/sqlite/database_error.h"
 #include "platform/sqlite/file/file_access.h"
 #include "platform/sqlite/table/catalog.h"
 #include "platform/sqlite/table/keyed_updates.h"
@@ -38,9 +39,10 @@ class Database {
   /// BEGIN. Takes the write lock; nothing is begun if that fails. On a read-only file only the
   /// writing statements fail.
   void Begin();
-  /// COMMIT. If writing fails, everything is rolled back.
+  /// COMMIT. If writing fails, everything is rolled back. Without a transaction it fails with
+  /// `cannot commit - no transaction is active`, or with kLocked while another process writes.
   void Commit();
-  /// ROLLBACK.
+  /// ROLLBACK. Without a transaction it fails likewise.
   void Rollback();
   [[nodiscard]] bool InTransaction() const { return inTransaction_; }
 
@@ -84,7 +86,7 @@ class Database {
   /// `UPDATE table SET valueColumn=value WHERE keyColumn=key` for scripts of many such statements:
   /// they are collected, on disk if need be, and made together before anything else is read
   /// or written, in one pass over the table. Of equal keys the last wins. A row that would become
-  /// too long keeps its value, and the next statement or Commit fails with kRowTooLong; Commit does
+  /// too long keeps its value, and the next Statement or Commit fails with kRowTooLong; Commit does
   /// its work all the same.
   /// Texts are cut at their first NUL byte.
   void UpdateWhere(const Table& table, std::size_t keyColumn, std::size_t valueColumn,
@@ -103,6 +105,7 @@ class Database {
   void CheckCanWrite() const;
   void CheckNotBroken() const;
   void ThrowPendingFailure();
+  void CheckInTransaction(std::string_view failure);
 
   void PrepareToWait();
   /// Brings waiting changes into the file. Called before anything that might see the difference.
@@ -120,8 +123,8 @@ class Database {
   std::unique_ptr<RowAppender> appender_;  ///< rows that wait
   std::unique_ptr<KeyedUpdates> updates_;  ///< updates that wait
   bool inTransaction_ = false;
-  std::optional<std::string> brokenBy_;        ///< why the transaction can only be rolled back
-  std::optional<std::string> pendingFailure_;  ///< to be reported by the next call
+  std::optional<DatabaseError> brokenBy_;        ///< why the transaction can only be rolled back
+  std::optional<DatabaseError> pendingFailure_;  ///< to be reported by the next statement or Commit
   std::vector<Value> values_;
 };
 

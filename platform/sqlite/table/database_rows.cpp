@@ -23,7 +23,7 @@ auto Database::Irrevocably(Work work) {
   try {
     return work();
   } catch (const DatabaseError& error) {
-    brokenBy_ = error.Text();
+    brokenBy_ = error;
     throw;
   }
 }
@@ -66,7 +66,6 @@ bool Database::CanUpdateWhere(const Table& table, std::size_t keyColumn, std::si
 }
 
 void Database::PrepareToWait() {
-  ThrowPendingFailure();
   CheckNotBroken();
   CheckCanWrite();
   Settle();
@@ -81,7 +80,7 @@ void Database::Settle() {
       appender->Finish();
     }
     if (updates && !updates->Apply()) {
-      pendingFailure_ = kRowTooLong;
+      pendingFailure_.emplace(kRowTooLong);
     }
   });
 }

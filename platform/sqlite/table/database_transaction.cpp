@@ -15,7 +15,7 @@
 //     transaction is broken: `brokenBy_` says by what, all calls fail with that, and Commit rolls
 //     back.
 //   - A row that is found too long only when its update is made. Everything is in order, but nobody
-//     has been told: `pendingFailure_` waits for the next call.
+//     has been told: `pendingFailure_` waits for the next statement.
 //
 // Locks: the shared lock is held in a statement and throughout a transaction, the write lock from
 // Begin or from the first page on that a statement of its own changes.
@@ -54,9 +54,7 @@ void Database::StartWriting() {
 }
 
 void Database::Commit() {
-  if (!inTransaction_) {
-    throw DatabaseError("cannot commit - no transaction is active");
-  }
+  CheckInTransaction("cannot commit - no transaction is active");
   try {
     Settle();
     CheckNotBroken();
@@ -78,9 +76,7 @@ void Database::Commit() {
 }
 
 void Database::Rollback() {
-  if (!inTransaction_) {
-    throw DatabaseError("cannot rollback - no transaction is active");
-  }
+  CheckInTransaction("cannot rollback - no transaction is active");
   EndTransaction();
   pendingFailure_.reset();
   if (file_.Pages().IsWriting()) {
@@ -104,18 +100,25 @@ void Database::CheckCanWrite() const {
 
 void Database::CheckNotBroken() const {
   if (brokenBy_) {
-    throw DatabaseError(*brokenBy_);
+    throw *brokenBy_;
   }
 }
 
 void Database::ThrowPendingFailure() {
   if (pendingFailure_) {
-    throw DatabaseError(*std::exchange(pendingFailure_, std::nullopt));
+    throw *std::exchange(pendingFailure_, std::nullopt);
+  }
+}
+
+void Database::CheckInTransaction(std::string_view failure) {
+  if (!inTransaction_) {
+    file_.Enter();  // fails while another process writes
+    file_.Leave();
+    throw DatabaseError(failure);
   }
 }
 
 Statement::Statement(Database& database, Access access) : database_(database) {
-  database_.ThrowPendingFailure();
   database_.CheckNotBroken();
   if (!database_.inTransaction_) {
     database_.file_.Enter();
@@ -123,6 +126,7 @@ Statement::Statement(Database& database, Access access) : database_(database) {
   }
   try {
     database_.Settle();
+    database_.ThrowPendingFailure();
     if (access == Access::Write) {
       Begin();
     }
@@ -153,6 +157,7 @@ void Statement::Complete() {
     return;
   }
   database_.Settle();
+  database_.ThrowPendingFailure();
   isWriting_ = false;
   if (isOwn_) {
     database_.EndTransaction();
@@ -183,7 +188,7 @@ void Statement::Leave() noexcept {
       database_.file_.Leave();
     }
   } catch (const DatabaseError& error) {
-    database_.brokenBy_ = error.Text();
+    database_.brokenBy_ = error;
   }
 }
 

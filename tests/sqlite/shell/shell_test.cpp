@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/shell/shell.h"
 
+#include <sys/resource.h>
+#include <csignal>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -220,6 +223,65 @@ TEST(SqliteShell, TakesPlainStatementsInAnySpelling) {
                          "update R set r2 = 'new' where r1 = 'a';\nend transaction;\n"
                          "SELECT r1,r2 FROM R; SELECT sql FROM sqlite_master;\n"),
             "a|new\nb|it's\ncreate TABLE  R ( r1 TEXT , r2 TEXT )\n");
+}
+
+TEST(SqliteShell, ReportsDamageByItsExitCodeWhoeverReadsTheTable) {
+  const ShellWorld world;
+  ASSERT_EQ(world.Script(kReference), "");
+  const std::string bytes = test::ReadBytes(world.Folder().File("w.db"));
+  test::WriteBytes(world.Folder().File("w.db"), bytes.substr(0, 2048) + std::string(2048, 'x'));
+  for (const char* query : {"SELECT r1,r2 FROM R;", "SELECT r2 FROM R WHERE r1='Open'"}) {
+    EXPECT_EQ(world.Run({"", query}),
+              (ShellOutcome{"", "SQL error: database disk image is malformed\r\n", 74}));
+  }
+}
+
+/// While it lives, no file of this process grows beyond a size, as on a disk that is full.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit = {bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  void (*handler_)(int);
+  rlimit before_{};
+};
+
+TEST(SqliteShell, EndsAScriptWhenTheDiskIsFull) {
+  const struct {
+    int rows;
+    const char* failed;
+  } cases[] = {{200, "COMMIT;\r\n"}, {20'000, "INSERT INTO R VALUES "}};
+  for (const auto& expected : cases) {
+    const ShellWorld world;
+    ASSERT_EQ(world.Script(kReference), "");
+    const std::string before = test::ReadBytes(world.Folder().File("w.db"));
+    std::string script = "BEGIN;\n";
+    for (int i = 0; i < expected.rows; ++i) {
+      script += "INSERT INTO R VALUES ('" + std::string(500, 'x') + "','');\n";
+    }
+    script += "COMMIT;\nSELECT 1;\n";
+    ShellOutcome outcome;
+    {
+      const FileSizeLimit limit(64 * 1024);
+      outcome = world.Run({""}, script);
+    }
+    EXPECT_EQ(outcome.code, 74);
+    EXPECT_EQ(outcome.output.find(expected.failed), 0U) << outcome.output;
+    EXPECT_TRUE(outcome.output.ends_with("\r\nSQL error: database or disk is full\r\n"));
+    EXPECT_EQ(outcome.output.find("SQL error"), outcome.output.rfind("SQL error"));
+    EXPECT_EQ(test::ReadBytes(world.Folder().File("w.db")), before);
+    EXPECT_EQ(world.Folder().Listing(), "w.db");
+  }
 }
 
 TEST(SqliteShell, TakesManyStatementsOnOneLine) {

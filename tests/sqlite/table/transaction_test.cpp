@@ -124,7 +124,8 @@ TEST_F(Transactions, WriterLocksOthersOut) {
   const auto read = [&other] { const Statement frame(other, Statement::Access::Read); };
   EXPECT_EQ(ErrorOf(read), "database is locked");
   EXPECT_EQ(ErrorOf([&] { other.Begin(); }), "database is locked");
-  EXPECT_EQ(ErrorOf([&] { other.Commit(); }), "cannot commit - no transaction is active");
+  EXPECT_EQ(ErrorOf([&] { other.Commit(); }), "database is locked");
+  EXPECT_EQ(ErrorOf([&] { other.Rollback(); }), "database is locked");
   EXPECT_EQ(ErrorOf([&] { Database late(path_); }), "");
   ChangeMany(writer);
   writer.Commit();
