@@ -20,7 +20,9 @@ constexpr std::u16string_view kFullWidthHotKey =
     uR"(^((?:&&|[^&])*)&([\u007F-\uFFFF](?:&&|[^&])*)$)";
 constexpr std::u16string_view kUntranslatedHotKey = uR"(^((?:&&|[^&])*)&([^ &](?:&&|[^&])*)$)";
 constexpr std::u16string_view kBeforeBrackets = uR"(^((?:&&|[^&])*))";
-constexpr std::u16string_view kBetweenBrackets = u"&[^ &]";
+// A character of two units goes as a whole: half of it could be written to no file.
+constexpr std::u16string_view kBetweenBrackets =
+    uR"(&(?:[\uD800-\uDBFF][\uDC00-\uDFFF]|[^ &\uD800-\uDBFF]))";
 constexpr std::u16string_view kBehindBrackets = uR"(((?:&&|[^&])*)$)";
 constexpr std::u16string_view kBothSides = u"$1$2";
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/text/text_encoding.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 
@@ -12,6 +13,9 @@
 
 namespace lexmill::platform {
 namespace {
+
+/// Sequences of two bytes that are no chance any more.
+constexpr int kTellingPairs = 10;
 
 /// Length of `bytes` without a character that may go on behind their end.
 std::size_t WithoutCutOff(std::string_view bytes) {
@@ -57,7 +61,7 @@ TextEncoding Utf8Recognition::Result() const {
   if (hasMark_) {
     return TextEncoding::Utf8WithMark;
   }
-  return hasLongSequence_ ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  return hasLongSequence_ || pairs_ >= kTellingPairs ? TextEncoding::Utf8 : TextEncoding::Ansi;
 }
 
 void Utf8Recognition::Scan(std::string_view bytes) {
@@ -72,6 +76,7 @@ void Utf8Recognition::Scan(std::string_view bytes) {
     valid_ = codePoint >= 0;
     hasMark_ = hasMark_ || (atStart_ && codePoint == kMark);
     hasLongSequence_ = hasLongSequence_ || codePoint > kLastOfTwoBytes;
+    pairs_ = std::min(pairs_ + 1, kTellingPairs);
   }
 }
 

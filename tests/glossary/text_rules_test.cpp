@@ -154,6 +154,8 @@ TEST(ReferenceRules, TakeTheTargetsHotKeyOut) {
       {"before U+007E", All(), u"o", u"a&~b", "[o][a&~b]"},
       {"full width off", noFullWidth, u"o", u"打&开", "[o][打&开]"},
       {"no brackets wanted", noBrackets, u"o", u"打&O开", "[o][打开]"},
+      {"a hot key of two units", All(), u"o", u"打(&𠀀)开", "[o][打开]"},
+      {"the same without brackets", noBrackets, u"o", u"打&𠀀开", "[o][打开]"},
       {"a capturing bracket moves the groups", capturing, u"o", u"打(&O)开", "[o][打(]"},
       {"a bracket that swallows a group", swallowing, u"o", u"打&O(", "[o][打$2]"},
       {"only the match is replaced", alternative, u"o", u"打&O开", "[o][打开]"},
