@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "run/dictionary_encoding.h"
 
+#include <algorithm>
 #include <string>
 
 #include "foundation/entry_point.h"
 #include "platform/controls/desktop.h"
 #include "platform/files/file_system.h"
 #include "platform/text/ansi_text.h"
+#include "run/shared/run_state.h"
 
 namespace lexmill {
 namespace {
 
-platform::TextEncoding ReadAndRecognise(std::u16string_view path) {
+DictionaryKind ReadAndRecognise(std::u16string_view path) {
   constexpr std::size_t kPiece = std::size_t{256} << 10U;
   platform::Utf8Recognition recognition;
   std::int64_t offset = 0;
   for (;;) {
     const std::string piece = platform::ReadBinary(path, offset, kPiece);
     if (!recognition.Feed(piece)) {
-      return platform::TextEncoding::Ansi;
+      return {};
     }
     if (piece.size() < kPiece) {
-      return recognition.Result();
+      return {.encoding = recognition.Result(), .isPlainAscii = recognition.IsPlainAscii()};
     }
     offset += static_cast<std::int64_t>(piece.size());
     platform::DoEvents();
@@ -30,12 +32,23 @@ platform::TextEncoding ReadAndRecognise(std::u16string_view path) {
 
 }  // namespace
 
-platform::TextEncoding RecogniseEncoding(std::u16string_view path) {
-  auto encoding = platform::TextEncoding::Ansi;
+DictionaryKind RecogniseEncoding(std::u16string_view path) {
+  DictionaryKind kind;
   if (!platform::IsAnsiCodePageChosen()) {
-    IgnoreFailures([&] { encoding = ReadAndRecognise(path); });
+    IgnoreFailures([&] { kind = ReadAndRecognise(path); });
   }
-  return encoding;
+  return kind;
+}
+
+platform::TextEncoding ResultEncoding(std::u16string_view toDo,
+                                      std::span<const std::u16string> references) {
+  const DictionaryKind own = KindOf(toDo);
+  if (!own.isPlainAscii) {
+    return own.encoding;
+  }
+  const auto telling = std::ranges::find_if(
+      references, [](const std::u16string& path) { return !KindOf(path).isPlainAscii; });
+  return telling == references.end() ? own.encoding : KindOf(*telling).encoding;
 }
 
 }  // namespace lexmill

@@ -32,7 +32,7 @@ std::u16string KeepKinds(std::initializer_list<std::u16string> paths) {
   auto& dictionaries = TheRun().dictionaries;
   dictionaries.clear();
   for (const auto& path : paths) {
-    dictionaries[path].encoding = RecogniseEncoding(path);
+    dictionaries[path] = RecogniseEncoding(path);
   }
   std::u16string pair;
   for (const auto& path : paths) {
@@ -118,7 +118,7 @@ void frmMain::RunDictionaries() {
   run.RefDbPath = modMain::IsPurifiedDatabase(cboRefer.Text()) ? cboRefer.Text() : u"";
   const std::u16string pair = run.RefDbPath.empty() ? KeepKinds({cboToDo.Text(), cboRefer.Text()})
                                                     : KeepKinds({cboToDo.Text()});
-  run.resultEncoding = KindOf(cboToDo.Text()).encoding;
+  run.resultEncoding = ResultEncoding(cboToDo.Text(), std::array{cboRefer.Text()});
   const DictionaryFormat toDo = KindOf(cboToDo.Text()).format;
   const DictionaryFormat refer = FormatOfReference(cboRefer.Text());
   if (toDo == DictionaryFormat::Unknown || refer == DictionaryFormat::Unknown) {

@@ -72,6 +72,7 @@ void Utf8Recognition::Scan(std::string_view bytes) {
       at += AsciiLength(bytes.substr(at));
       continue;
     }
+    isPlainAscii_ = false;
     const std::int32_t codePoint = NextUtf8(bytes, at);
     valid_ = codePoint >= 0;
     hasMark_ = hasMark_ || (atStart_ && codePoint == kMark);

@@ -33,10 +33,14 @@ class Utf8Recognition {
   /// The encoding of the file fed so far, taken as the whole file.
   [[nodiscard]] TextEncoding Result() const;
 
+  /// True if the bytes fed so far are all ASCII, which every encoding reads alike.
+  [[nodiscard]] bool IsPlainAscii() const { return isPlainAscii_ && pending_.empty(); }
+
  private:
   void Scan(std::string_view bytes);
 
   bool valid_ = true;
+  bool isPlainAscii_ = true;
   bool hasMark_ = false;
   bool hasLongSequence_ = false;
   int pairs_ = 0;        ///< sequences of two bytes seen, counted as far as they matter

@@ -22,6 +22,7 @@ enum class DictionaryFormat : std::int32_t {
 /// What a run has found out about one of its dictionaries before its first stage.
 struct DictionaryKind {
   platform::TextEncoding encoding = platform::TextEncoding::Ansi;
+  bool isPlainAscii = false;  ///< of ASCII alone, as far as the run has looked for that
   modMain::DictionaryFormat format = modMain::DictionaryFormat::Unknown;
 
   bool operator==(const DictionaryKind&) const = default;

@@ -25,8 +25,8 @@ struct RunState {
   /// The user wants the run's end more than its result: no further step begins, the present one
   /// ends at its next refresh of the window, and an earlier result stays. False at each start.
   bool abandoned = false;
-  /// Encoding of the result, which is that of the untranslated dictionary. Kept apart, since the
-  /// result may take the place of a dictionary in another encoding.
+  /// Encoding of the result, which is that of the untranslated dictionary unless that is plain
+  /// ASCII. Kept apart, since the result may take the place of a dictionary in another encoding.
   platform::TextEncoding resultEncoding = platform::TextEncoding::Ansi;
 };
 

@@ -48,7 +48,7 @@ TEST_F(EncodingRun, TakesAHotKeyOfTwoUnits) {
 }
 
 TEST_F(EncodingRun, WritesTheResultOverAReferenceInAnotherEncoding) {
-  WriteBytes(Dictionary("todo"), Ansi("Open\tOpen\n"));
+  WriteBytes(Dictionary("todo"), Ansi("Open\tOpen\n打\t开\n"));
   WriteBytes(Dictionary("both"), "Open\t打开\r\n");
   Press("todo", "both", "both");
   EXPECT_EQ(ReadBytes(Dictionary("both")), Ansi("Open\t打开\n"));

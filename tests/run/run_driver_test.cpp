@@ -109,8 +109,9 @@ TEST_F(RunDriver, HidesTheInputAndKeepsACloseRequestUntilTheEnd) {
   EXPECT_NE(test::ReadBytes(world_.folder.File("Lexmill.ini")).find("Item0="), std::string::npos);
 }
 
-TEST_F(RunDriver, RecognisesEachDictionaryInUtf8ByItself) {
+TEST_F(RunDriver, RecognisesEachEncodingByItselfAndWritesTheResultInOneOfThem) {
   test::WriteBytes(File("utf8"), "a\ta\r\n打开\t开\r\n");
+  test::WriteBytes(File("gbk"), test::Ansi("a\ta\n打开\t开\n"));
   test::WriteBytes(File("marked"),
                    "\xEF\xBB\xBF"
                    "9 1\t4 2\r\na\ta\r\n");
@@ -119,12 +120,15 @@ TEST_F(RunDriver, RecognisesEachDictionaryInUtf8ByItself) {
     platform::TextEncoding result, reference;
   };
   using platform::TextEncoding;
-  for (const auto& row : {Case{"utf8", "glossary", TextEncoding::Utf8, TextEncoding::Ansi},
-                          Case{"glossary", "utf8", TextEncoding::Ansi, TextEncoding::Utf8},
-                          Case{"marked", "utf8", TextEncoding::Utf8WithMark, TextEncoding::Utf8}}) {
+  for (const auto& row :
+       {Case{"utf8", "gbk", TextEncoding::Utf8, TextEncoding::Ansi},
+        Case{"gbk", "utf8", TextEncoding::Ansi, TextEncoding::Utf8},
+        Case{"glossary", "gbk", TextEncoding::Ansi, TextEncoding::Ansi},
+        Case{"glossary", "utf8", TextEncoding::Utf8, TextEncoding::Utf8},
+        Case{"glossary", "marked", TextEncoding::Utf8WithMark, TextEncoding::Utf8WithMark},
+        Case{"marked", "utf8", TextEncoding::Utf8WithMark, TextEncoding::Utf8}}) {
     Press(row.toDo, row.refer);
-    EXPECT_EQ(TheRun().resultEncoding, row.result) << row.toDo;
-    EXPECT_EQ(KindOf(File(row.toDo)).encoding, row.result) << row.toDo;
+    EXPECT_EQ(TheRun().resultEncoding, row.result) << row.toDo << " " << row.refer;
     EXPECT_EQ(KindOf(File(row.refer)).encoding, row.reference) << row.refer;
   }
   // The head behind a mark was found.
