@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   lexmill::platform::SetApplicationFolder(folder.Path(""));
   const std::u16string path = folder.Path("dictionary");
   folder.Write("dictionary", lexmill::fuzz::Input(data, size).Rest());
-  lexmill::TheRun().dictionaries[path].encoding = lexmill::RecogniseEncoding(path);
+  lexmill::TheRun().dictionaries[path] = lexmill::RecogniseEncoding(path);
   lexmill::fuzz::Scan(path);
   lexmill::IgnoreFailures([&] {
     std::u16string pair;

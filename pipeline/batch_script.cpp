@@ -37,25 +37,27 @@ void WriteEchoAndLoad(platform::TextWriter& script, const std::u16string& databa
   WriteLoad(script, database, sql);
 }
 
-void WriteSave(platform::TextWriter& script, const std::u16string& database) {
-  const std::u16string sSavedDb = QuotedPath(SavedDatabasePath());
-  script.WriteLine(u"del " + sSavedDb);
-  script.WriteLine(u"copy " + database + u" " + sSavedDb + u">nul");
+// Returns where the database is saved.
+std::u16string WriteSave(platform::TextWriter& script, const std::u16string& database) {
+  std::u16string sSavedDb = SavedDatabasePath();
+  const std::u16string quoted = QuotedPath(sSavedDb);
+  script.WriteLine(u"del " + quoted);
+  script.WriteLine(u"copy " + database + u" " + quoted + u">nul");
+  return sSavedDb;
 }
 
 // The lines up to the point where the database holds R and its index and nothing else.
-void WriteReferenceLines(platform::TextWriter& script, const std::u16string& database,
-                         const std::u16string& referenceSql) {
+void WriteReferenceLines(platform::TextWriter& script, auto& files) {
   const std::u16string& purified = TheRun().RefDbPath;
   script.WriteLine(u"@echo off");
-  script.WriteLine(u"echo " + referenceSql);
+  script.WriteLine(u"echo " + files.sRefSqlFile);
   if (!purified.empty()) {
-    script.WriteLine(u"copy " + QuotedPath(purified) + u" " + database + u">nul");
+    script.WriteLine(u"copy " + QuotedPath(purified) + u" " + files.sDbFile + u">nul");
     return;
   }
-  WriteLoad(script, database, referenceSql);
+  WriteLoad(script, files.sDbFile, files.sRefSqlFile);
   if (RunOptions().chkSaveRefDB) {
-    WriteSave(script, database);
+    files.sSavedDb = WriteSave(script, files.sDbFile);
   }
 }
 
@@ -76,18 +78,18 @@ void WriteDeletes(platform::TextWriter& script, std::initializer_list<std::u16st
   }
 }
 
-void WriteGlossaryScript(const GlossaryRunFiles& files) {
+void WriteGlossaryScript(GlossaryRunFiles& files) {
   auto script = CreateScript(files.sBatFile);
-  WriteReferenceLines(script, files.sDbFile, files.sRefSqlFile);
+  WriteReferenceLines(script, files);
   WriteEchoAndLoad(script, files.sDbFile, files.sToDoSqlFile);
   WriteJoin(script, files.sDbFile, files.sReadyFile);
   WriteDeletes(script, {files.sRefSqlFile, files.sToDoSqlFile, files.sDbFile});
   script.Close();
 }
 
-void WriteFirstTextScript(const TextRunFiles& files) {
+void WriteFirstTextScript(TextRunFiles& files) {
   auto script = CreateScript(files.sBatFile);
-  WriteReferenceLines(script, files.sDbFile, files.sRefSqlFile);
+  WriteReferenceLines(script, files);
   WriteEchoAndLoad(script, files.sDbFile, files.sEntrySqlFile);
   WriteEchoAndLoad(script, files.sDbFile, files.sToDoSqlFile);
   WriteJoin(script, files.sDbFile, files.sReadyFile);

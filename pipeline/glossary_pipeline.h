@@ -14,6 +14,7 @@
 #include "glossary/record_scanner.h"
 #include "pipeline/batch_script.h"
 #include "pipeline/console_step.h"
+#include "pipeline/saved_database.h"
 #include "pipeline/stage_run.h"
 #include "pipeline/temporary_files.h"
 #include "run/shared/option_set.h"
@@ -43,13 +44,19 @@ class GlossaryPipeline {
                                               InAppPath(files_.sRefSqlFile));
     }
     RunStage<clsLexGLO2>(*oAwk, 1, window.cboToDo.Text(), InAppPath(files_.sToDoSqlFile));
-    lPercent = 0;
-    RunConsoleStep(oShellC, files_.sBatFile,
-                   [this](const std::u16string& output) { oShellC_OutputAvailable(output); });
+    RunBatch();
     RunStage<clsLexGLO3>(*oAwk, 3, InAppPath(files_.sReadyFile), window.cboFinal.Text());
     if (!RunOptions().chkaKeepTmpFile) {
       TheRun().abandoned ? DeleteAllFiles(files_) : DeleteTempFiles();
     }
+  }
+
+  void RunBatch() {
+    lPercent = 0;
+    const SavedDatabase saved(files_.sSavedDb);
+    RunConsoleStep(oShellC, files_.sBatFile,
+                   [this](const std::u16string& output) { oShellC_OutputAvailable(output); });
+    saved.NoteIfMissing();
   }
 
   void BuildBatScript() { lexmill::BuildBatScript(files_); }

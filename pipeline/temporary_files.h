@@ -20,6 +20,7 @@ struct GlossaryRunFiles {
   std::u16string sToDoSqlFile;                          ///< untranslated script
   std::u16string sReadyFile;                            ///< ready dictionary
   std::u16string sBatFile;                              ///< batch script, full path
+  std::u16string sSavedDb;                              ///< to be saved by it; no temporary file
   std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 
@@ -34,6 +35,7 @@ struct TextRunFiles {
   std::u16string sLineFile;                             ///< line listing
   std::u16string sBatFile;                              ///< first batch script, full path
   std::u16string sBatFile2;                             ///< second batch script, full path
+  std::u16string sSavedDb;                              ///< to be saved by the first one
   std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 

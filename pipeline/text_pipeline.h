@@ -13,6 +13,7 @@
 #include "pipeline/batch_script.h"
 #include "pipeline/console_step.h"
 #include "pipeline/line_listing.h"
+#include "pipeline/saved_database.h"
 #include "pipeline/stage_run.h"
 #include "pipeline/temporary_files.h"
 #include "run/shared/option_set.h"
@@ -46,7 +47,9 @@ class TextPipeline {
     }
     RunStage<clsLexUPB2>(*oAwk, 1, window.cboToDo.Text(), InAppPath(files_.sEntrySqlFile),
                          InAppPath(files_.sToDoSqlFile));
+    const SavedDatabase saved(files_.sSavedDb);
     RunBatch(files_.sBatFile);
+    saved.NoteIfMissing();
     RunStage<clsLexUPB3>(*oAwk, 3, InAppPath(files_.sReadyFile), InAppPath(files_.sUpdateSqlFile));
     RunBatch(files_.sBatFile2);
     ConvertLineListing(InAppPath(files_.sLineFile), window.cboFinal.Text());

@@ -19,6 +19,7 @@
 #include "run/console_arguments.h"
 #include "run/console_run.h"
 #include "run/modMain.h"
+#include "run/shared/run_state.h"
 #include "run/shell_complaint.h"
 #include "window/frmMain.h"
 
@@ -50,6 +51,16 @@ bool TellComplaint(const std::string& complaint) {
     std::cerr << "lexmill-run: the database shell says: " << complaint << "\n";
   }
   return complaint.empty();
+}
+
+// Returns true if no notice tells of a failure.
+bool TellNotices() {
+  bool isDone = true;
+  for (const lexmill::RunNotice& notice : lexmill::TheRun().notices) {
+    std::cerr << "lexmill-run: " << lexmill::platform::ToUtf8(notice.text) << "\n";
+    isDone = isDone && !notice.isFailure;
+  }
+  return isDone;
 }
 
 volatile std::sig_atomic_t endingSignal = 0;
@@ -108,7 +119,8 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   }
   std::cout << lexmill::ProgressRows();
   const bool allLoaded = TellComplaint(complaint.Text());
-  return programsThere && allLoaded && session.messages.empty() ? 0 : kFailed;
+  const bool allDone = TellNotices();
+  return programsThere && allLoaded && allDone && session.messages.empty() ? 0 : kFailed;
 }
 
 }  // namespace

@@ -68,6 +68,7 @@ void Dispatch(DictionaryFormat toDo, DictionaryFormat refer, const std::u16strin
 // A close request that comes in the middle of a run is kept until the window is no longer busy.
 void frmMain::cmdStart_Click() {
   TheRun().abandoned = false;
+  TheRun().notices.clear();
   Window.Busy(true);
   const bool finished =
       ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { CarryRun(); });

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/files/opened_file.h"
 #include "platform/host/clock.h"
@@ -76,6 +78,15 @@ TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overw
     throw FileFailure(EEXIST, hostPath);
   }
   return TextWriter(OpenToReplace(path), hostPath, encoding);
+}
+
+std::optional<std::int64_t> ModificationTime(std::u16string_view path) {
+  if (!FileSystemObject().FileExists(path)) {
+    return std::nullopt;
+  }
+  std::error_code failed;
+  const auto time = std::filesystem::last_write_time(ToHostPath(path), failed);
+  return failed ? std::nullopt : std::optional<std::int64_t>(time.time_since_epoch().count());
 }
 
 std::string ReadBinary(std::u16string_view path, std::int64_t offset, std::size_t length) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,6 +40,10 @@ class FileSystemObject {
   [[nodiscard]] TextWriter CreateTextFile(std::u16string_view path, bool overwrite,
                                           TextEncoding encoding = TextEncoding::Ansi) const;
 };
+
+/// When a file was last written to, in a unit of the host's: good for comparison alone. None for a
+/// folder, or if there is no such file.
+[[nodiscard]] std::optional<std::int64_t> ModificationTime(std::u16string_view path);
 
 /// Reads `length` bytes from byte `offset` of a file; fewer if it ends there.
 /// @throws Failure FileNotFound, PathNotFound, PathFileAccess (folder, no permission)

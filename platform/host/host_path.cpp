@@ -35,6 +35,11 @@ std::u16string_view FileName(std::u16string_view path) {
   return path.substr(path.rfind(kPathSeparator) + 1);
 }
 
+std::u16string PathFrom(std::u16string_view folder, std::u16string_view path) {
+  const bool isAbsolute = path.starts_with(kPathSeparator);
+  return (isAbsolute ? std::u16string() : WithSeparator(folder)) + std::u16string(path);
+}
+
 std::u16string WithSeparator(std::u16string_view folder) {
   std::u16string result(WithoutLastSeparators(folder));
   result += kPathSeparator;

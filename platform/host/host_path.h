@@ -21,6 +21,8 @@ inline constexpr char16_t kPathSeparator = u'/';
 [[nodiscard]] std::u16string ParentFolder(std::u16string_view path);
 /// What stands behind the last separator of `path`.
 [[nodiscard]] std::u16string_view FileName(std::u16string_view path);
+/// `path` itself if it is absolute, else `path` taken from `folder`.
+[[nodiscard]] std::u16string PathFrom(std::u16string_view folder, std::u16string_view path);
 /// `folder` with exactly one separator at its end.
 [[nodiscard]] std::u16string WithSeparator(std::u16string_view folder);
 

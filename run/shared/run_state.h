@@ -6,9 +6,11 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/text/text_encoding.h"
 #include "run/shared/dictionary_kind.h"
+#include "run/shared/run_notice.h"
 
 namespace lexmill {
 
@@ -28,6 +30,8 @@ struct RunState {
   /// Encoding of the result, which is that of the untranslated dictionary unless that is plain
   /// ASCII. Kept apart, since the result may take the place of a dictionary in another encoding.
   platform::TextEncoding resultEncoding = platform::TextEncoding::Ansi;
+  /// What the run has noted so far, in order; empty at its start.
+  std::vector<RunNotice> notices;
 };
 
 /// The one state of the program.

@@ -170,6 +170,22 @@ TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
   EXPECT_EQ(ReadBytes(folder_.File("final")), "old");
 }
 
+TEST_F(LexmillRun, TellsThatADatabaseWasNotSaved) {
+  const auto save = [&](const std::u16string& path) {
+    return Run({u"todo", u"refer", u"final", u"--set", u"chkSaveRefDB=1", u"--set",
+                u"txtSaveRefDB=" + path});
+  };
+  EXPECT_EQ(save(u"saved.db"), 0) << Errors();
+  EXPECT_EQ(Errors(), "");
+  EXPECT_EQ(save(u"missing/saved.db"), 1);
+  EXPECT_EQ(Errors(), "lexmill-run: 数据库没有另存成功：" +
+                          (programs_.Path() / "missing/saved.db").string() + "\n");
+  // An older one is none of this run's.
+  std::filesystem::remove(programs_.Path() / "batch");
+  EXPECT_EQ(save(u"saved.db"), 1);
+  EXPECT_NE(Errors().find("数据库没有另存成功："), std::string::npos) << Errors();
+}
+
 TEST_F(LexmillRun, TakesTheCodePageOfItsSettings) {
   WriteBytes(programs_.File("Lexmill.ini"), "[LexmillPlatform]\r\nCodePage=1252\r\n");
   WriteBytes(folder_.File("todo"), "caf\xE9:\tcaf\xE9:\r\n");

@@ -37,6 +37,8 @@ TEST(HostPath, FolderGetsExactlyOneSeparator) {
     EXPECT_EQ(WithSeparator(folder), u"/a/");
   }
   EXPECT_EQ(WithSeparator(u"/"), u"/");
+  EXPECT_EQ(PathFrom(u"/a", u"b/c"), u"/a/b/c");
+  EXPECT_EQ(PathFrom(u"/a", u"/b"), u"/b");
 }
 
 TEST(HostPath, NameWithBytesThatAreNoTextSurvives) {
