@@ -1,35 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "catalog/catalog_format.h"
 
-#include <tuple>
 #include <utility>
 
 #include "catalog/catalog_failure.h"
+#include "catalog/markup_filling.h"
 #include "catalog/po_filling.h"
 #include "catalog/po_reader.h"
+#include "catalog/ts_reader.h"
+#include "catalog/xliff_reader.h"
 #include "platform/files/spliced_file.h"
 
 namespace lexmill {
 namespace {
 
+/// What serves a format.
+struct FormatServices {
+  CatalogHead (*readHead)(std::u16string_view path);
+  void (*read)(std::u16string_view path, const CatalogHead& head, const OnEntry& onEntry);
+};
+
+FormatServices ServicesOf(CatalogFormat format) {
+  switch (format) {
+    case CatalogFormat::Ts:
+      return {ReadTsHead, ReadTs};
+    case CatalogFormat::Xliff:
+      return {ReadXliffHead, ReadXliff};
+    default:
+      return {ReadPoHead, ReadPo};
+  }
+}
+
 Changes FillEntry(const CatalogEntry& entry, const Filling& filling) {
   if (const auto* po = std::get_if<PoPlace>(&entry.place)) {
     return FillPoEntry(*po, filling);
   }
-  return {};
+  return FillMarkupEntry(std::get<MarkupPlace>(entry.place), filling);
 }
 
 }  // namespace
 
 CatalogHead ReadCatalogHead(CatalogFormat format, std::u16string_view path) {
-  std::ignore = format;
-  return ReadPoHead(path);
+  return ServicesOf(format).readHead(path);
 }
 
 void ReadCatalog(CatalogFormat format, std::u16string_view path, const CatalogHead& head,
                  const OnEntry& onEntry) {
-  std::ignore = format;
-  ReadPo(path, head, onEntry);
+  ServicesOf(format).read(path, head, onEntry);
 }
 
 void FillCatalog(CatalogFormat format, std::u16string_view path, std::u16string_view result,

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "catalog/markup_head.h"
+
+#include <tuple>
+
+#include "catalog/catalog_failure.h"
+
+namespace lexmill {
+
+using platform::MarkupEvent;
+using platform::MarkupKind;
+
+void ReadMarkupCatalog(std::u16string_view path, platform::MarkupReader& reader,
+                       const platform::MarkupReader::OnEvent& onEvent) {
+  if (const auto fault = reader.Read(onEvent)) {
+    RefuseCatalog(path, fault->line, fault->reason);
+  }
+}
+
+CatalogHead ReadMarkupHead(std::u16string_view path, const MarkupLanguages& languages) {
+  CatalogHead head;
+  platform::MarkupReader reader(path);
+  ReadMarkupCatalog(path, reader, [&](const MarkupEvent& event) {
+    if (event.kind == MarkupKind::Start && event.name == languages.element) {
+      head.sourceLanguage = reader.Attribute(languages.source).value_or(u"");
+      head.targetLanguage = reader.Attribute(languages.target).value_or(u"");
+      reader.Stop();
+    }
+  });
+  head.page = reader.Page();
+  return head;
+}
+
+std::u16string RootElement(std::u16string_view path) {
+  std::u16string name;
+  platform::MarkupReader reader(path);
+  std::ignore = reader.Read([&](const MarkupEvent& event) {
+    if (event.kind == MarkupKind::Start) {
+      name = event.name;
+      reader.Stop();
+    }
+  });
+  return name;
+}
+
+}  // namespace lexmill

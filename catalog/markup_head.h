@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// catalog: message catalogs and exchange formats as dictionaries.
+// The way through an XML catalog, and its first tags.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "catalog/catalog_head.h"
+#include "platform/interchange/markup_reader.h"
+
+namespace lexmill {
+
+/// Reads an XML catalog with `onEvent`.
+/// @throws platform::Failure with file, line and reason for a file that isn't well-formed, and
+///   whatever `onEvent` throws
+void ReadMarkupCatalog(std::u16string_view path, platform::MarkupReader& reader,
+                       const platform::MarkupReader::OnEvent& onEvent);
+
+/// Where the languages of an XML catalog stand.
+struct MarkupLanguages {
+  std::u16string_view element;  ///< the first of this name counts
+  std::u16string_view source;   ///< its attributes
+  std::u16string_view target;
+};
+
+/// The head of an XML catalog. @throws as ReadMarkupCatalog
+[[nodiscard]] CatalogHead ReadMarkupHead(std::u16string_view path,
+                                         const MarkupLanguages& languages);
+
+/// The name of the first element of a file; empty for what isn't XML up to there.
+[[nodiscard]] std::u16string RootElement(std::u16string_view path);
+
+}  // namespace lexmill
