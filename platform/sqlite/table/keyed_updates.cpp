@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/table/keyed_updates.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <tuple>
@@ -24,8 +25,8 @@ constexpr std::size_t kNumberSize = 4;
 /// makes more than all pages, a pass over the whole trees costs less.
 constexpr std::size_t kPagesPerRow = 8;
 
-std::string_view View(const RowKey& key) {
-  return {key.data(), key.size()};
+std::string_view View(const std::array<char, kNumberSize>& number) {
+  return {number.data(), number.size()};
 }
 
 /// The text in the form that index entries begin with.
@@ -94,7 +95,7 @@ void KeyedUpdates::Search(const Index& index, KeySorter& changes) {
   while (NextUpdate()) {
     entries.Seek(TextOf(text_));
     while (const auto rowId = entries.Next()) {
-      changes.Add({View(ToRowKey(*rowId)), newValue_});
+      changes.Add({View(ToRowKey(*rowId)), View(excess_), newValue_});
     }
   }
 }
@@ -132,7 +133,7 @@ void KeyedUpdates::MatchWith(const NextEntry& nextEntry, KeySorter& changes) {
         break;
       }
       if (order == 0) {
-        changes.Add({entry.substr(textSize), newValue_});
+        changes.Add({entry.substr(textSize), View(excess_), newValue_});
       }
       hasEntry = nextEntry(entry);
     }
@@ -144,11 +145,14 @@ bool KeyedUpdates::NextUpdate() {
     return false;
   }
   std::size_t textSize = 0;
+  std::size_t longest = 0;  // all updates of this text
   do {
     current_ = coming_;
+    longest = std::max(longest, current_.size());
     textSize = current_.find('\0') + 1;
     isComing_ = updates_.Next(coming_);
   } while (isComing_ && coming_.starts_with(std::string_view(current_).substr(0, textSize)));
+  Put32(excess_.data(), static_cast<std::uint32_t>(longest - current_.size()), ByteOrder::Big);
   text_ = std::string_view(current_).substr(0, textSize);
   newValue_ = std::string_view(current_).substr(textSize + kNumberSize);
   return true;
@@ -200,17 +204,18 @@ void KeyedUpdates::RewriteTable(KeySorter& changes) {
   builder.Finish();
 }
 
-bool KeyedUpdates::Renew(const RecordView& record, std::string_view value) {
-  if (record.Column(valueColumn_) == value) {
+bool KeyedUpdates::Renew(const RecordView& record, std::string_view change) {
+  const std::size_t excess = Get32(change.data(), ByteOrder::Big);
+  const std::string_view value = change.substr(kNumberSize);
+  if (excess == 0 && record.Column(valueColumn_) == value) {
     return false;
   }
   values_.clear();
   for (std::size_t i = 0; i < table_.columns.size(); ++i) {
     values_.push_back(i == valueColumn_ ? Value(value) : record.Column(i));
   }
-  const bool isTooLong = !FitsRecord(values_);
-  isAllDone_ = isAllDone_ && !isTooLong;
-  return !isTooLong;
+  isAllDone_ = isAllDone_ && FitsRecord(values_, excess);
+  return FitsRecord(values_);
 }
 
 }  // namespace lexmill::platform::sqlite

@@ -2,6 +2,7 @@
 // platform/sqlite/table: Many updates of rows by a text, carried out together.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -29,7 +30,8 @@ class KeyedUpdates {
   /// Adds an update, which wins over earlier ones of the same text. Texts without NUL bytes.
   void Add(std::string_view key, std::string_view value);
   /// Carries all out. Rows that would become too long keep their values.
-  /// @return false if there was such a row
+  /// @return false if there was such a row, or if an update that a later one replaced would have
+  ///   made one
   [[nodiscard]] bool Apply();
 
  private:
@@ -44,8 +46,9 @@ class KeyedUpdates {
   void ChangeRows(KeySorter& changes);
   void RewriteTable(KeySorter& changes);
   /// Makes `values_` those of a row with its new value.
+  /// @param change  how much longer an earlier value would have been, then the new value
   /// @return false if that makes no difference, or the row too long
-  [[nodiscard]] bool Renew(const RecordView& record, std::string_view value);
+  [[nodiscard]] bool Renew(const RecordView& record, std::string_view change);
 
   Pager& pager_;
   const Table& table_;
@@ -58,6 +61,8 @@ class KeyedUpdates {
   std::string current_;        ///< the last update of a text
   std::string_view text_;      ///< its text, as index entries hold it
   std::string_view newValue_;  ///< its value
+  /// How much longer the longest value is that it replaces: 0 almost always.
+  std::array<char, 4> excess_{};
   std::vector<Value> values_;
   bool isAllDone_ = true;
 };

@@ -68,8 +68,8 @@ RecordShape ShapeOf(std::span<const Value> values) {
   return shape;
 }
 
-bool FitsRecord(std::span<const Value> values) {
-  return AnyShapeOf(values).size <= kGreatestRecord;
+bool FitsRecord(std::span<const Value> values, std::size_t more) {
+  return AnyShapeOf(values).size + more <= kGreatestRecord;
 }
 
 void PutRecord(char* at, RecordShape shape, std::span<const Value> values) {

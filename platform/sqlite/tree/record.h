@@ -32,7 +32,7 @@ struct RecordShape {
 };
 /// @throws DatabaseError kRowTooLong above kGreatestRecord bytes
 [[nodiscard]] RecordShape ShapeOf(std::span<const Value> values);
-[[nodiscard]] bool FitsRecord(std::span<const Value> values);
+[[nodiscard]] bool FitsRecord(std::span<const Value> values, std::size_t more = 0);
 /// Writes a record of `shape.size` bytes.
 void PutRecord(char* at, RecordShape shape, std::span<const Value> values);
 

@@ -123,6 +123,12 @@ TEST_F(KeyedUpdates, RowThatWouldBeTooLongKeepsItsValue) {
   EXPECT_FALSE(database.InTransaction());
   EXPECT_EQ(Findings(), "");
   EXPECT_EQ(Rows(database, "O"), (Rowset{half + "\tlong\told", "\tshort\tnew"}));
+
+  database.Begin();
+  database.UpdateWhere(table, kO1, kO2, "long", half);
+  database.UpdateWhere(table, kO1, kO2, "long", "replaced");
+  EXPECT_EQ(ErrorOf([&] { database.Commit(); }), "too much data for one table row");
+  EXPECT_EQ(Rows(database, "O"), (Rowset{half + "\tlong\treplaced", "\tshort\tnew"}));
 }
 
 TEST_F(KeyedUpdates, AreRolledBackWithTheirTransaction) {
