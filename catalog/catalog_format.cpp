@@ -7,6 +7,8 @@
 #include "catalog/markup_filling.h"
 #include "catalog/po_filling.h"
 #include "catalog/po_reader.h"
+#include "catalog/table_reader.h"
+#include "catalog/tmx_reader.h"
 #include "catalog/ts_reader.h"
 #include "catalog/xliff_reader.h"
 #include "platform/files/spliced_file.h"
@@ -26,6 +28,10 @@ FormatServices ServicesOf(CatalogFormat format) {
       return {ReadTsHead, ReadTs};
     case CatalogFormat::Xliff:
       return {ReadXliffHead, ReadXliff};
+    case CatalogFormat::Tmx:
+      return {ReadTmxHead, ReadTmx};
+    case CatalogFormat::Table:
+      return {ReadTableHead, ReadTable};
     default:
       return {ReadPoHead, ReadPo};
   }

@@ -13,7 +13,7 @@ namespace lexmill {
 /// What an entry gets.
 struct Filling {
   std::u16string target;    ///< as the catalog means it: without escapes
-  std::u16string comment;   ///< for the translator, one line; empty for none
+  std::u16string comment;   ///< all translations, for the translator, one line; empty for none
   std::u16string state;     ///< the name of the state, where the format has a choice of them
   bool needsReview = true;  ///< whether the entry is marked
 };

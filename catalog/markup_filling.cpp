@@ -77,7 +77,7 @@ Changes FillMarkupEntry(const MarkupPlace& place, const Filling& filling) {
   Changes changes;
   const std::u16string comment = EscapedForMarkup(filling.comment, place);
   if (!comment.empty() && place.language == Language::Ts) {
-    AddTsComment(place, comment, changes);
+    AddTsComment(place, u"Lexmill: " + comment, changes);
   }
   const std::u16string content = EscapedForMarkup(filling.target, place);
   const std::u16string tag = TargetTag(place, filling);

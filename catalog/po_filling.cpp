@@ -93,7 +93,7 @@ void RemoveMarks(const PoPlace& place, Changes& changes) {
 Changes FillPoEntry(const PoPlace& place, const Filling& filling) {
   Changes changes;
   if (!filling.comment.empty()) {
-    changes.push_back(NewLine(place, place.comment, u"# " + filling.comment));
+    changes.push_back(NewLine(place, place.comment, u"# Lexmill: " + filling.comment));
   }
   if (filling.needsReview) {
     AddMark(place, changes);

@@ -59,6 +59,22 @@ inline void CompareEntries(const CatalogEntries& before, const CatalogEntries& a
   }
 }
 
+/// Reads one file of a format that serves as a reference only, twice.
+inline int CheckReference(CatalogFormat format, std::string_view bytes) {
+  static const ScratchFolder folder;
+  const std::u16string path = folder.Path("catalog");
+  folder.Write("catalog", bytes);
+  const auto first = ReadEntries(format, path);
+  const auto second = ReadEntries(format, path);
+  Require(first.has_value() == second.has_value(), "a file can be read or not");
+  Require(!first || first->size() == second->size(), "a file has its entries");
+  for (const CatalogEntry& entry : first.value_or(CatalogEntries())) {
+    Require((entry.state == EntryState::Open) == entry.target.empty(), "no target is no state");
+    Require(entry.place.index() == 0, "nothing can be filled");
+  }
+  return 0;
+}
+
 /// Holds the properties for one file of a format that can be filled.
 inline int CheckCatalog(CatalogFormat format, std::string_view bytes) {
   static const ScratchFolder folder;

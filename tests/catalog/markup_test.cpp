@@ -84,11 +84,11 @@ TEST(Ts, IsFilledInItsOwnStyle) {
        source,
        source + "\r\n  <translation type=\"unfinished\">甲</translation>"},
       {"a comment", several, source + "\r\n  <translation type=\"unfinished\"/>",
-       source + "\r\n  <translatorcomment>甲 | &lt;乙&gt;</translatorcomment>"
+       source + "\r\n  <translatorcomment>Lexmill: 甲 | &lt;乙&gt;</translatorcomment>"
                 "\r\n  <translation type=\"unfinished\">甲</translation>"},
       {"a second comment", several,
        source + "<translatorcomment>c</translatorcomment><translation type=\"unfinished\"/>",
-       source + "<translatorcomment>c\n甲 | &lt;乙&gt;</translatorcomment>"
+       source + "<translatorcomment>c\nLexmill: 甲 | &lt;乙&gt;</translatorcomment>"
                 "<translation type=\"unfinished\">甲</translation>"},
   };
   for (const Case& row : cases) {

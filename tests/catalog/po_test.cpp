@@ -89,7 +89,7 @@ TEST(Po, HasMarksAndCommentsInTheirPlaces) {
   const std::string filled = "msgid \"a\"\nmsgstr \"甲\"\n";
   const Filling marked{u"甲", u"", u"", true};
   const Filling trusted{u"甲", u"", u"", false};
-  const Filling several{u"甲", u"Lexmill: 甲 | 乙", u"", true};
+  const Filling several{u"甲", u"甲 | 乙", u"", true};
   const Case cases[] = {
       {"no comment above", marked, entry, "#, fuzzy\n" + filled},
       {"other flags", marked, "#, c-format\n" + entry, "#, fuzzy, c-format\n" + filled},
