@@ -32,8 +32,6 @@ class CompiledStatement {
   [[nodiscard]] std::string ColumnName(int column) const;
   /// A value of the current row as text, good until the next step; none for NULL.
   [[nodiscard]] std::optional<std::string_view> Column(int column) const;
-  /// Whether running it changes nothing.
-  [[nodiscard]] bool IsReadOnly() const { return sqlite3_stmt_readonly(statement_.get()) != 0; }
 
  private:
   struct Finalizer {

@@ -42,6 +42,14 @@ void DatabaseTest::MakeR(Database& database, bool hasIndex) {
   }
 }
 
+void DatabaseTest::AddForeign(const platform::sqlite::CatalogObject& object) const {
+  platform::sqlite::FileAccess file(path_);
+  file.Enter();
+  file.BeginWriting();
+  platform::sqlite::Catalog(file.Pages()).Add(object);
+  file.Commit();
+}
+
 const platform::sqlite::Table& DatabaseTest::TableOf(Database& database, std::string_view name) {
   const platform::sqlite::Table* table = database.FindTable(name);
   if (table == nullptr) {

@@ -19,10 +19,6 @@ ByteOrder OrderOf(const char* head) {
   throw DatabaseError(kNotADatabase);
 }
 
-std::uint32_t HeadField(Pager& pager, std::size_t at) {
-  return pager.Count() == 0 ? 0 : Get32(pager.Read(kHeadPage).Bytes() + at, pager.Order());
-}
-
 }  // namespace
 
 void CheckFileHead(Pager& pager) {
@@ -50,11 +46,7 @@ void CreateFileHead(Pager& pager) {
 }
 
 std::uint32_t FileFormat(Pager& pager) {
-  return HeadField(pager, kFormatAt);
-}
-
-std::uint32_t SchemaCookie(Pager& pager) {
-  return HeadField(pager, kCookieAt);
+  return pager.Count() == 0 ? 0 : Get32(pager.Read(kHeadPage).Bytes() + kFormatAt, pager.Order());
 }
 
 void NoteSchemaChange(Pager& pager) {

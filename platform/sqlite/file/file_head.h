@@ -31,8 +31,6 @@ void CreateFileHead(Pager& pager);
 
 /// The format number: 0 before the first table, kPresentFormat or older.
 [[nodiscard]] std::uint32_t FileFormat(Pager& pager);
-/// A number that changes with the master table; 0 for a file without pages.
-[[nodiscard]] std::uint32_t SchemaCookie(Pager& pager);
 
 /// Notes a change of the master table: another cookie, and the present format.
 void NoteSchemaChange(Pager& pager);

@@ -34,7 +34,6 @@ void Pager::Saved::Save(PageNumber page, const char* bytes) {
 void Pager::Refresh() {
   cache_.ForgetFrom(1);
   io_.Forget();
-  ++changes_;
   const std::int64_t size = SizeOf(File());
   count_ = static_cast<PageNumber>(size / BytesOf(1));
   tail_.resize(static_cast<std::size_t>(size - BytesOf(count_)));
@@ -64,7 +63,6 @@ PageEdit Pager::Edit(PageNumber page) {
   Save(page, frame.bytes);
   frame.isDirty = true;
   frame.isChecked = false;
-  ++changes_;
   return {PageRef(frame), frame.bytes};
 }
 
@@ -73,7 +71,6 @@ void Pager::Put(PageNumber page, const char* bytes) {
   if (isSaved && cache_.Find(page) == nullptr) {
     PrepareToWrite();
     io_.Write(page, bytes);
-    ++changes_;
     return;
   }
   std::memcpy(Edit(page).bytes, bytes, kPageSize);
@@ -139,7 +136,6 @@ void Pager::BackToMark() {
     frame.isDirty = true;
     frame.isChecked = false;
   });
-  ++changes_;
   Unmark();
 }
 

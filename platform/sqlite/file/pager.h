@@ -34,8 +34,6 @@ class Pager {
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] std::string JournalPath() const { return path_ + "-journal"; }
   [[nodiscard]] PageNumber Count() const { return count_; }
-  /// Grows with every change of a page.
-  [[nodiscard]] std::uint64_t Changes() const { return changes_; }
   [[nodiscard]] ByteOrder Order() const { return order_; }
   void Order(ByteOrder order) { order_ = order; }
 
@@ -99,7 +97,6 @@ class Pager {
   PageIo io_;
   PageCache cache_;
   PageNumber count_ = 0;
-  std::uint64_t changes_ = 0;
   ByteOrder order_ = ByteOrder::Little;
   std::string tail_;  ///< bytes of the file behind its last full page
   std::optional<Saved> journal_;

@@ -53,7 +53,7 @@ Table MasterTable() {
   result.name = kMasterAlias;
   result.rootPage = kMasterPage;
   for (const char* name : {"type", "name", "tbl_name", "rootpage", "sql"}) {
-    result.columns.push_back({name, "TEXT", true, false});
+    result.columns.push_back({name, "TEXT", true});
   }
   return result;
 }

@@ -9,10 +9,9 @@
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/file/file_head.h"
-#include "platform/sqlite/table/row_cursor.h"
 #include "platform/sqlite/table/schema_reader.h"
+#include "platform/sqlite/table/table_cursor.h"
 #include "platform/sqlite/tree/tree_builder.h"
-#include "platform/sqlite/tree/tree_editor.h"
 
 namespace lexmill::platform::sqlite {
 namespace {
@@ -23,7 +22,7 @@ std::string TextOf(const RecordView& record, std::size_t column) {
   return std::string(record.Column(column).value_or(""));
 }
 
-CatalogObject ToObject(const RecordView& record, RowId rowId) {
+CatalogObject ToObject(const RecordView& record) {
   CatalogObject object;
   object.type = TextOf(record, kType);
   object.name = TextOf(record, kName);
@@ -31,7 +30,6 @@ CatalogObject ToObject(const RecordView& record, RowId rowId) {
   if (const Value sql = record.Column(kSql)) {
     object.sql = *sql;
   }
-  object.rowId = rowId;
   // No number is no page: whoever reads it finds the damage.
   const std::string root = TextOf(record, kRootPage);
   std::from_chars(root.data(), root.data() + root.size(), object.rootPage);
@@ -43,8 +41,8 @@ std::vector<CatalogObject> ReadObjects(Pager& pager) {
   if (pager.Count() == 0) {
     return objects;
   }
-  for (RowCursor rows(pager, kMasterRoot); rows.Next();) {
-    objects.push_back(ToObject(rows.Record(), rows.CurrentRowId()));
+  for (TableCursor rows(pager, kMasterRoot); rows.Next();) {
+    objects.push_back(ToObject(rows.Record()));
   }
   return objects;
 }
@@ -52,44 +50,36 @@ std::vector<CatalogObject> ReadObjects(Pager& pager) {
 }  // namespace
 
 const std::vector<CatalogObject>& Catalog::Objects() {
-  Bring();
+  BringUpToDate();
   return objects_;
 }
 
-const CatalogObject* Catalog::Find(std::string_view type, std::string_view name) {
-  Bring();
-  const auto found = std::ranges::find_if(objects_, [type, name](const CatalogObject& object) {
-    return object.type == type && SameName(object.name, name);
-  });
-  return found == objects_.end() ? nullptr : &*found;
-}
-
 const Table* Catalog::FindTable(std::string_view name) {
-  Bring();
+  BringUpToDate();
   for (const auto& table : tables_) {
     if (SameName(table->name, name)) {
       return table.get();
     }
   }
-  const CatalogObject* object = Find("table", name);
-  if (object == nullptr) {
+  const auto object = std::ranges::find_if(objects_, [name](const CatalogObject& one) {
+    return one.type == "table" && SameName(one.name, name);
+  });
+  if (object == objects_.end()) {
     return nullptr;
   }
   if (object->rootPage <= kMasterRoot) {
     throw DatabaseError(kMalformed);
   }
-  auto table = std::make_unique<Table>(DescribeTable(*object, objects_, isPresentFormat_));
-  std::erase_if(table->indexes, [](const Index& index) { return index.rootPage == 0; });
-  tables_.push_back(std::move(table));
+  tables_.push_back(std::make_unique<Table>(DescribeTable(*object, objects_, isPresentFormat_)));
   return tables_.back().get();
 }
 
 std::uint64_t Catalog::Version() {
-  Bring();
+  BringUpToDate();
   return version_;
 }
 
-void Catalog::Bring() {
+void Catalog::BringUpToDate() {
   if (isCurrent_) {
     return;
   }
@@ -116,13 +106,6 @@ void Catalog::Add(const CatalogObject& object) {
   TreeBuilder builder = TreeBuilder::Behind(pager_, kMasterRoot);
   builder.AppendRow(builder.LastRowId().value_or(0) + 1, values);
   builder.Finish();
-  NoteSchemaChange(pager_);
-  Invalidate();
-}
-
-void Catalog::Remove(RowId rowId) {
-  const RowKey key = ToRowKey(rowId);
-  TreeEditor(pager_, kMasterRoot).Remove({key.data(), key.size()});
   NoteSchemaChange(pager_);
   Invalidate();
 }

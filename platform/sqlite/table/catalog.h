@@ -22,20 +22,16 @@ class Catalog {
 
   /// All rows of the master table, in order; good while Version() stays.
   [[nodiscard]] const std::vector<CatalogObject>& Objects();
-  /// @return null if there is no such object
-  [[nodiscard]] const CatalogObject* Find(std::string_view type, std::string_view name);
   /// @return null if there is no such table; else good while Version() stays
   [[nodiscard]] const Table* FindTable(std::string_view name);
   /// Changes with the objects and with the file's format.
   [[nodiscard]] std::uint64_t Version();
 
-  /// Adds a row to the master table; `rowId` is worked out.
+  /// Adds a row to the master table.
   void Add(const CatalogObject& object);
-  /// Removes a row of the master table.
-  void Remove(RowId rowId);
 
  private:
-  void Bring();
+  void BringUpToDate();
 
   Pager& pager_;
   bool isCurrent_ = false;

@@ -55,33 +55,19 @@ class Database {
   /// by other processes. Ask inside a Statement or a transaction.
   [[nodiscard]] std::uint64_t SchemaVersion() { return catalog_.Version(); }
 
-  /// Adds a table. Fails if the name is taken: `table R already exists`.
-  /// @param sql  the statement as typed, from its first letter to its last token; `name` in it may
-  ///   be quoted
+  /// Adds a table. `table R already exists` if the name is taken.
+  /// @param sql  as typed, from its first letter to its last token; libsqlite3 has understood it,
+  /// and
+  ///   it asks for no unique key
   void CreateTable(std::string_view name, std::string_view sql);
   /// Adds an index with an entry for each row. Fails with `index irm already exists`,
-  /// `no such table: Q`, `table R has no column named zz`.
+  /// `no such table: Q`, and for columns that aren't text. `sql` as for CreateTable.
   void CreateIndex(std::string_view name, std::string_view table, std::string_view sql);
-  /// Adds a view or a trigger: a row of the master table, not looked into.
-  void CreateOther(std::string_view type, std::string_view name, std::string_view table,
-                   std::string_view sql);
-  /// Removes a table with its indexes and triggers: `no such table: Q`.
-  void DropTable(std::string_view name);
-  /// Removes an index: `no such index: q`.
-  void DropIndex(std::string_view name);
-  /// Removes a view or a trigger: `no such view: q`.
-  void DropOther(std::string_view type, std::string_view name);
 
   /// Adds a row after the last. `values` has one value for each column; a text ends at its first
-  /// NUL byte. Fails with kRowTooLong. @return its number
-  RowId Append(const Table& table, std::span<const Value> values);
-  /// Adds a row of a given number. Fails if there is one: `PRIMARY KEY must be unique`.
-  void Insert(const Table& table, RowId rowId, std::span<const Value> values);
-  /// Gives an existing row other values; its number and place stay. Nothing if there is no such
-  /// row.
-  void Update(const Table& table, RowId rowId, std::span<const Value> values);
-  /// Removes a row. Nothing if there is none.
-  void Delete(const Table& table, RowId rowId);
+  /// NUL byte. Fails with kRowTooLong, and kFull after the greatest row number.
+  /// @param table  without a unique key
+  void Append(const Table& table, std::span<const Value> values);
 
   /// `UPDATE table SET valueColumn=value WHERE keyColumn=key` for scripts of many such statements:
   /// they are collected, on disk if need be, and made together before anything else is read
@@ -113,10 +99,9 @@ class Database {
   void DropWaiting();
   /// Does work that no mark can take back: if it fails, only a rollback is left.
   template <class Work>
-  auto Irrevocably(Work work);
-  /// `values` as they are stored: cut at NUL bytes, the row's number as NULL.
-  [[nodiscard]] std::span<const Value> Clean(const Table& table, std::span<const Value> values);
-  [[nodiscard]] RowId DrawRowId(const Table& table);
+  void Irrevocably(Work work);
+  void AddObject(std::string_view type, std::string_view name, std::string_view table,
+                 std::string_view sql);
 
   FileAccess file_;
   Catalog catalog_;
@@ -125,7 +110,7 @@ class Database {
   bool inTransaction_ = false;
   std::optional<DatabaseError> brokenBy_;        ///< why the transaction can only be rolled back
   std::optional<DatabaseError> pendingFailure_;  ///< to be reported by the next statement or Commit
-  std::vector<Value> values_;
+  std::vector<Value> values_;                    ///< of the row to be added
 };
 
 /// The frame of one statement: locks while it lasts and takes back what it changed unless it is

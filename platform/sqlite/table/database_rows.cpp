@@ -8,42 +8,44 @@
 // might see the difference: a statement, a commit, a call of the other kind.
 
 #include <algorithm>
-#include <limits>
-#include <random>
 #include <tuple>
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table/database.h"
-#include "platform/sqlite/table/row_changer.h"
 
 namespace lexmill::platform::sqlite {
+namespace {
+
+std::string_view CutAtNul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
+
+}  // namespace
 
 template <class Work>
-auto Database::Irrevocably(Work work) {
+void Database::Irrevocably(Work work) {
   try {
-    return work();
+    work();
   } catch (const DatabaseError& error) {
     brokenBy_ = error;
     throw;
   }
 }
 
-RowId Database::Append(const Table& table, std::span<const Value> values) {
-  const std::span<const Value> clean = Clean(table, values);
-  std::ignore = ShapeOf(clean);  // a row that is too long changes nothing
+void Database::Append(const Table& table, std::span<const Value> values) {
+  values_.clear();
+  for (const Value& value : values) {
+    values_.push_back(value ? Value(CutAtNul(*value)) : value);
+  }
+  std::ignore = ShapeOf(values_);  // a row that is too long changes nothing
   if (!appender_ || !appender_->IsFor(table)) {
     PrepareToWait();
-    if (RowAppender::Serves(table)) {
-      appender_ = std::make_unique<RowAppender>(file_.Pages(), table);
-    }
+    appender_ = std::make_unique<RowAppender>(file_.Pages(), table);
   }
-  if (appender_ && appender_->HasNumber()) {
-    return Irrevocably([&] { return appender_->Append(clean); });
+  if (appender_->IsFull()) {
+    throw DatabaseError(kFull);
   }
-  Settle();
-  const RowId rowId = DrawRowId(table);
-  RowChanger(file_.Pages(), table).Insert(rowId, clean);
-  return rowId;
+  Irrevocably([&] { appender_->Append(values_); });
 }
 
 void Database::UpdateWhere(const Table& table, std::size_t keyColumn, std::size_t valueColumn,
@@ -52,8 +54,7 @@ void Database::UpdateWhere(const Table& table, std::size_t keyColumn, std::size_
     PrepareToWait();
     updates_ = std::make_unique<KeyedUpdates>(file_.Pages(), table, keyColumn, valueColumn);
   }
-  Irrevocably(
-      [&] { updates_->Add(key.substr(0, key.find('\0')), value.substr(0, value.find('\0'))); });
+  Irrevocably([&] { updates_->Add(CutAtNul(key), CutAtNul(value)); });
 }
 
 bool Database::CanUpdateWhere(const Table& table, std::size_t keyColumn, std::size_t valueColumn) {
@@ -88,43 +89,6 @@ void Database::Settle() {
 void Database::DropWaiting() {
   appender_.reset();
   updates_.reset();
-}
-
-/// The values as they are kept: texts end at their first NUL, a row number is no text.
-std::span<const Value> Database::Clean(const Table& table, std::span<const Value> values) {
-  const auto holdsNul = [](const Value& value) {
-    return value && value->find('\0') != std::string_view::npos;
-  };
-  if (!table.rowIdColumn && std::ranges::none_of(values, holdsNul)) {
-    return values;
-  }
-  values_.clear();
-  for (const Value& value : values) {
-    values_.push_back(value ? Value(value->substr(0, value->find('\0'))) : value);
-  }
-  if (table.rowIdColumn) {
-    values_[*table.rowIdColumn].reset();
-  }
-  return values_;
-}
-
-RowId Database::DrawRowId(const Table& table) {
-  RowCursor rows(file_.Pages(), table.rootPage);
-  TreeBuilder last = TreeBuilder::Behind(file_.Pages(), table.rootPage);
-  constexpr RowId kGreatest = std::numeric_limits<RowId>::max();
-  if (last.LastRowId().value_or(0) != kGreatest) {
-    return last.LastRowId().value_or(0) + 1;
-  }
-  std::random_device random;
-  std::uniform_int_distribution<RowId> numbers(1, kGreatest);
-  constexpr int kAttempts = 1000;
-  for (int i = 0; i < kAttempts; ++i) {
-    const RowId rowId = numbers(random);
-    if (!rows.Seek(rowId)) {
-      return rowId;
-    }
-  }
-  throw DatabaseError(kFull);
 }
 
 }  // namespace lexmill::platform::sqlite

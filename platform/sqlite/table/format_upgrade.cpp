@@ -30,7 +30,7 @@ void UpgradeFormat(Pager& pager, Catalog& catalog) {
     }
     const Table* table = catalog.FindTable(object.name);
     for (const Index& index : table->indexes) {
-      if (IsOnText(*table, index)) {
+      if (CanBeKept(*table, index)) {
         MakeAnew(pager, *table, index);
       }
     }

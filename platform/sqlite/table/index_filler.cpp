@@ -2,36 +2,12 @@
 #include "platform/sqlite/table/index_filler.h"
 
 #include "platform/sqlite/database_error.h"
-#include "platform/sqlite/table/row_cursor.h"
+#include "platform/sqlite/table/table_cursor.h"
 #include "platform/sqlite/tree/tree_builder.h"
 #include "platform/sqlite/tree/tree_cursor.h"
 #include "platform/sqlite/tree/tree_editor.h"
 
 namespace lexmill::platform::sqlite {
-namespace {
-
-/// Watches over the entries of a unique index as they come in order. A NULL equals nothing.
-class UniqueCheck {
- public:
-  explicit UniqueCheck(const Index& index) : index_(index) {}
-
-  void See(std::string_view entry) {
-    if (!index_.isUnique) {
-      return;
-    }
-    const std::string_view texts = entry.substr(0, entry.size() - RowKey{}.size());
-    if (texts == before_ && !HasNull(texts)) {
-      throw DatabaseError("indexed columns are not unique");
-    }
-    before_ = texts;
-  }
-
- private:
-  const Index& index_;
-  std::string before_;
-};
-
-}  // namespace
 
 void PutIndexKey(std::string& key, const Index& index, const ValueOf& value, RowId rowId) {
   key.clear();
@@ -43,7 +19,7 @@ void PutIndexKey(std::string& key, const Index& index, const ValueOf& value, Row
 
 void CollectEntries(Pager& pager, const Table& table, const Index& index, KeySorter& entries) {
   std::string key;
-  RowCursor rows(pager, table.rootPage);
+  TableCursor rows(pager, table.rootPage);
   const ValueOf value = [&rows](std::size_t column) { return rows.Record().Column(column); };
   while (rows.Next()) {
     PutIndexKey(key, index, value, rows.CurrentRowId());
@@ -61,10 +37,8 @@ void AddEntries(Pager& pager, const Index& index, KeySorter& entries) {
     }
     return;
   }
-  UniqueCheck check(index);
   TreeBuilder builder = TreeBuilder::Behind(pager, index.rootPage);
   while (entries.Next(entry)) {
-    check.See(entry);
     builder.Append(entry, {});
   }
   builder.Finish();

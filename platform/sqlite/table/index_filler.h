@@ -17,7 +17,7 @@ namespace lexmill::platform::sqlite {
 /// Memory for the entries of an index while they are sorted.
 inline constexpr std::size_t kIndexBuffer = std::size_t{8} * 1024 * 1024;
 
-/// Tells the value of a column.
+/// Gives the value of a column.
 using ValueOf = std::function<Value(std::size_t column)>;
 
 /// Makes `key` the entry of a row in an index.
@@ -26,8 +26,7 @@ void PutIndexKey(std::string& key, const Index& index, const ValueOf& value, Row
 /// Adds an entry for each row of a table.
 void CollectEntries(Pager& pager, const Table& table, const Index& index, KeySorter& entries);
 
-/// Adds collected entries to an index: in one go if it is empty.
-/// @throws DatabaseError if it would hold equal rows and is unique
+/// Adds collected entries to an index: in one pass if it is empty.
 void AddEntries(Pager& pager, const Index& index, KeySorter& entries);
 
 /// Throws unless all indexes of a table can be kept in step with its rows.

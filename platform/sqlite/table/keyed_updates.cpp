@@ -9,7 +9,7 @@
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table/index_filler.h"
-#include "platform/sqlite/table/row_cursor.h"
+#include "platform/sqlite/table/table_cursor.h"
 #include "platform/sqlite/tree/payload.h"
 #include "platform/sqlite/tree/tree_builder.h"
 #include "platform/sqlite/tree/tree_editor.h"
@@ -91,7 +91,7 @@ bool KeyedUpdates::AreFew(std::size_t count) const {
 }
 
 void KeyedUpdates::Search(const Index& index, KeySorter& changes) {
-  EntryCursor entries(pager_, index.rootPage);
+  IndexCursor entries(pager_, index.rootPage);
   while (NextUpdate()) {
     entries.Seek(TextOf(text_));
     while (const auto rowId = entries.Next()) {
@@ -159,7 +159,7 @@ bool KeyedUpdates::NextUpdate() {
 }
 
 void KeyedUpdates::ChangeRows(KeySorter& changes) {
-  RowCursor rows(pager_, table_.rootPage);
+  TableCursor rows(pager_, table_.rootPage);
   TreeEditor editor(pager_, table_.rootPage);
   std::string record;
   for (std::string_view change; changes.Next(change);) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/table/row_appender.h"
 
-#include <algorithm>
 #include <limits>
 
 #include "platform/sqlite/table/index_filler.h"
@@ -17,23 +16,18 @@ RowAppender::RowAppender(Pager& pager, const Table& table)
   }
 }
 
-bool RowAppender::Serves(const Table& table) {
-  return std::ranges::none_of(table.indexes, &Index::isUnique);
+bool RowAppender::IsFull() const {
+  return builder_.LastRowId() == std::numeric_limits<RowId>::max();
 }
 
-bool RowAppender::HasNumber() const {
-  return builder_.LastRowId() != std::numeric_limits<RowId>::max();
-}
-
-RowId RowAppender::Append(std::span<const Value> values) {
+void RowAppender::Append(std::span<const Value> values) {
   const RowId rowId = builder_.LastRowId().value_or(0) + 1;
   builder_.AppendRow(rowId, values);
+  const ValueOf value = [values](std::size_t column) { return values[column]; };
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    PutIndexKey(
-        key_, table_.indexes[i], [values](std::size_t column) { return values[column]; }, rowId);
+    PutIndexKey(key_, table_.indexes[i], value, rowId);
     entries_[i]->Add({key_});
   }
-  return rowId;
 }
 
 void RowAppender::Finish() {

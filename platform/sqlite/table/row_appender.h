@@ -15,7 +15,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Adds rows behind the last one, in constant memory. Table and indexes are whole only after
+/// Adds rows after the last one, in constant memory. Table and indexes are whole only after
 /// Finish; nothing may read or change them meanwhile.
 class RowAppender {
  public:
@@ -23,13 +23,11 @@ class RowAppender {
   /// @throws DatabaseError if an index of the table can't be kept in step
   RowAppender(Pager& pager, const Table& table);
 
-  /// Whether rows of this table can be added here.
-  [[nodiscard]] static bool Serves(const Table& table);
   [[nodiscard]] bool IsFor(const Table& table) const { return &table == &table_; }
-  /// Whether there is a row number behind the last.
-  [[nodiscard]] bool HasNumber() const;
-  /// @return the row's number. @throws DatabaseError kRowTooLong; nothing is added then
-  RowId Append(std::span<const Value> values);
+  /// Whether there is no row number after the last.
+  [[nodiscard]] bool IsFull() const;
+  /// @param values  of a row that isn't too long
+  void Append(std::span<const Value> values);
   void Finish();
 
  private:

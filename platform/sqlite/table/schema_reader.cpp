@@ -36,13 +36,13 @@ bool IsTextType(std::string type) {
 }
 
 void ReadColumns(Connection& scratch, Table& table) {
-  enum : std::size_t { kName = 1, kType, kNotNull, kDefault, kKey };
+  enum : std::size_t { kName = 1, kType, kKey = 5 };
   std::vector<std::size_t> keyColumns;
   for (const auto& row : Ask(scratch, "table_info", table.name)) {
     if (row[kKey] != "0") {
       keyColumns.push_back(table.columns.size());
     }
-    table.columns.push_back({row[kName], row[kType], IsTextType(row[kType]), row[kNotNull] != "0"});
+    table.columns.push_back({row[kName], row[kType], IsTextType(row[kType])});
   }
   if (table.columns.empty()) {
     throw DatabaseError(kMalformed);
@@ -90,7 +90,7 @@ void ReadIndexes(Connection& scratch, const std::vector<CatalogObject>& objects,
     index.rootPage = object == nullptr ? 0 : object->rootPage;
     table.indexes.push_back(index);
   }
-  std::ranges::reverse(table.indexes);  // told from the newest to the oldest
+  std::ranges::reverse(table.indexes);  // listed from the newest to the oldest
 }
 
 /// Adds the indexes of a table that the library didn't understand.
@@ -120,36 +120,20 @@ Table DescribeTable(const CatalogObject& object, const std::vector<CatalogObject
   }
   Table table;
   table.name = object.name;
-  table.sql = object.sql.value_or("");
   table.rootPage = object.rootPage;
   ReadColumns(scratch, table);
   ReadIndexes(scratch, objects, table);
   AddUnknownIndexes(objects, table);
   for (Index& index : table.indexes) {
-    index.isSearchable = isPresentFormat && IsOnText(table, index);
+    index.isSearchable = isPresentFormat && CanBeKept(table, index);
   }
   return table;
 }
 
-bool IsOnText(const Table& table, const Index& index) {
-  return !index.columns.empty() && std::ranges::all_of(index.columns, [&table](std::size_t column) {
-    return table.columns[column].isText;
-  });
-}
-
-void CheckIndex(const CatalogObject& table, const CatalogObject& index) {
-  Connection scratch;
-  scratch.Declare(table.sql.value_or(""));
-  try {
-    scratch.Declare(index.sql.value_or(""));
-  } catch (const DatabaseError& failure) {
-    constexpr std::string_view kNoColumn = "no such column: ";
-    if (!failure.Text().starts_with(kNoColumn)) {
-      throw;
-    }
-    throw DatabaseError("table " + table.name + " has no column named " +
-                        failure.Text().substr(kNoColumn.size()));
-  }
+bool CanBeKept(const Table& table, const Index& index) {
+  const auto isText = [&table](std::size_t column) { return table.columns[column].isText; };
+  return index.rootPage != 0 && !index.columns.empty() &&
+         std::ranges::all_of(index.columns, isText);
 }
 
 }  // namespace lexmill::platform::sqlite

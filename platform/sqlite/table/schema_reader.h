@@ -17,11 +17,8 @@ namespace lexmill::platform::sqlite {
 [[nodiscard]] Table DescribeTable(const CatalogObject& table,
                                   const std::vector<CatalogObject>& objects, bool isPresentFormat);
 
-/// Whether an index is understood and all its columns are text.
-[[nodiscard]] bool IsOnText(const Table& table, const Index& index);
-
-/// Makes sure that an index statement for a table makes sense.
-/// @throws DatabaseError such as `table R has no column named zz`
-void CheckIndex(const CatalogObject& table, const CatalogObject& index);
+/// Whether the entries of an index can be made from its rows: it is in the file and understood, and
+/// all its columns are text.
+[[nodiscard]] bool CanBeKept(const Table& table, const Index& index);
 
 }  // namespace lexmill::platform::sqlite

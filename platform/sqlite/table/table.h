@@ -13,14 +13,13 @@
 
 namespace lexmill::platform::sqlite {
 
-/// A row of the master table, as it stands there.
+/// A row of the master table.
 struct CatalogObject {
   std::string type;  ///< "table", "index", "view", "trigger"
   std::string name;
   std::string tableName;
   PageNumber rootPage = 0;         ///< 0 for views and triggers
   std::optional<std::string> sql;  ///< as typed; none for the index of a UNIQUE or PRIMARY KEY
-  RowId rowId = 0;                 ///< its row in the master table
 
   [[nodiscard]] bool operator==(const CatalogObject&) const = default;
 };
@@ -29,12 +28,11 @@ struct Column {
   std::string name;
   std::string declaredType;  ///< as typed, may be empty
   bool isText = false;       ///< compares as text; other columns compare as numbers
-  bool isNotNull = false;
 };
 
 struct Index {
   std::string name;
-  PageNumber rootPage = 0;
+  PageNumber rootPage = 0;           ///< 0 if the table asks for it and the file doesn't have it
   std::vector<std::size_t> columns;  ///< positions in the table, in the index's order
   bool isUnique = false;
   /// All columns are text and the file is of the present format, so that equal texts stand together
@@ -44,7 +42,6 @@ struct Index {
 
 struct Table {
   std::string name;
-  std::string sql;
   PageNumber rootPage = 0;
   std::vector<Column> columns;
   std::vector<Index> indexes;

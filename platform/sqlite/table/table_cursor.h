@@ -1,63 +1,88 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Reading the rows of a table.
+// platform/sqlite/table: Reading the rows of a table, and the row numbers in an index.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
-#include "platform/sqlite/table/row_cursor.h"
+#include "platform/sqlite/file/page.h"
+#include "platform/sqlite/file/pager.h"
 #include "platform/sqlite/table/table.h"
+#include "platform/sqlite/tree/record.h"
+#include "platform/sqlite/tree/tree_cursor.h"
 
 namespace lexmill::platform::sqlite {
 
 class Database;
 
-/// The rows of a table in the order of their numbers. Lives inside a Statement. Rows may be changed
-/// meanwhile: Next goes on behind the row it gave last. Damage throws kMalformed.
+/// Where a row is in the file; 0 for a place beyond what fits here.
+using RowPlace = std::uint32_t;
+
+/// The rows of a table in the order of their numbers. Nothing may be changed while Next goes
+/// through them. Damage throws kMalformed.
 class TableCursor {
  public:
-  /// @param table  as found in `database`
+  /// @param table  as found in `database`. The cursor lives inside a Statement
   TableCursor(Database& database, const Table& table);
+  TableCursor(Pager& pager, PageNumber root) : tree_(pager, root) {}
 
-  /// Goes to the first row, the first time, then to the next. @return false behind the last
+  /// Goes to the first row, the first time, then to the next. @return false after the last
   [[nodiscard]] bool Next();
-  /// Goes to the row of that number; Next goes on behind it. @return false if there is none
+  /// Goes to the row of that number; Next goes on after it. @return false if there is none
   [[nodiscard]] bool Seek(RowId rowId);
   /// Next begins with the first row again.
-  void Rewind() { rows_.Rewind(); }
+  void Rewind() { last_.reset(); }
 
-  /// Where the current row stands; 0 if that can't be told, and Seek has to do.
-  [[nodiscard]] RowPlace CurrentPlace() const { return rows_.CurrentPlace(); }
+  /// Where the current row is; 0 if that can't be said, and Seek has to do.
+  [[nodiscard]] RowPlace CurrentPlace() const;
   /// Reads the row at a place again, without a way through the tree. Good as long as the table
   /// isn't changed; only Seek, SeekPlace and Rewind make sense then.
-  void SeekPlace(RowPlace place) { rows_.SeekPlace(place); }
+  void SeekPlace(RowPlace place);
 
-  [[nodiscard]] RowId CurrentRowId() const { return rows_.CurrentRowId(); }
-  /// The current row's value. The text lies in a page or a buffer of the cursor: it is good until
-  /// the cursor moves or the table changes. NULL for a column that the row doesn't have.
-  [[nodiscard]] Value Column(std::size_t column) const { return rows_.Record().Column(column); }
+  [[nodiscard]] RowId CurrentRowId() const { return *last_; }
+  /// The current row. Its texts are in a page or a buffer of the cursor: they are good until the
+  /// cursor moves or the table changes.
+  [[nodiscard]] const RecordView& Record() const { return record_; }
+  /// The current row's value; NULL for a column that the row doesn't have.
+  [[nodiscard]] Value Column(std::size_t column) const { return record_.Column(column); }
 
  private:
-  Database& database_;
-  RowCursor rows_;
+  void Load();
+
+  TreeCursor tree_;
+  std::optional<RowId> last_;
+  RecordView record_;
+  std::string overflow_;
 };
 
-/// The numbers of the rows with a certain text in an indexed column, in rising order. Lives inside
-/// a Statement.
+/// The numbers of the rows with a certain text in an indexed column, in rising order. Nothing may
+/// be changed between two calls of Next.
 class IndexCursor {
  public:
-  /// @param index  searchable, with one column
+  /// @param index  searchable, with one column. The cursor lives inside a Statement
   IndexCursor(Database& database, const Index& index);
+  IndexCursor(Pager& pager, PageNumber root) : tree_(pager, root) {}
 
   /// Looks for another text. It is copied.
-  void Seek(std::string_view text) { entries_.Seek(text); }
-  /// @return the next row's number; none behind the last
+  void Seek(std::string_view text);
+  /// @return the next row's number; none after the last
   [[nodiscard]] std::optional<RowId> Next();
 
  private:
-  Database& database_;
-  EntryCursor entries_;
+  [[nodiscard]] bool FindNext();
+
+  TreeCursor tree_;
+  std::string prefix_;
+  bool isFirst_ = true;
+  bool isAtEnd_ = true;
+  std::string overflow_;
 };
+
+/// The number of the row that an index entry belongs to, the last bytes of its key.
+/// @throws DatabaseError kMalformed for a key too short
+[[nodiscard]] RowId RowIdOfEntry(std::string_view key);
 
 }  // namespace lexmill::platform::sqlite

@@ -132,13 +132,6 @@ void AppendIndexText(std::string& key, Value text) {
   key += '\0';
 }
 
-bool HasNull(std::string_view texts) {
-  while (!texts.empty() && texts.front() != kNullMark) {
-    texts.remove_prefix(std::min(texts.find('\0'), texts.size() - 1) + 1);
-  }
-  return !texts.empty();
-}
-
 void AppendRowKey(std::string& key, RowId rowId) {
   const RowKey rowKey = ToRowKey(rowId);
   key.append(rowKey.data(), rowKey.size());

@@ -43,7 +43,6 @@ class RecordView {
   /// @throws DatabaseError kMalformed if the offsets don't fit in the record
   explicit RecordView(std::string_view bytes);
 
-  [[nodiscard]] std::size_t Columns() const { return columns_; }
   /// NULL for a column behind the last. @throws DatabaseError kMalformed for a wild offset
   [[nodiscard]] Value Column(std::size_t column) const;
 
@@ -57,8 +56,6 @@ class RecordView {
 
 /// Adds a column of an index entry: its text, marked and ended so that entries sort as rows do.
 void AppendIndexText(std::string& key, Value text);
-/// Whether a column of an index entry, without its row number, is NULL.
-[[nodiscard]] bool HasNull(std::string_view texts);
 /// Ends an index entry with the number of its row.
 void AppendRowKey(std::string& key, RowId rowId);
 

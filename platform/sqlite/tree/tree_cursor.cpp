@@ -71,7 +71,6 @@ void TreeCursor::Restart() {
     levels_[--depth_].page.Release();
   }
   entered_ = 0;
-  changes_ = pager_.Changes();
 }
 
 void TreeCursor::Enter(PageNumber page) {

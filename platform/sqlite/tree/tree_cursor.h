@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,11 +25,8 @@ class TreeCursor {
   /// Goes to an entry by its page and the offset of its cell. First and SeekAtLeast make sense
   /// then, Next doesn't.
   void GoTo(PageNumber page, std::size_t cell);
-  /// Goes to the next entry. @return false behind the last
+  /// Goes to the next entry; the tree must not have been changed. @return false after the last
   [[nodiscard]] bool Next();
-  /// Whether pages have been changed since the cursor came here: then only First and SeekAtLeast
-  /// make sense.
-  [[nodiscard]] bool IsStale() const { return changes_ != pager_.Changes(); }
 
   [[nodiscard]] PageNumber CurrentPage() const { return levels_[depth_ - 1].page.Number(); }
   [[nodiscard]] std::size_t CellOffset() const { return levels_[depth_ - 1].cell; }
@@ -58,7 +54,6 @@ class TreeCursor {
   std::array<Level, kGreatestDepth> levels_;
   std::size_t depth_ = 0;
   std::size_t entered_ = 0;
-  std::uint64_t changes_ = 0;
 };
 
 }  // namespace lexmill::platform::sqlite

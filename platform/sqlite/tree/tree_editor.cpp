@@ -12,9 +12,6 @@
 namespace lexmill::platform::sqlite {
 namespace {
 
-/// A page with less than this in it is joined with a neighbour.
-constexpr std::size_t kSlim = kPageRoom / 4;
-
 void CheckDepth(std::size_t depth) {
   if (depth >= kGreatestDepth) {
     throw DatabaseError(kMalformed);
@@ -23,11 +20,10 @@ void CheckDepth(std::size_t depth) {
 
 }  // namespace
 
-void TreeEditor::Node::Load(Pager& pager, PageNumber number) {
+TreeEditor::Node::Node(Pager& pager, PageNumber number) {
   const PageRef ref = pager.ReadTree(number);
   std::copy_n(ref.Bytes(), kPageSize, page.data());
   const ByteOrder order = pager.Order();
-  cells.clear();
   right = Get32(&page[kRightChildAt], order);
   for (std::size_t at = Get16(&page[kFirstCellAt], order); at != 0;) {
     const CellView cell(&page[at], order);
@@ -57,15 +53,6 @@ void TreeEditor::Put(std::string_view key, std::string_view data) {
   if (PutHere(root, key, 0)) {
     StoreRoot(root);
   }
-}
-
-bool TreeEditor::Remove(std::string_view key) {
-  isFound_ = false;
-  Node root(pager_, root_);
-  if (RemoveHere(root, key, 0)) {
-    StoreRoot(root);
-  }
-  return isFound_;
 }
 
 std::pair<std::size_t, bool> TreeEditor::Find(const Node& node, std::string_view key) {
@@ -98,47 +85,6 @@ TreeEditor::Pieces TreeEditor::PutBelow(PageNumber page, std::string_view key, s
   return PutHere(node, key, depth) ? Store(node, page) : Pieces{page};
 }
 
-bool TreeEditor::RemoveHere(Node& node, std::string_view key, std::size_t depth) {
-  const auto [index, isEqual] = Find(node, key);
-  if (!isEqual) {
-    return !node.IsLeaf() && Splice(node, index, RemoveBelow(node.Child(index), key, depth + 1));
-  }
-  isFound_ = true;
-  FreeOverflow(pager_, View(node.cells[index]));
-  if (node.IsLeaf()) {
-    node.cells.erase(node.cells.begin() + static_cast<std::ptrdiff_t>(index));
-    return true;
-  }
-  // The entry before it, the greatest below its left child, takes its place.
-  std::string greatest;
-  const Pieces pieces = TakeGreatest(node.Child(index), greatest, depth + 1);
-  node.cells[index].bytes = node.kept.emplace_back(std::move(greatest));
-  std::ignore = Splice(node, index, pieces);
-  return true;
-}
-
-TreeEditor::Pieces TreeEditor::RemoveBelow(PageNumber page, std::string_view key,
-                                           std::size_t depth) {
-  CheckDepth(depth);
-  Node node(pager_, page);
-  return RemoveHere(node, key, depth) ? Store(node, page) : Pieces{page};
-}
-
-TreeEditor::Pieces TreeEditor::TakeGreatest(PageNumber page, std::string& cell, std::size_t depth) {
-  CheckDepth(depth);
-  Node node(pager_, page);
-  if (!node.IsLeaf()) {
-    const Pieces pieces = TakeGreatest(node.right, cell, depth + 1);
-    return Splice(node, node.cells.size(), pieces) ? Store(node, page) : Pieces{page};
-  }
-  if (node.cells.empty()) {
-    throw DatabaseError(kMalformed);
-  }
-  cell = node.cells.back().bytes;
-  node.cells.pop_back();
-  return Store(node, page);
-}
-
 bool TreeEditor::Splice(Node& node, std::size_t child, const Pieces& pieces) {
   PageNumber left = pieces.first;
   std::size_t at = child;
@@ -148,36 +94,15 @@ bool TreeEditor::Splice(Node& node, std::size_t child, const Pieces& pieces) {
     ++at;
   }
   node.Child(at) = left;
-  if (pieces.isSlim && !node.cells.empty()) {
-    Join(node, child);
-    return true;
-  }
   return !pieces.others.empty();
 }
 
-void TreeEditor::Join(Node& node, std::size_t child) {
-  const std::size_t separator = std::min(child, node.cells.size() - 1);
-  const PageNumber leftPage = node.Child(separator);
-  const PageNumber rightPage = node.Child(separator + 1);
-  Node joined(pager_, leftPage);
-  const Node right(pager_, rightPage);
-  joined.cells.push_back({joined.right, node.cells[separator].bytes});
-  joined.cells.insert(joined.cells.end(), right.cells.begin(), right.cells.end());
-  joined.right = right.right;
-  FreePage(pager_, rightPage);
-  Pieces pieces = Store(joined, leftPage);
-  pieces.isSlim = false;
-  node.cells.erase(node.cells.begin() + static_cast<std::ptrdiff_t>(separator));
-  std::ignore = Splice(node, separator, pieces);
-}
-
 TreeEditor::Pieces TreeEditor::Store(const Node& node, PageNumber page) {
-  const std::size_t size = node.Size();
-  if (size > kPageRoom) {
+  if (node.Size() > kPageRoom) {
     return Split(node, page);
   }
   Write(node, 0, node.cells.size(), node.right, page);
-  return {page, {}, size < kSlim};
+  return {page};
 }
 
 TreeEditor::Pieces TreeEditor::Split(const Node& node, PageNumber first) {
@@ -216,11 +141,6 @@ std::vector<std::size_t> TreeEditor::Separators(const Node& node) {
 }
 
 void TreeEditor::StoreRoot(Node& node) {
-  while (node.cells.empty() && !node.IsLeaf()) {
-    const PageNumber child = node.right;
-    node.Load(pager_, child);
-    FreePage(pager_, child);
-  }
   if (node.Size() > kPageRoom) {
     const Pieces pieces = Split(node, AllocatePage(pager_));
     node.cells.clear();

@@ -15,16 +15,14 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Adds, replaces and removes entries where they stand. A page that overflows is split, one that is
-/// nearly empty joined with its neighbour; the root keeps its number. Damage throws kMalformed.
+/// Adds and replaces entries where they are. A page that overflows is split; the root keeps its
+/// number. Damage throws kMalformed.
 class TreeEditor {
  public:
   TreeEditor(Pager& pager, PageNumber root) : pager_(pager), root_(root) {}
 
   /// Adds an entry, or gives the one with this key other data.
   void Put(std::string_view key, std::string_view data);
-  /// Removes an entry. @return false if there is none with this key
-  bool Remove(std::string_view key);
 
  private:
   struct Cell {
@@ -34,11 +32,10 @@ class TreeEditor {
 
   /// A page taken apart: its cells, and the child behind the last.
   struct Node {
-    Node(Pager& pager, PageNumber number) { Load(pager, number); }
+    Node(Pager& pager, PageNumber number);
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
-    void Load(Pager& pager, PageNumber number);
     [[nodiscard]] bool IsLeaf() const { return right == 0; }
     [[nodiscard]] std::size_t Size() const;
     [[nodiscard]] PageNumber& Child(std::size_t index) {
@@ -52,24 +49,19 @@ class TreeEditor {
     std::list<std::string> kept;  ///< bytes of cells that came from elsewhere
   };
 
-  /// What stands in the place of one page: it, or several with the cells between them.
+  /// What a page has become: itself, or several pages with the cells between them.
   struct Pieces {
     PageNumber first = 0;
-    std::vector<std::pair<std::string, PageNumber>> others = {};
-    bool isSlim = false;  ///< so little that it ought to be joined with a neighbour
+    std::vector<std::pair<std::string, PageNumber>> others = {};  ///< a cell, and the page after it
   };
 
   /// The first cell not less than `key`, and whether it is equal.
   [[nodiscard]] std::pair<std::size_t, bool> Find(const Node& node, std::string_view key);
 
-  // What returns bool tells whether the node has been changed and has to be stored.
+  // What returns bool says whether the node has been changed and has to be stored.
   [[nodiscard]] bool PutHere(Node& node, std::string_view key, std::size_t depth);
   [[nodiscard]] Pieces PutBelow(PageNumber page, std::string_view key, std::size_t depth);
-  [[nodiscard]] bool RemoveHere(Node& node, std::string_view key, std::size_t depth);
-  [[nodiscard]] Pieces RemoveBelow(PageNumber page, std::string_view key, std::size_t depth);
-  [[nodiscard]] Pieces TakeGreatest(PageNumber page, std::string& cell, std::size_t depth);
-  [[nodiscard]] bool Splice(Node& node, std::size_t child, const Pieces& pieces);
-  void Join(Node& node, std::size_t child);
+  [[nodiscard]] static bool Splice(Node& node, std::size_t child, const Pieces& pieces);
 
   [[nodiscard]] Pieces Store(const Node& node, PageNumber page);
   [[nodiscard]] Pieces Split(const Node& node, PageNumber first);
@@ -85,7 +77,6 @@ class TreeEditor {
   Pager& pager_;
   PageNumber root_;
   std::string_view cell_;  ///< the cell to be put
-  bool isFound_ = false;
   std::string buffer_;
 };
 

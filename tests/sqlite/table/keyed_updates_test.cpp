@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <array>
 #include <map>
 
 #include <gtest/gtest.h>
@@ -12,7 +11,6 @@ namespace {
 
 using platform::sqlite::Database;
 using platform::sqlite::Table;
-using platform::sqlite::Value;
 using Rowset = std::vector<std::string>;
 
 constexpr std::size_t kO1 = 1;
@@ -35,7 +33,7 @@ class KeyedUpdates : public DatabaseTest {
     }
   }
 
-  /// Rows of O with `change` carried out by hand.
+  /// Rows of O with `change` made by hand.
   static Rowset Expected(Rowset rows, const std::map<std::string, std::string>& change) {
     for (std::string& row : rows) {
       const std::size_t second = row.find('\t') + 1;
@@ -129,20 +127,6 @@ TEST_F(KeyedUpdates, RowThatWouldBeTooLongKeepsItsValue) {
   database.UpdateWhere(table, kO1, kO2, "long", "replaced");
   EXPECT_EQ(ErrorOf([&] { database.Commit(); }), "too much data for one table row");
   EXPECT_EQ(Rows(database, "O"), (Rowset{half + "\tlong\treplaced", "\tshort\tnew"}));
-}
-
-TEST_F(KeyedUpdates, AreRolledBackWithTheirTransaction) {
-  Change([](Database& database) { MakeO(database, 10, true); });
-  const std::string before = Bytes();
-  {
-    Database database(path_);
-    database.Begin();
-    database.UpdateWhere(*database.FindTable("O"), kO1, kO2, "key 1", "new");
-    EXPECT_EQ(Rows(database, "O").at(1).back(), 'w');
-    database.UpdateWhere(*database.FindTable("O"), kO1, kO2, "key 2", "new");
-    database.Rollback();
-  }
-  EXPECT_EQ(Bytes(), before);
 }
 
 TEST_F(KeyedUpdates, AreForTextColumnsOutsideIndexes) {
