@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite: the database shell. libsqlite3 behind objects that close what they open.
+// platform/sqlite: the database shell. libsqlite3, in objects that close what they open.
 #pragma once
 
 #include <sqlite3.h>
@@ -13,7 +13,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// The code by which libsqlite3 is told of a failure, so that it comes back from CompiledStatement
+/// The code that reports a failure to libsqlite3, so that it comes back from CompiledStatement
 /// and Connection as what it was.
 [[nodiscard]] int ResultCodeOf(const DatabaseError& failure);
 

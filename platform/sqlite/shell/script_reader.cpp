@@ -1,4 +1,13 @@
 // SPDX-License-Identifier: MIT
+// Lines are collected in one buffer; nothing is copied out of it. At any time it holds
+//
+//   batch_ ........ line_ ......... lineEnd_ ........ filled_
+//   lines of the    the line that   read, not yet
+//   batch so far    is looked at    looked at
+//
+// When it is full, what comes before `batch_` is given up; when that is nothing, the batch is
+// longer than the buffer, which then doubles. Each byte is moved a bounded number of times and
+// scanned once, so a script of one endless batch takes no more than linear time.
 #include "platform/sqlite/shell/script_reader.h"
 
 #include <algorithm>
@@ -62,7 +71,7 @@ bool ScriptReader::FindLine() {
   }
 }
 
-/// Reads on behind what is filled, after making room. @return false at the end of the script
+/// Reads on after what is filled, after making room. @return false at the end of the script
 bool ScriptReader::Fill() {
   if (filled_ == buffer_.size() && batch_ > 0) {
     std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(batch_), buffer_.end(),
@@ -87,6 +96,7 @@ bool ScriptReader::LineIsPlainInsert() {
   if (batch_ != line_ || !scanner_.IsBetweenStatements()) {
     return false;
   }
+  // Read as it is: neither the scanner nor anybody after it looks at these lines, most of a script.
   const std::size_t length = insert_.Read(Line());
   return length > 0 && TrimBlanksAtEnd(Line()).size() == length;
 }
@@ -103,6 +113,7 @@ bool ScriptReader::LineEndsBatch() {
   return scanner_.IsBetweenStatements() && TrimBlanksAtEnd(Line()).ends_with(';');
 }
 
+/// Makes a line `go` or `/` the semicolon that it means; its length stays.
 void ScriptReader::ReplaceTerminator() {
   const std::size_t length = TrimBlanksAtEnd(Line()).size();
   std::fill_n(buffer_.begin() + static_cast<std::ptrdiff_t>(line_), length, ' ');

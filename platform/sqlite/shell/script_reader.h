@@ -27,8 +27,8 @@ struct ScriptBatch {
 };
 
 /// Reads a script line by line through a buffer that only a long batch makes larger. Lines are
-/// collected until one ends with the semicolon of a statement; blanks behind it do not count. A
-/// line `go` or `/` alone stands for a semicolon. Blank lines and lines of comments between batches
+/// collected until one ends with the semicolon of a statement; blanks after it do not count. A
+/// line `go` or `/` alone means a semicolon. Blank lines and lines of comments between batches
 /// are passed over. Most lines are plain INSERTs: those are read once, into their values.
 class ScriptReader {
  public:
@@ -57,8 +57,8 @@ class ScriptReader {
   // Positions in the buffer, in rising order. Between calls the batch's end is the line's end.
   std::size_t batch_ = 0;    ///< start of what is collected
   std::size_t line_ = 0;     ///< start of the line
-  std::size_t lineEnd_ = 0;  ///< behind the line
-  std::size_t filled_ = 0;   ///< behind the last byte read
+  std::size_t lineEnd_ = 0;  ///< after the line
+  std::size_t filled_ = 0;   ///< after the last byte read
 };
 
 }  // namespace lexmill::platform::sqlite

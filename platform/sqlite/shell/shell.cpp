@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+// A statement of the command line and a script differ in all that has to do with failures: where
+// they are printed, whether the next statement runs, and the exit code. Both run in batches. What a
+// script collects up to a semicolon at the end of a line is one batch, and a failure ends it: the
+// next batch runs all the same. The database is opened by the first statement and not before, since
+// that makes the file.
 #include "platform/sqlite/shell/shell.h"
 
 #include <new>
@@ -108,7 +113,7 @@ class Shell {
     });
   }
 
-  /// Runs `body`; after a failure prints `text` and what is wrong.
+  /// Runs `body`; if it fails, prints `text` and what is wrong.
   template <typename Body>
   void ReportFailure(std::string_view text, Body body) {
     try {

@@ -13,7 +13,7 @@ std::string TextOf(const char* text) {
   return text == nullptr ? "" : text;
 }
 
-/// libsqlite3's authorizer: is told every step of a statement before it is taken.
+/// libsqlite3's authorizer: asked before every step of a statement.
 int Note(void* context, int code, const char* first, const char* second, const char*, const char*) {
   NewObject& object = *static_cast<NewObject*>(context);
   if (code == SQLITE_CREATE_TABLE) {

@@ -10,7 +10,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// What a CREATE statement makes, without the quotes that its names may stand in.
+/// What a CREATE statement makes, with names out of their quotes.
 struct NewObject {
   std::string type;  ///< "table" or "index"
   std::string name;

@@ -1,4 +1,15 @@
 // SPDX-License-Identifier: MIT
+// libsqlite3 has a database of its own, an empty one in memory. In it each table of the file is
+// declared as a virtual table of the module `lexmill_table`, which reads the rows where they are,
+// and each view as it is written in the file. So any SELECT works, and nothing is copied.
+//
+// Three things have to be as in the shell of the file's time, not as libsqlite3 would have them:
+//
+//   - The order of rows. Tables are looped in the order of FROM: libsqlite3 would put the one with
+//     the better index inside. It keeps the order of a CROSS JOIN, so every join is made one, and
+//     the indexes that it would build for itself, with equal rows in another order, are off.
+//   - Names of columns: what the query says, `R.r2` and not `r2`.
+//   - `Upper`, which goes by the characters of the code page.
 #include "platform/sqlite/sql/engine.h"
 
 #include <vector>
@@ -40,14 +51,14 @@ void Engine::Run(std::string_view select) {
 
 /// Makes a connection that knows the tables and views of the database as they are now.
 void Engine::Connect() {
-  connection_.reset();
+  connection_.reset();  // before the module that its tables belong to
   connection_.emplace();
   sqlite3* handle = connection_->Handle();
   module_ = std::make_unique<TableModule>(handle, database_);
   sqlite3_create_function(handle, "upper", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Upper,
                           nullptr, nullptr);
-  connection_->Run("PRAGMA automatic_index=OFF");     // would give equal rows in another order
-  connection_->Run("PRAGMA short_column_names=OFF");  // a column's name is what the query says
+  connection_->Run("PRAGMA automatic_index=OFF");
+  connection_->Run("PRAGMA short_column_names=OFF");
   connection_->Run(VirtualTableSql(kMasterAlias));
   for (const CatalogObject& object : database_.Objects()) {
     if (object.type == "table") {
@@ -59,12 +70,13 @@ void Engine::Connect() {
   version_ = database_.SchemaVersion();
 }
 
-/// A table that can't be described is as if it weren't there.
+/// A table whose statement isn't understood, such as one of another program, is as if it weren't
+/// there: a query that names it fails, and only that.
 void Engine::ConnectTable(std::string_view name) {
   try {
     connection_->Run(VirtualTableSql(name));
   } catch (const DatabaseError&) {
-    // Says so when a statement names it.
+    return;
   }
 }
 

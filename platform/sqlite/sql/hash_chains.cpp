@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+// The hashes of a slot form a ring: each entry names the next, the last one the first, and the slot
+// names the last. So a number is added at the end of its slot, and a search begins with the first,
+// with one number for each slot. There are at least as many slots as hashes.
 #include "platform/sqlite/sql/hash_chains.h"
 
 #include <functional>

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: MIT
+// Rows lie one after the other in blocks of a megabyte, none across two of them. A value is its
+// length, of two bytes, and its bytes; NULL is a mark in the place of the length, and so is a text
+// that the row's first value holds as a part, with length and place after it. Strings of a
+// dictionary and what is left of them without their decorations share most of their bytes.
 #include "platform/sqlite/sql/packed_rows.h"
 
 #include <algorithm>
@@ -10,10 +14,10 @@ namespace {
 
 constexpr std::size_t kBlockSize = 1024 * 1024;
 
-/// Before each value stands its length, or one of these marks.
+/// Before each value comes its length, or one of these marks.
 using Length = std::uint16_t;
 constexpr Length kNull = UINT16_MAX;
-/// Behind it stand the length and the place in the row's first value, which holds the text too.
+/// After it come the length and the place in the row's first value.
 constexpr Length kPartOfFirst = UINT16_MAX - 1;
 
 /// Shorter texts take no more room than a place.
@@ -59,7 +63,7 @@ std::uint32_t PackedRows::Add(std::span<const Value> values) {
     }
   }
   const std::size_t place = (blocks_.size() - 1) * kBlockSize + used_ - size;
-  used_ -= static_cast<std::size_t>(end - to);
+  used_ -= static_cast<std::size_t>(end - to);  // what parts of the first value saved
   return static_cast<std::uint32_t>(place);
 }
 

@@ -8,7 +8,7 @@
 //
 // DISTINCT needs no memory of the rows printed. KeyedRows keeps equal rows of the inner table once,
 // and the join is done here only if rows that look alike have the same key. So a row of the result
-// tells which row of the inner table made it, and with that its key; it can come up again only when
+// shows which row of the inner table made it, and with that its key; it can come up again only when
 // the outer table has that key again with the same values. The pairs of a key and the outer
 // table's values are therefore all that has to be remembered. A key is known by the number of the
 // first row that has it.
@@ -40,7 +40,7 @@ constexpr std::size_t kLongestRow = 1048562;
 struct Side {
   const Table* table = nullptr;
   std::vector<std::size_t> columns;  ///< that are printed, by their positions in the table
-  std::vector<std::size_t> places;   ///< where each of them stands in a row of the result
+  std::vector<std::size_t> places;   ///< of each of them in a row of the result
   std::size_t key = 0;               ///< position of the key in the table
 };
 

@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: MIT
+// A Reader takes a statement apart from left to right, in one pass and without a copy: every part
+// is a view into the statement, but for texts in which an apostrophe is doubled. After something
+// that doesn't fit it has failed, and all that follows fails as well, so that the forms below read
+// like the statements and ask once, at their end.
+//
+// Exactly one spelling is known. That costs nothing: a script has the one that a stage writes, and
+// whatever else comes is still understood, only slower (WithPlainSpelling, libsqlite3).
 #include "platform/sqlite/sql/plain_statement.h"
 
 #include <algorithm>
@@ -64,7 +71,7 @@ class Reader {
       return result;
     }
     const std::size_t from = at_;
-    while ((at_ = text_.find('\'', at_)) != kNone) {
+    while ((at_ = text_.find('\'', at_)) != kNone) {  // none: the string isn't closed, a failure
       ++at_;
       if (at_ == text_.size() || text_[at_] != '\'') {
         result.inside = text_.substr(from, at_ - 1 - from);
@@ -91,6 +98,7 @@ std::string_view AppendSingle(std::string_view inside, std::string& out) {
   return std::string_view(out).substr(start);
 }
 
+/// `text` without the semicolon and the blanks that may end it.
 std::string_view WithoutEnd(std::string_view text) {
   text = TrimBlanksAtEnd(text);
   if (text.ends_with(';')) {

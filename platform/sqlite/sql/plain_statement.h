@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Statements of fixed forms, which scripts repeat by the
-// million. They are recognised by their exact text and need no compiler; any other spelling is
-// simply not recognised.
+// platform/sqlite/sql: Statements of fixed forms, which scripts repeat by the million. They are
+// recognised by their exact text and need no compiler; any other spelling is simply not recognised.
 #pragma once
 
 #include <cstddef>
@@ -60,7 +59,7 @@ struct PlainListing {
   std::string_view table;
 };
 
-/// Reads a listing that makes up all of `text` but for blanks behind it and perhaps the semicolon.
+/// Reads a listing that makes up all of `text` but for blanks after it and perhaps the semicolon.
 [[nodiscard]] std::optional<PlainListing> ReadPlainListing(std::string_view text);
 
 /// A column as a join names it.

@@ -16,7 +16,7 @@ struct Refusal {
   std::string_view what;
 };
 
-/// docs/formats/database-file.md tells users the same.
+/// docs/formats/database-file.md has the same list for users.
 constexpr std::array<Refusal, 20> kRefusals = {{{"ATTACH", "ATTACH"},
                                                 {"COPY", "COPY"},
                                                 {"CREATE INDEX IF", "IF NOT EXISTS"},

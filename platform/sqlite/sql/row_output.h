@@ -14,7 +14,7 @@ namespace lexmill::platform::sqlite {
 /// How rows are printed.
 enum class OutputForm {
   List,  ///< one row a line, values joined by the separator
-  Line,  ///< one value a line behind its column's name
+  Line,  ///< one value a line after its column's name
 };
 
 /// Prints rows in one of the two forms. NULL is printed as nothing.

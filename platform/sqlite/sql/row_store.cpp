@@ -6,6 +6,7 @@
 namespace lexmill::platform::sqlite {
 
 void RowStore::Add(const TableCursor& cursor, std::span<const Value> values) {
+  // Once a row has only its place, all later ones do, so a number shows which list it is in.
   const std::uint32_t packed = places_.empty() ? packed_.Add(values) : PackedRows::kNoPlace;
   if (packed != PackedRows::kNoPlace) {
     packedPlaces_.push_back(packed);

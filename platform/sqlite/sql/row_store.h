@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Rows at hand by number.
+// platform/sqlite/sql: Rows, at hand by their number.
 #pragma once
 
 #include <cstddef>
@@ -23,15 +23,15 @@ class RowStore {
   RowStore(std::span<const std::size_t> columns, std::size_t megabytes)
       : columns_(columns.begin(), columns.end()), packed_(megabytes) {}
 
-  /// Takes the row on which `cursor` stands, under the next number. `values` are its columns.
-  /// @throws DatabaseError if its place can't be told: in a file of more than 16 GB
+  /// Takes the current row of `cursor`, under the next number. `values` are its columns.
+  /// @throws DatabaseError if its place has no number: in a file of more than 16 GB
   void Add(const TableCursor& cursor, std::span<const Value> values);
 
   /// Gives the columns of a row. What isn't kept is read with `cursor`, one on the same table, and
   /// good until that moves.
   void Read(std::uint32_t number, TableCursor& cursor, std::span<Value> values) const;
 
-  /// Gives the columns of the row on which `cursor` stands.
+  /// Gives the columns of the current row of `cursor`.
   void ReadCurrent(const TableCursor& cursor, std::span<Value> values) const;
 
  private:

@@ -50,7 +50,7 @@ void ForEachToken(std::string_view text, Take take) {
 /// `text` without blanks at its end.
 [[nodiscard]] std::string_view TrimBlanksAtEnd(std::string_view text);
 
-/// The word at the start of `text`; empty if none stands there.
+/// The word at the start of `text`; empty if there is none.
 [[nodiscard]] std::string_view LeadingWord(std::string_view text);
 
 /// True if `word` is `keyword`, given in capitals, but for the case of a to z.

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+// A semicolon ends a statement unless it is inside a token, or in a trigger. A trigger holds
+// statements of its own and ends with `;`, END, `;`, so the scanner has to know that it is in one:
+// the first words show that (Head). All that is kept from one piece of text to the next is that
+// state and the token that the last piece left open, so no byte is looked at twice, however long a
+// statement is.
 #include "platform/sqlite/sql/statement_scanner.h"
 
 #include <array>
@@ -10,7 +15,8 @@ namespace {
 
 constexpr auto kNone = std::string_view::npos;
 
-/// Bytes that can change anything once a statement is known to be no trigger.
+/// The bytes that can begin a token in which a semicolon means nothing, and the semicolon: once a
+/// statement is known to be no trigger, its words need not be read.
 constexpr auto kMatters = [] {
   std::array<bool, 256> result{};
   for (const char c : {'\'', '"', '`', '[', '-', '/', ';'}) {
@@ -48,7 +54,7 @@ std::size_t StatementScanner::ReadStatement(std::string_view text) {
   return kNone;
 }
 
-/// Reads one token and moves `at` behind it; true if it ends a statement.
+/// Reads one token and moves `at` past it; true if it ends a statement.
 bool StatementScanner::ReadToken(std::string_view text, std::size_t& at) {
   const SqlToken token = sqlite::ReadToken(text.substr(at));
   const std::string_view bytes = text.substr(at, token.length);

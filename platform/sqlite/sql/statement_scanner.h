@@ -7,7 +7,7 @@
 namespace lexmill::platform::sqlite {
 
 /// Finds the ends of statements in text that may arrive in pieces, each byte looked at once. Knows
-/// strings, quoted names, comments, and that a trigger ends behind its own END. A piece ends at a
+/// strings, quoted names, comments, and that a trigger ends after its own END. A piece ends at a
 /// line's end or at the end of all text.
 class StatementScanner {
  public:

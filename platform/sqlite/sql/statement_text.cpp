@@ -10,8 +10,8 @@
 namespace lexmill::platform::sqlite {
 namespace {
 
-/// Keywords behind which the list of tables is over.
-constexpr std::array<std::string_view, 11> kBehindTables = {
+/// Keywords after which the list of tables is over.
+constexpr std::array<std::string_view, 11> kAfterTables = {
     "SELECT", "WHERE", "GROUP",  "HAVING",    "ORDER",    "LIMIT",
     "UNION",  "SET",   "EXCEPT", "INTERSECT", "RETURNING"};
 
@@ -19,7 +19,9 @@ constexpr std::array<std::string_view, 11> kBehindTables = {
 constexpr std::array<std::string_view, 6> kJoinKinds = {"CROSS", "INNER", "LEFT",
                                                         "RIGHT", "FULL",  "OUTER"};
 
-/// Goes over the tokens of a statement and knows at each whether it stands in a list of tables.
+/// Goes over the tokens of a statement and knows at each whether it is in a list of tables,
+/// where a comma and JOIN mean a join; elsewhere they are left alone. A bracket may hold a query of
+/// its own, so there is one answer for each bracket that is open.
 class JoinFixer {
  public:
   std::string Fix(std::string_view text) {
@@ -57,14 +59,14 @@ class JoinFixer {
     }
     if (IsKeyword(word, "FROM")) {
       isInTables_.back() = true;
-    } else if (IsKeyword(word, kBehindTables)) {
+    } else if (IsKeyword(word, kAfterTables)) {
       isInTables_.back() = false;
     }
   }
 
   void TakeSign(std::string_view sign) {
     if (sign == "(") {
-      // A bracket where a table is due holds tables; behind anything else, an expression.
+      // A bracket where a table is due holds tables; after anything else, an expression.
       const bool isTableDue =
           last_ == "," || last_ == "(" || IsKeyword(last_, "FROM") || IsKeyword(last_, "JOIN");
       isInTables_.push_back(isInTables_.back() && isTableDue);
@@ -128,7 +130,7 @@ class SpellingFixer {
 
   std::string result_;
   TokenKind last_ = TokenKind::Semicolon;
-  bool isApart_ = false;  ///< something that is left out stands before the next token
+  bool isApart_ = false;  ///< something that is left out comes before the next token
 };
 
 }  // namespace

@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: MIT
+// How a table becomes known to libsqlite3: it asks for the columns by Connect, and gets them as a
+// CREATE TABLE with the types as declared, since those decide how values compare. The rest of a
+// module, how rows are found and read, is in virtual_table.cpp.
+//
+// libsqlite3 is C. It gets pointers to its own base structures and hands the same ones back, and no
+// exception may pass through it: Guarded makes result codes of them.
 #include "platform/sqlite/sql/table_module.h"
 
 #include <memory>
@@ -12,7 +18,7 @@
 namespace lexmill::platform::sqlite {
 namespace {
 
-constexpr PageNumber kMasterPage = 2;
+constexpr PageNumber kMasterPage = 2;  // in every file; nothing else refers to it
 
 /// The text of a CREATE TABLE with the columns of `table`.
 std::string Declaration(const Table& table) {
@@ -26,7 +32,7 @@ std::string Declaration(const Table& table) {
   return result.append(")");
 }
 
-/// libsqlite3's way of making a table known; `words` are the module, the schema and the table.
+/// Makes a table known. `words` are the module, the schema and the table's name.
 int Connect(sqlite3* connection, void* module, int, const char* const* words, sqlite3_vtab** result,
             char** message) {
   return Guarded(*message, [&] {
@@ -48,6 +54,7 @@ int Disconnect(sqlite3_vtab* table) {
   return SQLITE_OK;
 }
 
+/// The one table that no row of the master table describes.
 Table MasterTable() {
   Table result;
   result.name = kMasterAlias;

@@ -1,4 +1,12 @@
 // SPDX-License-Identifier: MIT
+// How libsqlite3 reads a table. Before a query it asks for a plan (BestIndex): which of the query's
+// conditions the table can look up for itself, and what that costs. It then opens cursors; each
+// scan of one begins with Filter, which gets the plan and the values of those conditions, and goes
+// on with Next until IsAtEnd. All conditions are checked again by libsqlite3, so a plan may give
+// too many rows, but never too few.
+//
+// Rows always come in the order of their numbers: a scan is in that order, and so are the entries
+// of an index with equal texts.
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -9,7 +17,7 @@
 namespace lexmill::platform::sqlite {
 namespace {
 
-/// How a cursor finds its rows; the number that libsqlite3 carries from planning to running. From
+/// How a cursor finds its rows: the number that libsqlite3 carries from BestIndex to Filter. From
 /// kByIndex on it is kByIndex plus a column's position.
 enum Plan : int { kAllRows, kByRowId, kByIndex };
 
@@ -28,7 +36,8 @@ VirtualCursor& CursorOf(sqlite3_vtab_cursor* cursor) {
   return *static_cast<VirtualCursor*>(cursor);
 }
 
-/// Which plan an equality on `column` makes possible; kAllRows if none.
+/// The plan that an equality on `column` makes possible; kAllRows if none. A column below 0 is the
+/// row's number.
 int PlanFor(const Table& table, int column) {
   if (column < 0 || table.rowIdColumn == static_cast<std::size_t>(column)) {
     return kByRowId;
@@ -38,6 +47,8 @@ int PlanFor(const Table& table, int column) {
 }
 
 int BestIndex(sqlite3_vtab* base, sqlite3_index_info* info) {
+  // Only how they compare matters, and that a search costs the same whatever the column: the order
+  // of the tables is fixed already.
   constexpr double kScanCost = 1e6;
   constexpr double kSearchCost = 20;
   constexpr sqlite3_int64 kFoundRows = 5;
@@ -45,6 +56,7 @@ int BestIndex(sqlite3_vtab* base, sqlite3_index_info* info) {
   for (int i = 0; i < info->nConstraint; ++i) {
     const auto& constraint = info->aConstraint[i];
     const int plan = PlanFor(TableOf(base).table, constraint.iColumn);
+    // An index has texts byte by byte, which serves no other way to compare.
     if (constraint.usable != 0 && constraint.op == SQLITE_INDEX_CONSTRAINT_EQ && plan != kAllRows &&
         sqlite3_stricmp(sqlite3_vtab_collation(info, i), "BINARY") == 0) {
       info->idxNum = plan;
@@ -67,7 +79,7 @@ int Close(sqlite3_vtab_cursor* cursor) {
   return SQLITE_OK;
 }
 
-/// Goes to the next row that the index names.
+/// Goes to the next row that the index names. There has to be one.
 bool NextFound(VirtualCursor& cursor) {
   const std::optional<RowId> rowId = cursor.found->Next();
   if (rowId && !cursor.rows.Seek(*rowId)) {
@@ -77,6 +89,7 @@ bool NextFound(VirtualCursor& cursor) {
 }
 
 bool SeekRowId(VirtualCursor& cursor, sqlite3_value* value) {
+  // A number beyond the 32 bits of a row's number must not meet one that is cut to them.
   const sqlite3_int64 number = sqlite3_value_int64(value);
   const auto rowId = static_cast<RowId>(number);
   return rowId == number && sqlite3_value_numeric_type(value) != SQLITE_NULL &&
@@ -100,7 +113,7 @@ int Filter(sqlite3_vtab_cursor* base, int plan, const char*, int, sqlite3_value*
   return Guarded(base->pVtab->zErrMsg, [&] {
     VirtualCursor& cursor = CursorOf(base);
     cursor.plan = plan;
-    cursor.rows.Rewind();
+    cursor.rows.Rewind();  // a cursor of an inner table is filtered once for each outer row
     const bool isThere = plan == kAllRows   ? cursor.rows.Next()
                          : plan == kByRowId ? SeekRowId(cursor, values[0])
                                             : SeekText(cursor, values[0]);
@@ -129,7 +142,7 @@ int GiveColumn(sqlite3_vtab_cursor* base, sqlite3_context* result, int number) {
     const Value value = cursor.rows.Column(column);
     if (cursor.table.rowIdColumn == column) {
       sqlite3_result_int64(result, cursor.rows.CurrentRowId());
-    } else if (value) {
+    } else if (value) {  // else NULL, as the result is at first
       sqlite3_result_text64(result, value->data(), value->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
     }
   });
