@@ -46,12 +46,21 @@ function(lexmill_program name)
   target_link_libraries(${name} PRIVATE lexmill_settings)
 endfunction()
 
+# Tests are compiled far more often than they run: they do without optimising, and what all of them
+# include is compiled once, in tests/support; position-independent, as the toolkit wants its users.
+# The sanitizers' build shows that each source includes what it needs.
+set(LEXMILL_TEST_OPTIONS -fPIC $<$<CONFIG:Release>:-O0>)
+set(LEXMILL_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h> <algorithm> <filesystem> <functional> <map>
+                         <optional> <string> <vector>)
+
 # lexmill_test(room sources...): the test program of one room; its cases are known to CTest.
-# The working directory is the room's folder under tests/, so that tests find their data.
+# The working directory is the folder tests/, so that tests find their data.
 function(lexmill_test room)
   set(name test_${room})
   add_executable(${name} ${ARGN})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  target_compile_options(${name} PRIVATE ${LEXMILL_TEST_OPTIONS})
+  target_precompile_headers(${name} REUSE_FROM test_support)
   target_link_libraries(${name} PRIVATE lexmill_settings GTest::gmock GTest::gtest_main)
   add_test(NAME ${room} COMMAND ${name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests)
   set_tests_properties(${room} PROPERTIES TIMEOUT 300)
