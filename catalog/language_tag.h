@@ -3,16 +3,9 @@
 // Names of languages.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace lexmill {
-
-/// Two languages of a dictionary.
-struct Languages {
-  std::u16string source;
-  std::u16string target;
-};
 
 /// True if `tag`, as a file has it, names `wanted` or a part of it, or what it is a part of:
 /// "zh_CN" and "zh" are "zh-cn", "zh-TW" isn't. Case and the kind of the dash don't count.

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// catalog: message catalogs and exchange formats as dictionaries.
+// A catalog as a dictionary of the system, and what such a dictionary says of translations.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "catalog/catalog_fill.h"
+#include "run/shared/dictionary_kind.h"
+
+namespace lexmill {
+
+/// Sees the two sides of an entry of a dictionary; they are good until it returns.
+using OnPair = std::function<void(std::u16string_view source, std::u16string_view target)>;
+
+/// Reports the entries of a catalog that wait for a target, with the source on either side.
+/// @throws platform::Failure as ReadCatalog
+void ReadUntranslated(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair);
+
+/// Reports the translated entries of a catalog. @throws platform::Failure as ReadCatalog
+void ReadTranslated(const Catalog& catalog, const OnPair& onPair);
+
+/// Reports the entries of both kinds in their order.
+/// @throws platform::Failure as ReadCatalog
+void ReadAll(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair);
+
+/// What a dictionary of the system translates: entries whose two sides differ.
+/// @throws platform::Failure what reading a file throws
+[[nodiscard]] Translations ReadTranslations(std::u16string_view path, const DictionaryKind& kind);
+
+}  // namespace lexmill

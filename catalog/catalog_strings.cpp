@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "catalog/catalog_strings.h"
+
+#include "platform/text/text.h"
+
+namespace lexmill {
+namespace {
+
+constexpr char16_t kAmpersand = u'&';
+constexpr std::u16string_view kEscaped = u"\n\t\r\\";
+constexpr std::u16string_view kLetters = u"ntr\\";
+
+// Two of `mark` become one, one becomes `other`, and `other` becomes two of itself. The same with
+// the marks exchanged is the way back.
+std::u16string ExchangeMarks(std::u16string_view text, char16_t mark, char16_t other) {
+  std::u16string exchanged;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool isDouble = text.substr(at, 2) == std::u16string(2, mark);
+    if (isDouble) {
+      exchanged += mark;
+      ++at;
+    } else if (text[at] == mark) {
+      exchanged += other;
+    } else if (text[at] == other) {
+      exchanged.append(2, other);
+    } else {
+      exchanged += text[at];
+    }
+  }
+  return exchanged;
+}
+
+std::u16string Escaped(std::u16string_view text) {
+  std::u16string escaped;
+  for (const char16_t unit : text) {
+    const std::size_t known = kEscaped.find(unit);
+    if (known == std::u16string_view::npos) {
+      escaped += unit;
+    } else {
+      escaped.append({u'\\', kLetters[known]});
+    }
+  }
+  return escaped;
+}
+
+std::u16string Unescaped(std::u16string_view text) {
+  std::u16string plain;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool mayBeEscape = text[at] == u'\\' && at + 1 < text.size();
+    const std::size_t known = mayBeEscape ? kLetters.find(text[at + 1]) : std::u16string_view::npos;
+    if (known == std::u16string_view::npos) {
+      plain += text[at];
+    } else {
+      plain += kEscaped[known];
+      ++at;
+    }
+  }
+  return plain;
+}
+
+}  // namespace
+
+std::u16string ToDictionary(std::u16string_view text, char16_t accelerator) {
+  if (accelerator != kAmpersand) {
+    return Escaped(ExchangeMarks(text, accelerator, kAmpersand));
+  }
+  return text.find_first_of(kEscaped) == std::u16string_view::npos ? std::u16string(text)
+                                                                   : Escaped(text);
+}
+
+std::u16string FromDictionary(std::u16string_view text, char16_t accelerator) {
+  return Unescaped(WithAccelerator(text, accelerator));
+}
+
+std::u16string WithAccelerator(std::u16string_view text, char16_t accelerator) {
+  return accelerator == kAmpersand ? std::u16string(text)
+                                   : ExchangeMarks(text, kAmpersand, accelerator);
+}
+
+std::u16string TurnEnding(std::u16string_view source, std::u16string target,
+                          std::span<const Ending> endings) {
+  for (const Ending& ending : endings) {
+    if (source.ends_with(ending.from)) {
+      if (target.ends_with(ending.from)) {
+        target.replace(target.size() - ending.from.size(), ending.from.size(), ending.to);
+      }
+      break;
+    }
+  }
+  return target;
+}
+
+}  // namespace lexmill
