@@ -23,6 +23,7 @@ void clsLexGLO1::AwkControl(RecordScanner& objAwk) {
 
 void clsLexGLO1::ScanBegin() {
   progress_.Start();
+  tally_.Start(inputFile_);
   WriteHeadLines(*script_, kReferenceScript);
 }
 
@@ -30,12 +31,15 @@ void clsLexGLO1::ScanRecord() {
   ShowScanProgress(progress_, *Awk);
   const auto entry = ReadGlossaryEntry(*Awk);
   if (!entry) {
+    tally_.MoreColumns();
     return;
   }
-  if (const auto row = rules_.PurifyReference(entry->source, entry->target)) {
+  const auto row = rules_.PurifyReference(entry->source, entry->target);
+  if (row) {
     SetRowOfR(statement_, row->source, row->target);
     script_->WriteLine(statement_);
   }
+  tally_.Reference(entry->source, entry->target, row.has_value());
 }
 
 void clsLexGLO1::ScanEnd() {

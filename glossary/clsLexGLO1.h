@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "glossary/entry_tally.h"
 #include "glossary/record_scanner.h"
 #include "glossary/text_rules.h"
 #include "platform/expression/regular_expression.h"
@@ -47,6 +48,7 @@ class clsLexGLO1 {
   std::u16string inputFile_;
   std::u16string outputFile_;
   std::u16string statement_;
+  EntryTally tally_;
   std::int32_t processTime_ = 0;
   // Released from the last to the first: scanner connection, expression, file system, output,
   // label.

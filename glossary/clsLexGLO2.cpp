@@ -5,6 +5,7 @@
 #include "glossary/glossary_entry.h"
 #include "glossary/stage_steps.h"
 #include "glossary/working_scripts.h"
+#include "run/shared/run_state.h"
 
 namespace lexmill {
 
@@ -23,6 +24,7 @@ void clsLexGLO2::AwkControl(RecordScanner& objAwk) {
 
 void clsLexGLO2::ScanBegin() {
   progress_.Start();
+  tally_.Start(inputFile_);
   WriteHeadLines(*script_, kUntranslatedScript);
 }
 
@@ -30,17 +32,21 @@ void clsLexGLO2::ScanRecord() {
   ShowScanProgress(progress_, *Awk);
   const auto entry = ReadGlossaryEntry(*Awk);
   if (!entry) {
+    tally_.MoreColumns();
     return;
   }
-  if (const auto row = rules_.DecomposeUntranslated(entry->source, entry->target)) {
+  const auto row = rules_.DecomposeUntranslated(entry->source, entry->target);
+  if (row) {
     SetRowOfS(statement_, *row);
     script_->WriteLine(statement_);
   }
+  tally_.Untranslated(entry->source, entry->target, row.has_value());
 }
 
 void clsLexGLO2::ScanEnd() {
   WriteTailLines(*script_, kUntranslatedScript);
   processTime_ = FinishStage(progress_, script_);
+  TheRun().counts.untranslatedRead = true;
 }
 
 }  // namespace lexmill

@@ -2,6 +2,7 @@
 #include "glossary/clsLexGLO3.h"
 
 #include "foundation/entry_point.h"
+#include "glossary/entry_tally.h"
 #include "glossary/ready_dictionary.h"
 #include "glossary/stage_steps.h"
 #include "run/shared/option_set.h"
@@ -39,11 +40,14 @@ void clsLexGLO3::ScanRecord() {
     line_ += u'\t';
     RebuildTarget(*row, !RunOptions().chkNotAddANDX, line_);
     output_->WriteLine(line_);
+    CountTranslation(row->so);
   }
 }
 
 void clsLexGLO3::ScanEnd() {
   processTime_ = FinishStage(progress_, output_);
+  TheRun().counts.readyRead = true;
+  TheRun().counts.resultWritten = true;
 }
 
 }  // namespace lexmill

@@ -44,6 +44,7 @@ void ConvertLineListing(const std::u16string& listing, const std::u16string& res
   }
   input.Close();
   output.Close();
+  TheRun().counts.resultWritten = true;
   window.UpdateStateLabel(kResultRow, tick.Elapsed(), u"");
 }
 

@@ -8,6 +8,8 @@
 #include "foundation/entry_point.h"
 #include "platform/files/file_system.h"
 #include "platform/text/text.h"
+#include "run/run_summary.h"
+#include "run/shared/run_state.h"
 #include "window/frmMain.h"
 
 namespace lexmill {
@@ -79,6 +81,9 @@ std::string ProgressRows() {
   for (std::int16_t i = 0; i < window.lblState.Count(); ++i) {
     const auto& title = titles.at(static_cast<std::size_t>(i))->Caption();
     rows += platform::ToUtf8(title + u" " + window.lblState(i).Caption()) + "\n";
+  }
+  if (const std::u16string summary = SummaryOf(TheRun().counts); !summary.empty()) {
+    rows += platform::ToUtf8(summary) + "\n";
   }
   return rows;
 }

@@ -22,7 +22,7 @@ namespace lexmill {
 /// Fills in the three paths and presses the start button. Returns when the run is over.
 void PressStart(const ConsoleArguments& arguments);
 
-/// The four rows of the progress panel, UTF-8, each line ended by LF.
+/// The rows of the progress panel, UTF-8, each line ended by LF; the fifth only if it has text.
 [[nodiscard]] std::string ProgressRows();
 
 /// The text of the last row that has one, in UTF-8.

@@ -69,6 +69,7 @@ void Dispatch(DictionaryFormat toDo, DictionaryFormat refer, const std::u16strin
 void frmMain::cmdStart_Click() {
   TheRun().abandoned = false;
   TheRun().notices.clear();
+  TheRun().counts = {};
   Window.Busy(true);
   const bool finished =
       ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { CarryRun(); });
@@ -78,6 +79,7 @@ void frmMain::cmdStart_Click() {
     chkAdvMode.Value(0);
     platform::SetMousePointer(platform::MousePointer::Default);
   }
+  ShowSummary();
   Window.Busy(false);
 }
 

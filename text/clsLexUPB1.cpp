@@ -27,14 +27,17 @@ void clsLexUPB1::ReadEntries(std::u16string_view path) {
 
 void clsLexUPB1::WriteScriptHead() {
   progress_.Start();
+  tally_.Start(inputFile_);
   WriteHeadLines(*script_, kReferenceScript);
 }
 
 void clsLexUPB1::PurifyEntry(std::u16string_view source, std::u16string_view target) {
-  if (const auto row = rules_.PurifyReference(source, target)) {
+  const auto row = rules_.PurifyReference(source, target);
+  if (row) {
     SetRowOfR(statement_, row->source, row->target);
     script_->WriteLine(statement_);
   }
+  tally_.Reference(source, target, row.has_value());
 }
 
 void clsLexUPB1::WriteScriptTail() {

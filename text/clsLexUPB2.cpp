@@ -25,6 +25,7 @@ void clsLexUPB2::ReadEntries(std::u16string_view path) {
 
 void clsLexUPB2::WriteScriptHeads() {
   progress_.Start();
+  tally_.Start(inputFile_);
   WriteHeadLines(*untranslatedScript_, kUntranslatedScript);
   WriteHeadLines(*entriesScript_, kEntriesScript);
 }
@@ -32,10 +33,12 @@ void clsLexUPB2::WriteScriptHeads() {
 void clsLexUPB2::FilterEntry(const TextEntry& entry) {
   SetRowOfO(statement_, entry.headLine, entry.source, entry.target);
   entriesScript_->WriteLine(statement_);
-  if (const auto row = rules_.DecomposeUntranslated(entry.source, entry.target)) {
+  const auto row = rules_.DecomposeUntranslated(entry.source, entry.target);
+  if (row) {
     SetRowOfS(statement_, *row);
     untranslatedScript_->WriteLine(statement_);
   }
+  tally_.Untranslated(entry.source, entry.target, row.has_value());
 }
 
 void clsLexUPB2::WriteScriptTails() {
@@ -47,6 +50,7 @@ void clsLexUPB2::WriteScriptTails() {
   entriesScript_->Close();
   entriesScript_.reset();
   processTime_ = time;
+  TheRun().counts.untranslatedRead = true;
 }
 
 }  // namespace lexmill

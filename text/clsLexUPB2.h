@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "glossary/entry_tally.h"
 #include "glossary/text_rules.h"
 #include "platform/expression/regular_expression.h"
 #include "platform/files/file_system.h"
@@ -49,6 +50,7 @@ class clsLexUPB2 {
   std::u16string outputFile1_;
   std::u16string outputFile2_;
   std::u16string statement_;
+  EntryTally tally_;
   std::int32_t processTime_ = 0;
   // Released from the last to the first: expression, file system, output, label.
   ProgressTick progress_;

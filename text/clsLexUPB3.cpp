@@ -2,10 +2,12 @@
 #include "text/clsLexUPB3.h"
 
 #include "foundation/entry_point.h"
+#include "glossary/entry_tally.h"
 #include "glossary/ready_dictionary.h"
 #include "glossary/stage_steps.h"
 #include "glossary/working_scripts.h"
 #include "run/shared/option_set.h"
+#include "run/shared/run_state.h"
 
 namespace lexmill {
 
@@ -34,12 +36,14 @@ void clsLexUPB3::ScanRecord() {
     RebuildTarget(*row, !RunOptions().chkNotAddANDX, target_);
     SetUpdateOfO(statement_, target_, row->so);
     script_->WriteLine(statement_);
+    CountTranslation(row->so);
   }
 }
 
 void clsLexUPB3::ScanEnd() {
   WriteUpdateTailLine(*script_);
   processTime_ = FinishStage(progress_, script_);
+  TheRun().counts.readyRead = true;
 }
 
 }  // namespace lexmill

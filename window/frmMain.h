@@ -160,6 +160,8 @@ class frmMain {
   void CarryRun();
   void ClearProgress();
   void RunDictionaries();
+  /// Says in the last line of the progress panel what the run has done. Never fails.
+  void ShowSummary();
 
   void LayOut();
   void DressInput();

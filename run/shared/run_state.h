@@ -10,7 +10,9 @@
 
 #include "platform/text/text_encoding.h"
 #include "run/shared/dictionary_kind.h"
+#include "run/shared/run_counts.h"
 #include "run/shared/run_notice.h"
+#include "run/shared/string_tally.h"
 
 namespace lexmill {
 
@@ -32,6 +34,9 @@ struct RunState {
   platform::TextEncoding resultEncoding = platform::TextEncoding::Ansi;
   /// What the run has noted so far, in order; empty at its start.
   std::vector<RunNotice> notices;
+  /// What the stages of the run have counted so far, and the strings that it looks for.
+  RunCounts counts;
+  StringTally untranslated;
 };
 
 /// The one state of the program.

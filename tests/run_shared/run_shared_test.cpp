@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text/numbers.h"
 #include "run/shared/file_extension.h"
+#include "run/shared/string_tally.h"
 #include "tests/support/failures.h"
 #include "tests/support/readable_text.h"
 
@@ -26,6 +28,31 @@ TEST(ChangeFileExtension, TakesEverythingBeforeTheLastPoint) {
   for (const Case& row : cases) {
     EXPECT_EQ(Readable(modMain::ChangeFileExtension(row.path, u".sql")), row.changed);
   }
+}
+
+TEST(StringTally, CountsEntriesThroughTheGrowthOfItsTable) {
+  StringTally tally;
+  const auto string = [](int number) { return platform::ToText(number); };
+  constexpr int kStrings = 5000;
+  for (int i = 0; i < kStrings; ++i) {
+    tally.Add(string(i));
+    tally.Add(string(i % 10));
+  }
+  EXPECT_EQ(tally.Translate(string(kStrings)), StringTally::Gained{});
+  EXPECT_EQ(tally.Translate(string(3)), StringTally::Gained{.filled = kStrings / 10 + 1});
+  EXPECT_EQ(tally.Translate(string(3)), StringTally::Gained{.several = kStrings / 10 + 1});
+  EXPECT_EQ(tally.Translate(string(3)), StringTally::Gained{});
+  for (int i = 10; i < kStrings; ++i) {
+    ASSERT_EQ(tally.Translate(string(i)), StringTally::Gained{.filled = 1}) << i;
+  }
+}
+
+TEST(StringTally, EndsAStringAtANulAsTheDatabaseDoes) {
+  StringTally tally;
+  EXPECT_EQ(tally.Translate(u"a"), StringTally::Gained{});
+  tally.Add(std::u16string_view(u"a\0b", 3));
+  tally.Add(u"a");
+  EXPECT_EQ(tally.Translate(u"a"), StringTally::Gained{.filled = 2});
 }
 
 TEST(ChangeFileExtension, FailsWithoutAnyPoint) {

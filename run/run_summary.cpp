@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "run/run_summary.h"
+
+#include "platform/text/numbers.h"
+
+namespace lexmill {
+
+std::u16string SummaryOf(const RunCounts& counts) {
+  if (!counts.Complete()) {
+    return {};
+  }
+  std::u16string text = u"译出 " + platform::FormatGrouped(counts.filled) + u" / " +
+                        platform::FormatGrouped(counts.ToDo()) + u" 条";
+  if (counts.several > 0) {
+    text += u"；" + platform::FormatGrouped(counts.several) + u" 条有多种译法";
+  }
+  return text;
+}
+
+}  // namespace lexmill

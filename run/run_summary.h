@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+// What a run says of itself in one line.
+#pragma once
+
+#include <string>
+
+#include "run/shared/run_counts.h"
+
+namespace lexmill {
+
+/// How many of the untranslated entries were filled and how many have several translations, such as
+/// "译出 198 / 2,295 条；18 条有多种译法"; empty for counts that aren't complete.
+[[nodiscard]] std::u16string SummaryOf(const RunCounts& counts);
+
+}  // namespace lexmill

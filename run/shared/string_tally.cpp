@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "run/shared/string_tally.h"
+
+#include <functional>
+#include <utility>
+
+#include "platform/text/text.h"
+
+namespace lexmill {
+namespace {
+
+constexpr std::uint64_t kTranslations = 3;  // the bits that count them
+constexpr std::uint64_t kMarksTaken = 4;    // so that no key is 0
+constexpr std::size_t kFewestSlots = 1024;
+
+static_assert(sizeof(std::size_t) == sizeof(std::uint64_t), "a shorter hash would miscount");
+
+// The database ends a value at a NUL.
+std::uint64_t KeyOf(std::u16string_view string) {
+  const std::u16string_view kept = string.substr(0, platform::Find(string, u'\0'));
+  return (std::hash<std::u16string_view>()(kept) | kMarksTaken) & ~kTranslations;
+}
+
+}  // namespace
+
+void StringTally::Add(std::u16string_view string) {
+  if (taken_ >= slots_.size() / 4 * 3) {
+    Grow();
+  }
+  const std::uint64_t key = KeyOf(string);
+  std::uint64_t& slot = SlotOf(key);
+  if (slot == 0) {
+    slot = key;
+    ++taken_;
+  } else {
+    ++repeated_[key];
+  }
+}
+
+StringTally::Gained StringTally::Translate(std::u16string_view string) {
+  if (slots_.empty()) {
+    return {};
+  }
+  const std::uint64_t key = KeyOf(string);
+  std::uint64_t& slot = SlotOf(key);
+  const std::uint64_t before = slot & kTranslations;
+  if (slot == 0 || before == 2) {
+    return {};
+  }
+  ++slot;
+  const auto repeated = repeated_.find(key);
+  const std::int64_t entries = repeated == repeated_.end() ? 1 : repeated->second + 1;
+  return before == 0 ? Gained{.filled = entries} : Gained{.several = entries};
+}
+
+// The slot that holds `key`, or the free one where it would stand.
+std::uint64_t& StringTally::SlotOf(std::uint64_t key) {
+  constexpr int kBitsBelow = 3;
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = (key >> kBitsBelow) & mask;
+  while (slots_[at] != 0 && (slots_[at] & ~kTranslations) != key) {
+    at = (at + 1) & mask;
+  }
+  return slots_[at];
+}
+
+void StringTally::Grow() {
+  const auto old = std::exchange(
+      slots_, std::vector<std::uint64_t>(slots_.empty() ? kFewestSlots : slots_.size() * 2));
+  for (const std::uint64_t slot : old) {
+    if (slot != 0) {
+      SlotOf(slot & ~kTranslations) = slot;
+    }
+  }
+}
+
+}  // namespace lexmill
