@@ -3,6 +3,7 @@
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table/table_cursor.h"
+#include "tests/sqlite/foreign_object.h"
 
 namespace lexmill::test {
 
@@ -43,11 +44,7 @@ void DatabaseTest::MakeR(Database& database, bool hasIndex) {
 }
 
 void DatabaseTest::AddForeign(const platform::sqlite::CatalogObject& object) const {
-  platform::sqlite::FileAccess file(path_);
-  file.Enter();
-  file.BeginWriting();
-  platform::sqlite::Catalog(file.Pages()).Add(object);
-  file.Commit();
+  test::AddForeign(path_, object);
 }
 
 const platform::sqlite::Table& DatabaseTest::TableOf(Database& database, std::string_view name) {

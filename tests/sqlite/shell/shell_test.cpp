@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/sqlite/foreign_object.h"
 #include "tests/sqlite/shell_world.h"
 
 namespace lexmill::platform::sqlite {
@@ -213,6 +214,36 @@ TEST(SqliteShell, RefusesWhatNoScriptNeeds) {
               (ShellOutcome{"", std::string("SQL error: ") + refused.failure + "\r\n", 1}));
     EXPECT_EQ(test::ReadBytes(world.Folder().File("w.db")), before);
   }
+}
+
+TEST(SqliteShell, ReadsWhatItDoesNotMakeAndKeepsIt) {
+  const ShellWorld world;
+  ASSERT_EQ(world.Script(kReference), "");
+  const CatalogObject objects[] = {
+      {"view", "v", "v", 0, "CREATE VIEW v AS SELECT a FROM P, R WHERE id=2 AND r1='Open'"},
+      {"table", "P", "P", 3, "CREATE TABLE P(id INTEGER PRIMARY KEY,a TEXT)"},
+      {"table", "U", "U", 3, "CREATE TABLE U(a TEXT,b TEXT UNIQUE)"},
+      {"trigger", "t", "R", 0, "CREATE TRIGGER t INSERT ON R BEGIN SELECT 1; END"},
+  };
+  for (const CatalogObject& object : objects) {
+    test::AddForeign(world.DatabasePath(), object);
+  }
+  EXPECT_EQ(world.Select("SELECT id,a FROM P; SELECT * FROM v; SELECT r1,r2 FROM R"),
+            "1|O1\n2|\n\nOpen|O1\nit's|\n");
+  for (const std::string before : {"", "BEGIN;\n"}) {
+    EXPECT_EQ(world.Script(before + "INSERT INTO P VALUES ('','');\n"
+                                    "INSERT INTO U VALUES ('','');\n"
+                                    "UPDATE R SET r2='' WHERE r1='Open';\n"),
+              "INSERT INTO P VALUES ('','');\n"
+              "SQL error: table P has a unique key: it can only be read\n"
+              "INSERT INTO U VALUES ('','');\n"
+              "SQL error: table U has a unique key: it can only be read\n"
+              "UPDATE R SET r2='' WHERE r1='Open';\n"
+              "SQL error: table R has a trigger: it can only be read\n");
+  }
+  EXPECT_EQ(world.Script("CREATE TABLE S(so TEXT);\nINSERT INTO S VALUES ('a');\n"
+                         "SELECT so FROM S;\nSELECT name FROM sqlite_master;\n"),
+            "a\nR\nirm\nv\nP\nU\nt\nS\n");
 }
 
 TEST(SqliteShell, TakesPlainStatementsInAnySpelling) {
