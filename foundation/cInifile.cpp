@@ -22,6 +22,10 @@ void cInifile::Value(std::u16string& sValue) {
   lastReturnCode_ = platform::WritePrivateProfileString(section_, key_, sValue, path_);
 }
 
+bool cInifile::ComesBackWhole(std::u16string_view sValue) {
+  return platform::ComesBackWhole(sValue, kValueBuffer);
+}
+
 void cInifile::DeleteKey() {
   lastReturnCode_ = platform::WritePrivateProfileString(section_, key_, std::nullopt, path_);
 }

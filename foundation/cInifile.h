@@ -42,6 +42,10 @@ class cInifile {
   /// @param sValue  [in,out] loses its NUL characters, here and in the file
   void Value(std::u16string& sValue);
 
+  /// True if a value that is written can be read as it was: it is not too long, has no line end,
+  /// and neither blanks nor a pair of quotes round it.
+  [[nodiscard]] static bool ComesBackWhole(std::u16string_view sValue);
+
   /// Takes the current key away.
   void DeleteKey();
   /// Takes the current section away with all its keys.

@@ -69,9 +69,23 @@ void Store(cInifile& file, const platform::Control& option, std::u16string value
   file.Value(value);
 }
 
+// Full-width digits, an input method's, as plain ones.
+void FoldDigits(platform::TextBox& box) {
+  constexpr char16_t kFirst = u'\uFF10';
+  constexpr char16_t kLast = u'\uFF19';
+  std::u16string text = box.Text();
+  for (char16_t& unit : text) {
+    if (unit >= kFirst && unit <= kLast) {
+      unit = static_cast<char16_t>(unit - kFirst + u'0');
+    }
+  }
+  box.Text(text);
+}
+
 // Brings a number in the box down to the most that it may be; the comparison is one of texts.
 // Returns true if the box then holds a number from 1 up.
 bool ClampLenLimit(platform::TextBox& box) {
+  FoldDigits(box);
   if (!platform::IsNumeric(box.Text())) {
     return false;
   }
@@ -82,8 +96,8 @@ bool ClampLenLimit(platform::TextBox& box) {
 }
 
 void SaveLenLimit(cInifile& file, platform::TextBox& box) {
-  const bool numeric = platform::IsNumeric(box.Text());
   const bool valid = ClampLenLimit(box);
+  const bool numeric = platform::IsNumeric(box.Text());
   if (numeric && !valid) {
     box.Text(kDefaultLenLimit);
   }
@@ -138,7 +152,8 @@ void frmMain::CfgSaveCtrlToIni(std::u16string_view FileName) {
       const platform::TextBox& box = this->*option.box;
       Store(file, box, box.Text());
     }
-    Store(file, txtSaveRefDB, txtSaveRefDB.Text());
+    const std::u16string& saved = txtSaveRefDB.Text();
+    Store(file, txtSaveRefDB, cInifile::ComesBackWhole(saved) ? saved : std::u16string());
   });
 }
 

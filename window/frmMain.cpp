@@ -9,8 +9,10 @@
 #include "platform/controls/desktop.h"
 #include "platform/controls/dialogs.h"
 #include "platform/failure.h"
+#include "platform/files/file_system.h"
 #include "platform/files/profile_file.h"
 #include "platform/host/application.h"
+#include "platform/host/host_path.h"
 #include "platform/text/numbers.h"
 #include "window/containing_folder.h"
 #include "window/path_history.h"
@@ -74,6 +76,17 @@ void frmMain::Form_QueryUnload() {
 
 void frmMain::Form_CloseKept() {
   lblSummary.Caption(u"将在完成后关闭；再关一次就放弃这次处理");
+}
+
+void frmMain::Form_HelpWanted() {
+  const std::u16string guide =
+      platform::WithSeparator(platform::ApplicationFolder()) + u"docs/guide.zh-CN.md";
+  if (platform::FileSystemObject().FileExists(guide)) {
+    platform::ShellOpen(guide);
+  } else {
+    platform::ShowMessageBox(u"找不到使用指南:\r\n" + guide, platform::MessageIcon::Critical,
+                             platform::MessageButtons::Ok);
+  }
 }
 
 void frmMain::cmdClose_Click() {
@@ -141,6 +154,7 @@ void frmMain::ConnectEvents() {
   };
   connect(Window.Load, &frmMain::Form_Load);
   connect(Window.QueryUnload, &frmMain::Form_QueryUnload);
+  connect(Window.HelpWanted, &frmMain::Form_HelpWanted);
   connect(Window.CloseKept, &frmMain::Form_CloseKept);
   connect(Window.CloseInsisted, &frmMain::AbandonRun);
   for (platform::ComboBox* combo : {&cboToDo, &cboRefer, &cboFinal}) {

@@ -131,6 +131,7 @@ class frmMain {
   // Events.
   void Form_Load();
   void Form_QueryUnload();
+  void Form_HelpWanted();
   void Form_CloseKept();
   void cmdStart_Click();
   void cmdClose_Click();
@@ -140,7 +141,8 @@ class frmMain {
   void LoadPresetFile();
   void SavePresetFile();
   /// Takes a path for the result, with the extension of the filter if it has no known one.
-  void TakeResultPath(std::u16string path, std::int32_t filterIndex);
+  void TakeResultPath(const std::u16string& path, std::int32_t filterIndex);
+  void TakeDroppedFile(platform::ComboBox& combo, const std::u16string& path);
   void chkAdvMode_Click();
   void chkaAndX_Click();
   void chkSaveRefDB_Click();

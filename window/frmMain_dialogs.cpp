@@ -6,7 +6,10 @@
 #include <string_view>
 
 #include "foundation/entry_point.h"
+#include "platform/controls/dialogs.h"
+#include "platform/files/file_system.h"
 #include "platform/text/text.h"
+#include "run/shared/run_state.h"
 #include "window/GCommonDialog.h"
 #include "window/frmMain.h"
 #include "window/path_history.h"
@@ -39,26 +42,57 @@ std::u16string JoinFilters(std::initializer_list<std::u16string_view> filters) {
   return list;
 }
 
+// The folder of the path that a field holds, if it is there; empty otherwise. A bare name lies in
+// the program's folder.
+std::u16string StartFolder(std::u16string_view present) {
+  if (present.empty()) {
+    return {};
+  }
+  const platform::FileSystemObject files;
+  const std::u16string folder = files.GetParentFolderName(present);
+  if (folder.empty()) {
+    return TheRun().AppPath;
+  }
+  return files.FolderExists(folder) ? folder : std::u16string();
+}
+
+// `completed` if the user may mean that file, else nothing: what a dialog has asked about is the
+// name as it was chosen.
+std::u16string Confirmed(std::u16string_view chosen, const std::u16string& completed) {
+  if (completed == chosen || !platform::FileSystemObject().FileExists(completed)) {
+    return completed;
+  }
+  const auto answer =
+      platform::ShowMessageBox(u"文件已经存在，要替换它吗？\r\n" + completed,
+                               platform::MessageIcon::Question, platform::MessageButtons::OkCancel);
+  return answer == platform::MessageAnswer::Ok ? completed : std::u16string();
+}
+
 // The path that the user chose; empty if the dialog was cancelled.
-std::u16string AskForFileToOpen(std::u16string_view title, std::u16string filters) {
+// @param present  the path that the dialog's field holds, where it has one
+std::u16string AskForFileToOpen(std::u16string_view title, std::u16string filters,
+                                std::u16string_view present = {}) {
   std::u16string path;
   std::u16string name;
   bool readOnly = false;
   std::int32_t filterIndex = 1;
   std::int32_t flags = 0;
-  const bool chosen = GCommonDialog::ShowOpenFileDialog(
-      path, name, true, false, readOnly, true, filters, filterIndex, {}, title, {}, kOwner, flags);
+  const bool chosen = GCommonDialog::ShowOpenFileDialog(path, name, true, false, readOnly, true,
+                                                        filters, filterIndex, StartFolder(present),
+                                                        title, {}, kOwner, flags);
   return chosen ? path : std::u16string();
 }
 
 // As above; `filterIndex` [in,out] is the filter to open on, and the chosen one.
 std::u16string AskForFileToSave(std::u16string_view title, std::u16string filters,
-                                std::int32_t& filterIndex, std::u16string_view extension = {}) {
+                                std::int32_t& filterIndex, std::u16string_view present,
+                                std::u16string_view extension = {}) {
   std::u16string path;
   std::u16string name;
   std::int32_t flags = 0;
-  const bool chosen = GCommonDialog::ShowSaveFileDialog(path, name, true, filters, filterIndex, {},
-                                                        title, extension, kOwner, flags);
+  const bool chosen =
+      GCommonDialog::ShowSaveFileDialog(path, name, true, filters, filterIndex,
+                                        StartFolder(present), title, extension, kOwner, flags);
   return chosen ? path : std::u16string();
 }
 
@@ -72,38 +106,41 @@ std::u16string WithExtension(const std::u16string& path, std::u16string_view ext
 
 // `extension` is added to a path that does not end in it.
 std::u16string AskForFileToSaveAs(std::u16string_view title, std::u16string_view filter,
-                                  std::u16string_view extension) {
+                                  std::u16string_view extension, std::u16string_view present = {}) {
   std::int32_t filterIndex = 1;
   const auto path =
-      AskForFileToSave(title, std::u16string(filter), filterIndex, extension.substr(1));
-  return path.empty() ? path : WithExtension(path, extension);
+      AskForFileToSave(title, std::u16string(filter), filterIndex, present, extension.substr(1));
+  return path.empty() ? path : Confirmed(path, WithExtension(path, extension));
 }
 
 }  // namespace
 
-void frmMain::TakeResultPath(std::u16string path, std::int32_t filterIndex) {
-  if (!EndsInAnyCase(path, u".txt") && !EndsInAnyCase(path, u".glo")) {
-    path += filterIndex == kPlainTextIndex ? u".txt" : u".glo";
-  }
-  modMain::AddComboHistory(cboFinal, path);
+void frmMain::TakeResultPath(const std::u16string& path, std::int32_t filterIndex) {
+  const bool isComplete = EndsInAnyCase(path, u".txt") || EndsInAnyCase(path, u".glo");
+  const auto* extension = filterIndex == kPlainTextIndex ? u".txt" : u".glo";
+  modMain::AddComboHistory(cboFinal, Confirmed(path, isComplete ? path : path + extension));
 }
 
 void frmMain::cmdOpen_Click(std::int16_t Index) {
   if (Index == 0) {
     modMain::AddComboHistory(
         cboToDo, AskForFileToOpen(u"选择未译字典",
-                                  JoinFilters({kDictionaryFilter, kGlossaryFilter, kTextFilter})));
+                                  JoinFilters({kDictionaryFilter, kGlossaryFilter, kTextFilter}),
+                                  cboToDo.Text()));
   } else {
     modMain::AddComboHistory(
-        cboRefer, AskForFileToOpen(u"选择参照字典", JoinFilters({kDictionaryFilter, kDatabaseFilter,
-                                                                 kGlossaryFilter, kTextFilter})));
+        cboRefer, AskForFileToOpen(u"选择参照字典",
+                                   JoinFilters({kDictionaryFilter, kDatabaseFilter, kGlossaryFilter,
+                                                kTextFilter}),
+                                   cboRefer.Text()));
   }
 }
 
 void frmMain::cmdSave_Click() {
   std::int32_t filterIndex = 0;
-  const auto path = AskForFileToSave(u"选择已译字典的保存文件",
-                                     JoinFilters({kPlainTextFilter, kGlossaryFilter}), filterIndex);
+  const auto path =
+      AskForFileToSave(u"选择已译字典的保存文件", JoinFilters({kPlainTextFilter, kGlossaryFilter}),
+                       filterIndex, cboFinal.Text());
   if (!path.empty()) {
     TakeResultPath(path, filterIndex);
   }
@@ -144,7 +181,8 @@ void frmMain::SavePresetFile() {
 void frmMain::optXRefDB_Click() {
   IgnoreFailures([this] {
     optXRefDB.Value(false);
-    const auto path = AskForFileToSaveAs(u"选择数据库的保存文件", kSavedDatabaseFilter, u".db");
+    const auto path = AskForFileToSaveAs(u"选择数据库的保存文件", kSavedDatabaseFilter, u".db",
+                                         txtSaveRefDB.Text());
     if (!path.empty()) {
       txtSaveRefDB.Text(path);
     }
@@ -153,14 +191,23 @@ void frmMain::optXRefDB_Click() {
 }
 
 // A dropped file counts as chosen in the dialog of its box, with the first filter.
+void frmMain::TakeDroppedFile(platform::ComboBox& combo, const std::u16string& path) {
+  if (platform::FileSystemObject().FolderExists(path)) {
+    platform::ShowMessageBox(u"这是文件夹，请拖放一个文件:\r\n" + path,
+                             platform::MessageIcon::Critical, platform::MessageButtons::Ok);
+  } else if (&combo == &cboFinal) {
+    TakeResultPath(path, kPlainTextIndex);
+  } else {
+    modMain::AddComboHistory(combo, path);
+  }
+}
+
 void frmMain::ConnectDrops() {
-  for (platform::ComboBox* combo : {&cboToDo, &cboRefer}) {
-    connections_.push_back(combo->FileDropped.Connect([combo](std::u16string_view path) {
-      modMain::AddComboHistory(*combo, std::u16string(path));
+  for (platform::ComboBox* combo : {&cboToDo, &cboRefer, &cboFinal}) {
+    connections_.push_back(combo->FileDropped.Connect([this, combo](std::u16string_view path) {
+      TakeDroppedFile(*combo, std::u16string(path));
     }));
   }
-  connections_.push_back(cboFinal.FileDropped.Connect(
-      [this](std::u16string_view path) { TakeResultPath(std::u16string(path), kPlainTextIndex); }));
 }
 
 }  // namespace lexmill

@@ -7,7 +7,7 @@
 #include "platform/controls/control.h"
 #include "platform/failure.h"
 #include "window/frmMain.h"
-#include "window/resources/banner_picture.h"
+#include "window/resources/pictures.h"
 
 namespace lexmill {
 namespace {
@@ -130,6 +130,26 @@ void PlaceControls(const platform::Form& form) {
   }
 }
 
+/// Keys beside those that the captions name.
+struct ShortcutRow {
+  std::u16string_view name;
+  std::int16_t index;
+  std::u16string_view keys;
+};
+
+constexpr std::array kShortcuts = {
+    ShortcutRow{u"cboToDo", kNoIndex, u"Alt+U"},  ShortcutRow{u"cboRefer", kNoIndex, u"Alt+R"},
+    ShortcutRow{u"cboFinal", kNoIndex, u"Alt+F"}, ShortcutRow{u"chkAdvMode", kNoIndex, u"Alt+O"},
+    ShortcutRow{u"cmdOpen", 0, u"Ctrl+O"},        ShortcutRow{u"cmdOpen", 1, u"Ctrl+R"},
+    ShortcutRow{u"cmdSave", kNoIndex, u"Ctrl+S"},
+};
+
+void GiveShortcuts(const platform::Form& form) {
+  for (const ShortcutRow& row : kShortcuts) {
+    Named(form, row.name, row.index).ShortcutKeys(row.keys);
+  }
+}
+
 void DressSeparator(platform::Line& shadow, platform::Line& highlight) {
   shadow.ForeColor(platform::kButtonShadowColor);
   highlight.ForeColor(platform::kButtonHighlightColor);
@@ -143,10 +163,12 @@ void DressAddress(platform::Label& label) {
 }  // namespace
 
 void frmMain::LayOut() {
+  Window.Icon(IconPicture());
   Window.ScaleSize(kWindowWidth, kWindowHeight);
   PlaceControls(Window);
   DressInput();
   DressProgressPanel();
+  GiveShortcuts(Window);
 }
 
 void frmMain::DressInput() {
@@ -160,6 +182,8 @@ void frmMain::DressInput() {
   lalFinal.Alignment(platform::Alignment::Right);
   lalFinal.ForeColor(platform::kHighlightColor);
   lalFinal.ToolTipText(u"双击浏览文件夹");
+  txtSaveRefDB.HoldsPath(true);
+  optXRefDB.ToolTipText(u"选择数据库的保存文件");
   LabelDoing.Alignment(platform::Alignment::Center);
   DressSeparator(Line2, Line1);
   DressSeparator(LineO1, LineO2);

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "foundation/cInifile.h"
 #include "foundation/entry_point.h"
@@ -57,13 +59,18 @@ void LoadComboHistory(platform::ComboBox& combo) {
 
 void SaveComboHistory(const platform::ComboBox& combo) {
   cInifile file = HistorySection(combo);
-  std::u16string value = platform::ToText(static_cast<std::int64_t>(combo.ListCount()));
-  file.Key(u"Count");
-  file.Value(value);
+  std::vector<std::u16string> kept;
   for (std::size_t i = 0; i < combo.ListCount(); ++i) {
-    value = combo.List(i);
+    if (cInifile::ComesBackWhole(combo.List(i))) {
+      kept.emplace_back(combo.List(i));
+    }
+  }
+  std::u16string count = platform::ToText(static_cast<std::int64_t>(kept.size()));
+  file.Key(u"Count");
+  file.Value(count);
+  for (std::size_t i = 0; i < kept.size(); ++i) {
     file.Key(ItemKey(i));
-    file.Value(value);
+    file.Value(kept[i]);
   }
 }
 

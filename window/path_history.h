@@ -13,7 +13,7 @@ namespace lexmill::modMain {
 /// an empty list.
 void LoadComboHistory(platform::ComboBox& combo);
 
-/// Writes the list of `combo` to the settings file.
+/// Writes the list of `combo` to the settings file, without texts that would not come back whole.
 void SaveComboHistory(const platform::ComboBox& combo);
 
 /// Puts `text` at the head of the list of `combo`, which then holds it once and at most 8 texts,

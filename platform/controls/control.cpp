@@ -27,6 +27,13 @@ bool Control::IsUsable() const {
   return visible_ && enabled_ && (container_ == nullptr || container_->IsUsable());
 }
 
+std::u16string Control::Hint() const {
+  if (toolTipText_.empty() || shortcutKeys_.empty()) {
+    return toolTipText_ + shortcutKeys_;
+  }
+  return toolTipText_ + u" (" + shortcutKeys_ + u")";
+}
+
 void Control::ZOrderFront() {
   if (form_ != nullptr) {
     form_->BringToFront(*this);

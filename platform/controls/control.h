@@ -129,6 +129,13 @@ class Control {
 
   [[nodiscard]] const std::u16string& ToolTipText() const { return toolTipText_; }
   void ToolTipText(std::u16string_view text) { Assign(toolTipText_, text, ControlProperty::Look); }
+  /// Keys that work the control from anywhere in its window, such as "Ctrl+O"; empty for none.
+  [[nodiscard]] const std::u16string& ShortcutKeys() const { return shortcutKeys_; }
+  void ShortcutKeys(std::u16string_view keys) {
+    Assign(shortcutKeys_, keys, ControlProperty::Look);
+  }
+  /// What a user is shown who stays over the control: its tool tip and its keys.
+  [[nodiscard]] std::u16string Hint() const;
   /// Name of the font; empty for the window's.
   [[nodiscard]] const std::u16string& FontName() const { return fontName_; }
   void FontName(std::u16string_view name) { Assign(fontName_, name, ControlProperty::Look); }
@@ -170,6 +177,7 @@ class Control {
   std::u16string name_;
   std::u16string caption_;
   std::u16string toolTipText_;
+  std::u16string shortcutKeys_;
   std::u16string fontName_;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/controls/controls.h"
 
+#include "platform/controls/entered_path.h"
 #include "platform/failure.h"
 
 namespace lexmill::platform {
@@ -35,6 +36,10 @@ void TextBox::Text(std::u16string_view text) {
   }
 }
 
+void TextBox::UserEnters(std::u16string_view text) {
+  Text(holdsPath_ ? EnteredPath(text) : std::u16string(text));
+}
+
 void ComboBox::UserChooses(std::size_t position) {
   if (!IsUsable() || position >= list_.size()) {
     return;
@@ -53,6 +58,10 @@ void ComboBox::Text(std::u16string_view text) {
   if (Assign(text_, text, ControlProperty::Text)) {
     Change.Raise();
   }
+}
+
+void ComboBox::UserEnters(std::u16string_view text) {
+  Text(EnteredPath(text));
 }
 
 std::u16string_view ComboBox::List(std::size_t position) const {

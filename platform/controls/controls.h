@@ -55,8 +55,14 @@ class TextBox : public Control {
   Event<> Change;  ///< the text has become another one, by whatever hand
 
   [[nodiscard]] const std::u16string& Text() const { return text_; }
-  /// Sets the text, cut to MaxLength. Also what the user types.
+  /// Sets the text, cut to MaxLength.
   void Text(std::u16string_view text);
+  /// The user makes it that text; in a field for a path, the path that is meant by it.
+  void UserEnters(std::u16string_view text);
+
+  /// True if the text is a path.
+  [[nodiscard]] bool HoldsPath() const { return holdsPath_; }
+  void HoldsPath(bool path) { holdsPath_ = path; }
 
   /// Most 16-bit units of a text that is set from now on; 0 for no limit.
   [[nodiscard]] std::size_t MaxLength() const { return maxLength_; }
@@ -65,9 +71,10 @@ class TextBox : public Control {
  private:
   std::u16string text_;
   std::size_t maxLength_ = 0;
+  bool holdsPath_ = false;
 };
 
-/// A field for a text, with a list of texts to choose from.
+/// A field for a path, with a list of paths to choose from.
 class ComboBox : public Control {
  public:
   explicit ComboBox(const ControlIdentity& identity = {})
@@ -82,8 +89,10 @@ class ComboBox : public Control {
   void UserDropsFile(std::u16string_view path);
 
   [[nodiscard]] const std::u16string& Text() const { return text_; }
-  /// Sets the text and leaves the list alone. Also what the user types.
+  /// Sets the text and leaves the list alone.
   void Text(std::u16string_view text);
+  /// The user makes it the path that is meant by `text`.
+  void UserEnters(std::u16string_view text);
 
   /// Number of texts to choose from.
   [[nodiscard]] std::size_t ListCount() const { return list_.size(); }

@@ -106,6 +106,26 @@ void Form::UserPressesEscape() {
   }
 }
 
+void Form::UserPressesShortcut(Control& control) {
+  if (!control.IsUsable()) {
+    return;
+  }
+  if (control.Kind() == ControlKind::Button) {
+    static_cast<Button&>(control).UserClicks();
+    return;
+  }
+  control.SetFocus();
+  if (control.Kind() == ControlKind::CheckBox) {
+    static_cast<CheckBox&>(control).UserClicks();
+  }
+}
+
+void Form::UserWantsHelp() {
+  if (!busy_) {
+    HelpWanted.Raise();
+  }
+}
+
 Control* Form::Find(std::u16string_view name, std::int16_t index) const {
   const auto found = std::ranges::find_if(controls_, [&](const Control* control) {
     return control->Name() == name && control->Index() == index;

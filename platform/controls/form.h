@@ -31,12 +31,17 @@ class Form {
   Event<> QueryUnload;  ///< the window is about to close
   /// The user has asked to close a busy window, which closes when it no longer is.
   Event<> CloseKept;
+  Event<> HelpWanted;  ///< the user has pressed the key for help
   /// The user asks once more to close a busy window, or the system asks: the work is to end now.
   Event<> CloseInsisted;
   /// For whoever shows the window: raised behind each change, with what changed.
   Event<FormProperty> Changed;
 
   [[nodiscard]] const std::u16string& Name() const { return name_; }
+
+  /// The bytes of a picture file that stands for the window; they have to live as long as it.
+  [[nodiscard]] std::string_view Icon() const { return icon_; }
+  void Icon(std::string_view file) { icon_ = file; }
 
   [[nodiscard]] const std::u16string& Caption() const { return caption_; }
   void Caption(std::u16string_view caption);
@@ -79,6 +84,12 @@ class Form {
   void UserPressesEnter();
   /// The user presses Esc: clicks the cancel button, if it is usable.
   void UserPressesEscape();
+  /// The user presses the ShortcutKeys of `control`, one of this window's: a button is clicked, a
+  /// check box gets the focus and is clicked, any other gets the focus. Nothing while the control
+  /// is not usable, as input is not during a run.
+  void UserPressesShortcut(Control& control);
+  /// The user presses the key for help. Nothing while the window is busy.
+  void UserWantsHelp();
 
   /// All controls in the order in which they were made, each member of a control array by itself.
   /// The view lives until a control comes or goes.
@@ -100,6 +111,7 @@ class Form {
 
   std::u16string name_;
   std::u16string caption_;
+  std::string_view icon_;
   std::int32_t scaleWidth_ = 0;
   std::int32_t scaleHeight_ = 0;
   Rectangle place_;

@@ -157,6 +157,13 @@ int WritePrivateProfileString(OptionalText section, OptionalText key, OptionalTe
   return Change(text, Name(*section), key, value) && Store(hostPath, text.Bytes()) ? 1 : 0;
 }
 
+bool ComesBackWhole(std::u16string_view value, std::size_t size) {
+  constexpr std::u16string_view kName = u"x";
+  ProfileText text("");
+  return text.Set(kName, kName, value) && text.Value(kName, kName) == value &&
+         Cut(std::u16string(value), Less(size, 1)) == value;
+}
+
 void FlushProfileFiles() {
   for (const auto& path : TheWrites().unflushed) {
     HostFile file = HostFile::Open(path, O_RDONLY);

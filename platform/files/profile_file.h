@@ -30,6 +30,10 @@ using OptionalText = std::optional<std::u16string_view>;
 int WritePrivateProfileString(OptionalText section, OptionalText key, OptionalText value,
                               std::u16string_view path);
 
+/// True if a value that WritePrivateProfileString writes comes back as it was, into a buffer of
+/// `size` bytes.
+[[nodiscard]] bool ComesBackWhole(std::u16string_view value, std::size_t size);
+
 /// Flushes the files written since the last call to the disk.
 void FlushProfileFiles();
 

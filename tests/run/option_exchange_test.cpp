@@ -84,6 +84,8 @@ TEST_F(OptionExchange, MakesALimitOfWhateverStandsInTheBox) {
       {u"0", 50, "50"},
       {u"-3", 50, "50"},
       {u"007", 7, "7"},
+      {u"１００", 100, "100"},
+      {u"－１", 50, "50"},
       {u"2.5", 2, "2"},
       {u"3.5", 4, "4"},
       {u"0.5", 50, "50"},

@@ -160,6 +160,71 @@ TEST_F(MainWindow, CompletesTheNameOfTheResult) {
   }
 }
 
+TEST_F(MainWindow, AsksBeforeACompletedNameReplacesAFile) {
+  using platform::MessageAnswer;
+  struct Case {
+    const char* existing;
+    const char* chosen;
+    platform::Button& button;
+    bool asks;
+  };
+  for (const auto& row : {Case{"out.txt", "out", window.cmdSave, true},
+                          Case{"out.txt", "out.txt", window.cmdSave, false},
+                          Case{"mine.v2.ini", "mine.v2", window.cmdPreset(3), true},
+                          Case{"else.glo", "else", window.cmdSave, false}}) {
+    SCOPED_TRACE(std::string(row.chosen) + " beside " + row.existing);
+    test::WriteBytes(world.folder.File(row.existing), "older");
+    for (const auto answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
+      session.messages.clear();
+      session.messageAnswers = {answer};
+      window.cboFinal.Text(u"");
+      AnswerFileDialog(world.folder.File(row.chosen));
+      row.button.UserClicks();
+      EXPECT_EQ(session.messages.size(), row.asks ? 1U : 0U);
+      const bool refused = row.asks && answer == MessageAnswer::Cancel;
+      if (&row.button == &window.cmdSave) {
+        EXPECT_EQ(window.cboFinal.Text().empty(), refused);
+      } else if (refused) {
+        EXPECT_EQ(test::ReadBytes(world.folder.File(row.existing)), "older");
+      }
+    }
+  }
+}
+
+TEST_F(MainWindow, OpensDialogsInTheFolderOfThePathThatItHolds) {
+  const std::u16string folder = platform::FromUtf8(world.folder.Path().string());
+  const std::pair<std::u16string, std::u16string> cases[] = {
+      {u"", u""},
+      {folder + u"/x.glo", folder},
+      {folder + u"/missing/x.glo", u""},
+      {u"bare.glo", folder + u"/"},
+  };
+  session.fileAnswers.assign(std::size(cases), std::nullopt);
+  for (const auto& [text, expected] : cases) {
+    window.cboRefer.Text(text);
+    window.cmdOpen(1).UserClicks();
+    EXPECT_EQ(session.openDialogs.back().initialFolder, expected) << Readable(text);
+  }
+}
+
+TEST_F(MainWindow, RefusesADroppedFolder) {
+  window.cboToDo.UserDropsFile(platform::FromUtf8(world.folder.Path().string()));
+  EXPECT_TRUE(window.cboToDo.Text().empty());
+  ASSERT_EQ(session.messages.size(), 1U);
+  EXPECT_TRUE(Readable(session.messages[0].text).starts_with("这是文件夹，请拖放一个文件:"));
+}
+
+TEST_F(MainWindow, OpensItsGuide) {
+  platform::SetApplicationFolder(platform::FromUtf8(world.folder.Path().string()));
+  window.Window.UserWantsHelp();
+  EXPECT_EQ(session.messages.size(), 1U) << "it is missing";
+  std::filesystem::create_directory(world.folder.Path() / "docs");
+  test::WriteBytes(world.folder.File("docs/guide.zh-CN.md"), "#");
+  window.Window.UserWantsHelp();
+  EXPECT_THAT(session.openedTargets, ElementsAre(world.folder.File("docs/guide.zh-CN.md")));
+  EXPECT_EQ(session.messages.size(), 1U);
+}
+
 TEST_F(MainWindow, TakesADroppedFileAsAChosenOne) {
   window.cboToDo.UserDropsFile(u"/a.dictionary");
   window.cboRefer.UserDropsFile(u"/b.db");

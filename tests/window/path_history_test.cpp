@@ -90,6 +90,22 @@ TEST_F(PathHistory, ComesBackFromTheSettingsFileBoxByBox) {
   EXPECT_TRUE(fresh.cboToDo.Text().empty());
 }
 
+TEST_F(PathHistory, KeepsOnlyWhatComesBackWhole) {
+  const std::u16string longest = u"/" + std::u16string(253, u'x');
+  const std::u16string longestChinese = std::u16string(127, u'字');  // two bytes each
+  for (const auto& text :
+       {longest, longest + u"x", longestChinese, longestChinese + u"x", std::u16string(u"/a "),
+        std::u16string(u"\"/a\""), std::u16string(u"/a\n/b"), std::u16string(u"/\xDCD7\xDCD6")}) {
+    combo.AddItem(text, combo.ListCount());
+  }
+  modMain::SaveComboHistory(combo);
+  platform::ComboBox& fresh = frmMain::Create().cboToDo;
+  modMain::LoadComboHistory(fresh);
+  ASSERT_EQ(fresh.ListCount(), 2U);
+  EXPECT_EQ(fresh.List(0), longest);
+  EXPECT_EQ(fresh.List(1), longestChinese);
+}
+
 TEST_F(PathHistory, ReadsASectionAsFarAsItsCountGoes) {
   struct Case {
     std::string_view count;

@@ -157,6 +157,15 @@ TEST(Control, IsUsableOnlyIfAllGroupsRoundItAre) {
   EXPECT_EQ(clicks.Count(), 1);
 }
 
+TEST(Control, HintsAtItsToolTipAndItsKeys) {
+  Button button;
+  EXPECT_TRUE(button.Hint().empty());
+  button.ShortcutKeys(u"Ctrl+O");
+  EXPECT_EQ(button.Hint(), u"Ctrl+O");
+  button.ToolTipText(u"open");
+  EXPECT_EQ(button.Hint(), u"open (Ctrl+O)");
+}
+
 TEST(ControlArray, RefusesIndexesThatItDoesNotHave) {
   ControlArray<Label> labels(nullptr, u"lbl", 2);
   labels(1).Caption(u"second");
@@ -218,6 +227,27 @@ TEST_F(Window, EnterClicksTheButtonThatHasTheFocus) {
   cancel.Visible(false);
   form.UserPressesEnter();
   EXPECT_EQ(okClicks.Count(), 1);
+}
+
+TEST_F(Window, WorksAControlByItsKeysWhileItIsUsable) {
+  CheckBox box{{&form, u"box"}};
+  form.UserPressesShortcut(ok);
+  EXPECT_EQ(okClicks.Count(), 1);
+  EXPECT_EQ(form.ActiveControl(), nullptr);
+  form.UserPressesShortcut(box);
+  EXPECT_EQ(box.Value(), 1);
+  EXPECT_EQ(form.ActiveControl(), &box);
+  box.Visible(false);
+  form.UserPressesShortcut(box);
+  EXPECT_EQ(box.Value(), 1);
+}
+
+TEST_F(Window, HelpsUnlessItIsBusy) {
+  const Counter helps(form.HelpWanted);
+  form.UserWantsHelp();
+  form.Busy(true);
+  form.UserWantsHelp();
+  EXPECT_EQ(helps.Count(), 1);
 }
 
 TEST_F(Window, GivesTheFocusOnceAndOnlyToUsableControls) {
