@@ -2,6 +2,7 @@
 #include "platform/qt/button_widgets.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QPushButton>
 
 namespace lexmill::platform::qt {
@@ -10,8 +11,21 @@ namespace {
 constexpr std::int16_t kChecked = 1;
 constexpr std::int16_t kGreyed = 2;
 
+// The toolkit's button is pressed again and again by an Enter key that is held down.
+class PushButton final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!event->isAutoRepeat()) {
+      QPushButton::keyPressEvent(event);
+    }
+  }
+};
+
 QPushButton* MakeStayingButton(QWidget& parent) {
-  auto* widget = new QPushButton(&parent);
+  auto* widget = new PushButton(&parent);
   widget->setCheckable(true);
   return widget;
 }
@@ -40,7 +54,7 @@ QAbstractButton* MakeButton(OptionButton& button, QWidget& parent) {
 }
 
 QAbstractButton* MakeButton(Button& button, QWidget& parent) {
-  auto* widget = new QPushButton(&parent);
+  auto* widget = new PushButton(&parent);
   QObject::connect(widget, &QPushButton::clicked, widget, [&button] { button.UserClicks(); });
   return widget;
 }

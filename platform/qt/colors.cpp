@@ -20,4 +20,8 @@ QColor ToQt(Color color, const QPalette& palette, QPalette::ColorRole otherwise)
   }
 }
 
+Color FromQt(const QColor& color) {
+  return static_cast<Color>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
 }  // namespace lexmill::platform::qt

@@ -14,4 +14,7 @@ namespace lexmill::platform::qt {
 /// @param otherwise  what stands for kDefaultColor
 [[nodiscard]] QColor ToQt(Color color, const QPalette& palette, QPalette::ColorRole otherwise);
 
+/// A colour of the toolkit as a control's, without its transparency.
+[[nodiscard]] Color FromQt(const QColor& color);
+
 }  // namespace lexmill::platform::qt

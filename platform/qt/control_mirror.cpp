@@ -88,7 +88,7 @@ void ControlMirror::ShowVisible() {
 }
 
 void ControlMirror::ShowLook() {
-  widget_.setToolTip(ToQt(control_.ToolTipText()));
+  widget_.setToolTip(ToQt(control_.Hint()));
   if (!control_.FontName().empty()) {
     QFont font = widget_.font();
     font.setFamily(ToQt(control_.FontName()));
@@ -97,6 +97,9 @@ void ControlMirror::ShowLook() {
 }
 
 bool ControlMirror::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FontChange) {
+    Show(ControlProperty::Caption);
+  }
   if (event->type() == QEvent::FocusIn && control_.IsUsable()) {
     control_.SetFocus();
   }

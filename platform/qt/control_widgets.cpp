@@ -4,6 +4,7 @@
 #include <QGroupBox>
 
 #include "platform/qt/button_widgets.h"
+#include "platform/qt/caption_fit.h"
 #include "platform/qt/control_kinds.h"
 #include "platform/qt/drawing_widgets.h"
 #include "platform/qt/field_widgets.h"
@@ -43,9 +44,7 @@ struct Shower {
 
   void operator()(Label& /*label*/) const {
     auto& shown = static_cast<LabelWidget&>(widget);
-    if (what == ControlProperty::Caption) {
-      shown.ShowCaption();
-    } else if (what == ControlProperty::Place) {
+    if (what == ControlProperty::Caption || what == ControlProperty::Place) {
       shown.ShowPlace();
     } else {
       shown.ShowLook();
@@ -83,7 +82,9 @@ struct Shower {
 
  private:
   void ShowCaption(const Control& control) const {
-    static_cast<QAbstractButton&>(widget).setText(ToQt(control.Caption()));
+    auto& button = static_cast<QAbstractButton&>(widget);
+    button.setText(ToQt(control.Caption()));
+    FitCaption(button);
   }
 };
 

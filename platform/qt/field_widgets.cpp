@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 #include "platform/qt/file_drop.h"
 #include "platform/qt/qt_text.h"
@@ -18,17 +19,28 @@ void ShowText(const std::u16string& text, QLineEdit& field) {
   }
 }
 
+// The toolkit's field takes another text from its list when the wheel turns over it.
+class PathField final : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
 }  // namespace
 
 QLineEdit* MakeField(TextBox& box, QWidget& parent) {
   auto* field = new QLineEdit(&parent);
-  QObject::connect(field, &QLineEdit::textEdited, field,
-                   [&box](const QString& text) { box.Text(FromQt(text)); });
+  QObject::connect(field, &QLineEdit::textEdited, field, [&box, field](const QString& text) {
+    box.UserEnters(FromQt(text));
+    ShowField(box, *field);
+  });
   return field;
 }
 
 QComboBox* MakeField(ComboBox& combo, QWidget& parent) {
-  auto* field = new QComboBox(&parent);
+  auto* field = new PathField(&parent);
   field->setEditable(true);
   field->setInsertPolicy(QComboBox::NoInsert);
   // A path that completes itself to one of the list can't be typed.
@@ -36,7 +48,10 @@ QComboBox* MakeField(ComboBox& combo, QWidget& parent) {
   field->view()->setTextElideMode(Qt::ElideMiddle);
   field->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
   QObject::connect(field->lineEdit(), &QLineEdit::textEdited, field,
-                   [&combo](const QString& text) { combo.Text(FromQt(text)); });
+                   [&combo, field](const QString& text) {
+                     combo.UserEnters(FromQt(text));
+                     ShowField(combo, *field);
+                   });
   QObject::connect(field, &QComboBox::activated, field, [&combo](int position) {
     combo.UserChooses(static_cast<std::size_t>(position));
   });

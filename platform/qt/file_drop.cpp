@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "platform/controls/entered_path.h"
 #include "platform/qt/qt_text.h"
 
 namespace lexmill::platform::qt {
@@ -15,7 +16,7 @@ namespace {
 QString DraggedFile(const QDropEvent& event) {
   for (const QUrl& address : event.mimeData()->urls()) {
     if (address.isLocalFile()) {
-      return address.toLocalFile();
+      return qt::ToQt(EnteredPath(qt::FromQt(QString::fromLatin1(address.toEncoded()))));
     }
   }
   return {};
@@ -45,7 +46,9 @@ class FileDropFilter final : public QObject {
     }
     event.acceptProposedAction();
     if (event.type() == QEvent::Drop) {
-      combo_.UserDropsFile(FromQt(file));
+      // Who dragged it waits for this event's end, and the control may show a message.
+      QMetaObject::invokeMethod(
+          this, [this, file] { combo_.UserDropsFile(FromQt(file)); }, Qt::QueuedConnection);
     }
     return true;
   }

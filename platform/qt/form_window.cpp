@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QShortcut>
 
 #include "platform/qt/control_kinds.h"
 #include "platform/qt/qt_text.h"
@@ -15,14 +16,44 @@
 
 namespace lexmill::platform::qt {
 
+namespace {
+
+// The places of a window are drawn for Chinese characters of that size; the toolkit scales both.
+constexpr int kFontPixels = 12;
+
+// The desktop's font in that size, also when the desktop changes it later.
+QFont WindowFont(QFont font) {
+  font.setPixelSize(kFontPixels);
+  return font;
+}
+
+QPixmap PictureOf(std::string_view file) {
+  QPixmap picture;
+  picture.loadFromData(reinterpret_cast<const uchar*>(file.data()), static_cast<uint>(file.size()));
+  return picture;
+}
+
+void SetKeys(QWidget& window, const QKeySequence& keys, const std::function<void()>& pressed) {
+  auto* shortcut = new QShortcut(keys, &window);
+  shortcut->setAutoRepeat(false);
+  QObject::connect(shortcut, &QShortcut::activated, &window, pressed);
+}
+
+}  // namespace
+
 FormWindow::FormWindow(Form& form) : form_(form) {
   setObjectName(ToQt(form.Name()));
+  setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+  setFont(WindowFont(font()));
+  setWindowIcon(PictureOf(form.Icon()));
   for (Control* control : form.Controls()) {
     mirrors_.push_back(
         std::make_unique<ControlMirror>(form, *control, *this, [this] { Arrange(); }));
   }
   Arrange();
   NameFields(mirrors_);
+  SetShortcuts();
   for (const auto& mirror : mirrors_) {
     mirror->ShowAll();
   }
@@ -30,6 +61,16 @@ FormWindow::FormWindow(Form& form) : form_(form) {
   for (const auto what : {FormProperty::Caption, FormProperty::Size, FormProperty::Visible}) {
     Show(what);
   }
+}
+
+void FormWindow::SetShortcuts() {
+  for (Control* control : form_.Controls()) {
+    if (!control->ShortcutKeys().empty()) {
+      SetKeys(*this, QKeySequence(ToQt(control->ShortcutKeys())),
+              [this, control] { form_.UserPressesShortcut(*control); });
+    }
+  }
+  SetKeys(*this, Qt::Key_F1, [this] { form_.UserWantsHelp(); });
 }
 
 void FormWindow::Show(FormProperty what) {
@@ -122,6 +163,10 @@ QWidget& FormWindow::WidgetOf(const Control& control) const {
 }
 
 bool FormWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
+    event->accept();  // a key that is held down presses no button
+    return true;
+  }
   if (event->type() == QEvent::ApplicationPaletteChange) {
     for (const auto& mirror : mirrors_) {
       mirror->Show(ControlProperty::Colors);

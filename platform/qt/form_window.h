@@ -28,6 +28,7 @@ class FormWindow final : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void SetShortcuts();
   void Show(FormProperty what);
   void ShowVisible();
   void ShowPlace();

@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/controls/contrast.h"
+#include "platform/qt/caption_fit.h"
 #include "platform/qt/colors.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/twips.h"
@@ -53,27 +55,46 @@ QString WithoutMarks(const QString& caption) {
   return plain;
 }
 
+// A colour of the system's may be too dim on a dark background of the system's.
+QColor TextColor(const Label& label, const QPalette& palette) {
+  const QColor laidDown = qt::ToQt(label.ForeColor(), palette, QPalette::WindowText);
+  if (label.ForeColor() != kHighlightColor || label.BackColor() != kDefaultColor) {
+    return laidDown;
+  }
+  const Color behind = qt::FromQt(palette.color(QPalette::Window));
+  return qt::ToQt(ReadableOnDark(qt::FromQt(laidDown), behind, kTextContrast), palette,
+                  QPalette::WindowText);
+}
+
+// How much wider than its place a text may be, in pixels.
+constexpr int kMostFlow = 8;
+
 }  // namespace
 
 LabelWidget::LabelWidget(Label& label, QWidget& parent) : QLabel(&parent), label_(label) {
   setTextFormat(Qt::PlainText);
 }
 
-// The toolkit itself reads hot key marks where a label has a field to hand the focus to.
-void LabelWidget::ShowCaption() {
+// The toolkit itself reads hot key marks where a label has a field to hand the focus to. A text
+// that is too long all the same is whole for those who can't see it.
+void LabelWidget::FitText() {
   const QString caption = qt::ToQt(label_.Caption());
-  setText(buddy() == nullptr ? WithoutMarks(caption) : caption);
-  ShowPlace();
+  const QString whole = buddy() == nullptr ? WithoutMarks(caption) : caption;
+  const int room = ToPixels(label_.Place().width) + kMostFlow;
+  const bool fits = NarrowInto(*this, whole, room);
+  setText(fits ? whole : fontMetrics().elidedText(whole, Qt::ElideRight, room));
+  setAccessibleName(fits ? QString() : whole);
 }
 
 void LabelWidget::ShowPlace() {
+  FitText();
   setGeometry(Flowing(ToPixels(label_.Place()), sizeHint(), label_.Alignment()));
   update();
 }
 
 void LabelWidget::ShowLook() {
   QPalette colors;
-  colors.setColor(QPalette::WindowText, qt::ToQt(label_.ForeColor(), colors, QPalette::WindowText));
+  colors.setColor(QPalette::WindowText, TextColor(label_, colors));
   setPalette(colors);
   setAlignment(ToQt(label_.Alignment()) | Qt::AlignVCenter);
   if (label_.HandPointer()) {
@@ -82,6 +103,14 @@ void LabelWidget::ShowLook() {
     unsetCursor();
   }
   ShowPlace();
+}
+
+// The toolkit forgets the size of the text in the font before.
+void LabelWidget::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    ShowPlace();
+  }
 }
 
 void LabelWidget::paintEvent(QPaintEvent* event) {

@@ -4,10 +4,8 @@
 #include <array>
 #include <new>
 
-#include <QFont>
 #include <QLibraryInfo>
 #include <QSessionManager>
-#include <QStyleFactory>
 
 #include "platform/controls/dialogs.h"
 #include "platform/failure.h"
@@ -17,13 +15,11 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/termination_signals.h"
 #include "platform/qt/waiting.h"
+#include "platform/qt/window_style.h"
 #include "platform/text/numbers.h"
 
 namespace lexmill::platform::qt {
 namespace {
-
-// The places of a window are drawn for Chinese characters of that size; the toolkit scales both.
-constexpr int kFontPixels = 12;
 
 void Show(const Failure& failure) {
   ShowMessageBox(u"错误:" + ToText(failure.Number()) + u"\r\n" + failure.Description(),
@@ -60,11 +56,7 @@ Screen::Screen(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName(qt::ToQt(kApplicationTitle));
   // By this name desktops find the icon and the menu entry.
   setDesktopFileName(QStringLiteral("lexmill"));
-  // The places are drawn for narrow edges, which other styles don't have; colours stay the user's.
-  setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QFont windowFont = font();
-  windowFont.setPixelSize(kFontPixels);
-  setFont(windowFont);
+  setStyle(new WindowStyle);
   // The end is the form's matter: a message may be shown while there is no window.
   setQuitOnLastWindowClosed(false);
   LoadTranslation();

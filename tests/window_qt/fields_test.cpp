@@ -2,12 +2,15 @@
 // What a user types, checks, chooses and drops.
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
+#include <QTest>
 #include <QUrl>
+#include <QWheelEvent>
 
 #include "tests/support/readable_text.h"
 #include "tests/window_qt/window_world.h"
@@ -15,7 +18,18 @@
 namespace lexmill::test {
 namespace {
 
-using Fields = WindowOnScreen;
+class Fields : public WindowOnScreen {
+ protected:
+  // Drops `mime` on the text part of a path field.
+  static void Drop(QComboBox& field, QMimeData& mime) {
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(field.lineEdit(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(field.lineEdit(), &drop);
+    Settle();
+  }
+};
 
 TEST_F(Fields, EnableStartAtTheKeystroke) {
   const auto& start = Find("cmdStart");
@@ -97,13 +111,30 @@ TEST_F(Fields, OfferEarlierPathsAfterARestart) {
   EXPECT_TRUE(Find("cmdStart").isEnabled());
 }
 
-// Drops `mime` on the text part of a path field.
-void Drop(QComboBox& field, QMimeData& mime) {
-  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(field.lineEdit(), &enter);
-  EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(field.lineEdit(), &drop);
+TEST_F(Fields, MakeAPathOfWhatIsPasted) {
+  QGuiApplication::clipboard()->setText(QStringLiteral("file:///tmp/%E5%AD%97.glo\n"));
+  frmMain::Instance().txtSaveRefDB.Enabled(true);
+  for (const char* name : {"cboToDo", "txtSaveRefDB", "txtrAndXBK1"}) {
+    Find(name).setFocus();
+    QTest::keySequence(&Find(name), QKeySequence::SelectAll);
+    QTest::keySequence(&Find(name), QKeySequence::Paste);
+  }
+  EXPECT_EQ(Readable(frmMain::Instance().cboToDo.Text()), "/tmp/字.glo");
+  EXPECT_EQ(Find<QComboBox>("cboToDo").currentText().toStdString(), "/tmp/字.glo");
+  EXPECT_EQ(Find<QLineEdit>("txtSaveRefDB").text().toStdString(), "/tmp/字.glo");
+  EXPECT_EQ(Readable(frmMain::Instance().txtrAndXBK1.Text()), "file:///tmp/%E5%AD%97.glo\n");
+}
+
+TEST_F(Fields, KeepTheirPathWhateverTheWheelDoes) {
+  auto& field = Find<QComboBox>("cboRefer");
+  frmMain::Instance().cboRefer.AddItem(u"/earlier.glo", 0);
+  Type("cboRefer", "/typed.glo");
+  for (QWidget* under : {static_cast<QWidget*>(&field), static_cast<QWidget*>(field.lineEdit())}) {
+    QWheelEvent turn({5, 5}, under->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(under, &turn);
+  }
+  EXPECT_EQ(Readable(frmMain::Instance().cboRefer.Text()), "/typed.glo");
 }
 
 TEST_F(Fields, TakeADroppedFileAsChosen) {

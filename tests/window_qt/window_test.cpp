@@ -7,6 +7,8 @@
 #include <QStyleOptionButton>
 #include <QTest>
 
+#include "platform/controls/contrast.h"
+#include "platform/qt/colors.h"
 #include "tests/support/readable_text.h"
 #include "tests/window_qt/window_world.h"
 
@@ -19,6 +21,8 @@ TEST_F(Window, HasItsTitleAndAFixedSize) {
   EXPECT_EQ(shown_->windowTitle().toStdString(), "Lexmill v0.14");
   EXPECT_EQ(shown_->minimumSize(), QSize(469, 322));
   EXPECT_EQ(shown_->maximumSize(), QSize(469, 322));
+  EXPECT_FALSE(shown_->windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+  EXPECT_FALSE(shown_->windowIcon().isNull());
   EXPECT_EQ(Find("cmdStart").geometry(), QRect(216, 296, 77, 21));
   EXPECT_EQ(Find("chkrQuanSenHao").mapTo(shown_.get(), QPoint()), QPoint(8 + 244, 96 + 68 + 80));
 }
@@ -83,8 +87,9 @@ TEST_F(Window, NamesItsFieldsForThoseWhoCannotSeeThem) {
   }
 }
 
-TEST_F(Window, CutsNoCaptionOff) {
-  for (QAbstractButton* button : shown_->findChildren<QAbstractButton*>()) {
+// Expects that every caption is whole in its place, and a label's text in its container.
+void ExpectWholeCaptions(const QWidget& window) {
+  for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
     QStyleOptionButton option;
     option.initFrom(button);
     const bool push = qobject_cast<QPushButton*>(button) != nullptr;
@@ -93,18 +98,66 @@ TEST_F(Window, CutsNoCaptionOff) {
     const int width = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
     EXPECT_LE(width, room.width()) << button->text().toStdString();
   }
-  for (QLabel* label : shown_->findChildren<QLabel*>()) {
+  for (QLabel* label : window.findChildren<QLabel*>()) {
+    EXPECT_TRUE(label->accessibleName().isEmpty()) << label->text().toStdString();
     EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
     EXPECT_LE(label->sizeHint().height(), label->height()) << label->text().toStdString();
+    EXPECT_GE(label->x(), 0) << label->text().toStdString();
+    EXPECT_LE(label->geometry().right(), label->parentWidget()->width());
   }
 }
 
-TEST_F(Window, StaysReadableInADarkColourScheme) {
-  const QPalette light = QApplication::palette();
-  QPalette dark(QColor(40, 40, 40));
-  dark.setColor(QPalette::Highlight, QColor(255, 128, 0));
-  QApplication::setPalette(dark);
-  Settle();
+TEST_F(Window, CutsNoCaptionOffWhateverFontTheDesktopChanges) {
+  const QFont before = QApplication::font();
+  ExpectWholeCaptions(*shown_);
+  for (const char* family : {"DejaVu Serif", "DejaVu Sans Mono"}) {
+    QFont wide(QString::fromUtf8(family), 20, QFont::Bold);
+    QApplication::setFont(wide);
+    Settle();
+    SCOPED_TRACE(family);
+    EXPECT_EQ(Find("cmdStart").fontInfo().pixelSize(), 12);
+    EXPECT_TRUE(Find("cmdStart").fontInfo().bold());
+    ExpectWholeCaptions(*shown_);
+  }
+  QApplication::setFont(before);
+}
+
+TEST_F(Window, EndsALineThatIsFarTooLongInDots) {
+  platform::Label& line = frmMain::Instance().lblSummary;
+  line.Caption(std::u16string(200, u'字'));
+  const auto& shown = Find<QLabel>("lblSummary");
+  EXPECT_TRUE(shown.text().endsWith(QStringLiteral("…")));
+  EXPECT_LE(shown.geometry().right(), shown.parentWidget()->width());
+  EXPECT_EQ(shown.accessibleName().size(), 200);
+  line.Caption(u"字");
+  EXPECT_EQ(shown.text().toStdString(), "字");
+}
+
+class InDarkColours : public Window {
+ protected:
+  InDarkColours() {
+    QPalette dark(QColor(40, 40, 40));
+    dark.setColor(QPalette::Highlight, QColor(20, 60, 140));
+    QApplication::setPalette(dark);
+    Settle();
+  }
+  ~InDarkColours() override { QApplication::setPalette(light_); }
+  /// The greatest contrast of a pixel of the widget with the window's background.
+  double Contrast(const char* name) const {
+    const QImage picture = Find(name).grab().toImage();
+    double most = 1;
+    for (int i = 0; i < picture.height(); ++i) {
+      most = std::max(most,
+                      platform::Contrast(platform::qt::FromQt(picture.pixelColor(7, i)), 0x282828));
+    }
+    return most;
+  }
+
+ private:
+  QPalette light_ = QApplication::palette();
+};
+
+TEST_F(InDarkColours, StaysReadable) {
   Click("chkAdvMode");
   const auto textColor = [this](const char* name) {
     return Find(name).palette().color(QPalette::WindowText);
@@ -112,12 +165,75 @@ TEST_F(Window, StaysReadableInADarkColourScheme) {
   EXPECT_EQ(textColor("lblSta1"), QColor(Qt::black));
   EXPECT_EQ(textColor("LabelWeb"), QColor(0, 0, 0xC0));
   EXPECT_EQ(textColor("lblState(0)"), QColor(0x31, 0x6A, 0xC5));
-  EXPECT_EQ(textColor("lalFinal"), QColor(255, 128, 0));
+  EXPECT_GE(platform::Contrast(platform::qt::FromQt(textColor("lalFinal")), 0x282828), 4.5);
   EXPECT_GT(textColor("lalUND").lightness(), 128);
   // Between the banner and the first row, where the panel itself shows.
   const QImage picture = shown_->grab().toImage();
   EXPECT_EQ(picture.pixelColor(20, 100 + 68), QColor(Qt::white));
-  QApplication::setPalette(light);
+}
+
+TEST_F(InDarkColours, ShowsBoxesAndWhatIsPressed) {
+  EXPECT_GE(Contrast("chkaUpperCase"), 2.9);
+  const QImage pressed = Find("chkAdvMode").grab().toImage();
+  Click("chkAdvMode");
+  const QImage free = Find("chkAdvMode").grab().toImage();
+  EXPECT_GT(pressed.pixelColor(10, 3).blueF(), free.pixelColor(10, 3).blueF() + 0.05F);
+}
+
+TEST_F(Window, KeepsTheColourLaidDownInALightScheme) {
+  EXPECT_EQ(Find("lalFinal").palette().color(QPalette::WindowText),
+            QApplication::palette().color(QPalette::Highlight));
+}
+
+TEST_F(Window, PressesNothingByAKeyThatIsHeldDown) {
+  int starts = 0;
+  frmMain& window = frmMain::Instance();
+  const auto start = window.cmdHelp.Click.Connect([&] { ++starts; });
+  auto& button = Find<QPushButton>("cmdHelp");
+  button.setFocus();
+  button.setDefault(true);
+  for (const bool repeats : {false, true, true}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, repeats);
+    QCoreApplication::sendEvent(&button, &press);
+  }
+  EXPECT_EQ(starts, 1);
+  QKeyEvent held(QEvent::ShortcutOverride, Qt::Key_H, Qt::AltModifier, {}, true);
+  held.ignore();
+  QCoreApplication::sendEvent(shown_.get(), &held);
+  EXPECT_TRUE(held.isAccepted()) << "and becomes no shortcut";
+}
+
+TEST_F(Window, ReachesEverythingByItsKeys) {
+  for (const auto& [name, key] :
+       {std::pair{"cboToDo", Qt::Key_U}, {"cboRefer", Qt::Key_R}, {"cboFinal", Qt::Key_F}}) {
+    QTest::keyClick(shown_.get(), key, Qt::AltModifier);
+    EXPECT_EQ(shown_->focusWidget(), &Find(name));
+    EXPECT_TRUE(Find(name).toolTip().startsWith(QStringLiteral("Alt+"))) << name;
+  }
+  QTest::keyClick(shown_.get(), Qt::Key_O, Qt::AltModifier);
+  EXPECT_FALSE(Find("fraOptAdv").isVisible());
+  int presses = 0;
+  frmMain& window = frmMain::Instance();
+  const auto count = [&presses] { ++presses; };
+  const auto toDo = window.cmdOpen(0).Click.Connect(count);
+  const auto refer = window.cmdOpen(1).Click.Connect(count);
+  const auto save = window.cmdSave.Click.Connect(count);
+  const auto help = window.Window.HelpWanted.Connect(count);
+  const auto pressAll = [this] {
+    for (const auto key : {Qt::Key_O, Qt::Key_R, Qt::Key_S}) {
+      QTest::keyClick(shown_.get(), key, Qt::ControlModifier);
+    }
+    QTest::keyClick(shown_.get(), Qt::Key_F1);
+  };
+  pressAll();
+  EXPECT_EQ(presses, 4);
+  window.cmdOpen(0).Visible(false);
+  window.cmdOpen(1).Visible(false);
+  window.cmdSave.Visible(false);
+  window.Window.Busy(true);
+  pressAll();
+  EXPECT_EQ(presses, 4) << "all of them are dead during a run";
+  window.Window.Busy(false);
 }
 
 TEST_F(Window, HandsClicksOnLabelsOn) {
