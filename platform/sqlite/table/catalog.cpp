@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: MIT
+
+// The master table is read as a whole when somebody asks and something may have changed since:
+// objects are few. Whether it has really changed is found by comparing, not by the cookie in the
+// head, which an undone statement may leave as it was. Only a real change gives a new version and
+// makes what was described stale, so that tables found stay good through a script of INSERTs.
+
 #include "platform/sqlite/table/catalog.h"
 
 #include <algorithm>
@@ -103,7 +109,7 @@ void Catalog::Add(const CatalogObject& object) {
   values[kTableName] = object.tableName;
   values[kRootPage] = root;
   values[kSql] = object.sql;
-  TreeBuilder builder = TreeBuilder::Behind(pager_, kMasterRoot);
+  TreeBuilder builder = TreeBuilder::Appending(pager_, kMasterRoot);
   builder.AppendRow(builder.LastRowId().value_or(0) + 1, values);
   builder.Finish();
   NoteSchemaChange(pager_);

@@ -30,7 +30,7 @@ class Database {
  public:
   /// Opens the file and creates it with size 0 if it is missing; so call it at the first statement.
   /// A journal that a dead process left is played back. The text of a failure is what the shell
-  /// prints behind `Unable to open database "DB": `.
+  /// prints after `Unable to open database "DB": `.
   explicit Database(const std::string& path);
   ~Database();
   Database(const Database&) = delete;

@@ -7,7 +7,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Brings a file of an older format to the present one: makes the indexes of text columns anew,
+/// Brings a file of an older format to the present one: makes new indexes of text columns,
 /// which held texts that look like numbers as numbers. Nothing for a file of the present format.
 void UpgradeFormat(Pager& pager, Catalog& catalog);
 

@@ -30,6 +30,8 @@ void CollectEntries(Pager& pager, const Table& table, const Index& index, KeySor
 void AddEntries(Pager& pager, const Index& index, KeySorter& entries) {
   entries.Sort();
   std::string_view entry;
+  // Entries come in order, so an empty index is built from left to right; into another one they go
+  // one by one, still in order, so that neighbours meet the same pages.
   if (TreeCursor(pager, index.rootPage).First()) {
     TreeEditor editor(pager, index.rootPage);
     while (entries.Next(entry)) {
@@ -37,7 +39,7 @@ void AddEntries(Pager& pager, const Index& index, KeySorter& entries) {
     }
     return;
   }
-  TreeBuilder builder = TreeBuilder::Behind(pager, index.rootPage);
+  TreeBuilder builder = TreeBuilder::Appending(pager, index.rootPage);
   while (entries.Next(entry)) {
     builder.Append(entry, {});
   }

@@ -1,4 +1,20 @@
 // SPDX-License-Identifier: MIT
+
+// Updates by a text, as a script gives them one by one, would each go down the index and down the
+// table, pages apart. Here they are made with two sorts and two passes:
+//
+//   1. Add collects (text, sequence number, value) in a sorter. The text is in the form of an index
+//   entry's beginning, so that updates and entries have the same order. 2. Updates meet the index
+//   entries, both from front to back, and give changes (row number, excess, value), which go to a
+//   second sorter. Of the updates of one text only the last counts; `excess` remembers how much
+//   longer the longest of the others was, as that may have been too long a row. 3. Changes meet the
+//   rows, both in the order of their numbers, and the table is written anew.
+//
+// Where there are few updates for the size of the file, step 2 looks each one up in the index, and
+// step 3 changes the rows where they are: a pass over everything would cost more.
+//
+// All numbers in the sorters have the highest byte first, so that bytes sort as the numbers do.
+
 #include "platform/sqlite/table/keyed_updates.h"
 
 #include <algorithm>
@@ -21,7 +37,7 @@ namespace {
 constexpr std::size_t kBuffer = std::size_t{8} * 1024 * 1024;
 constexpr std::size_t kNumberSize = 4;
 
-/// How many pages it is taken to cost to find a row and to change it where it stands. Where that
+/// How many pages it is taken to cost to find a row and to change it where it is. Where that
 /// makes more than all pages, a pass over the whole trees costs less.
 constexpr std::size_t kPagesPerRow = 8;
 
@@ -90,6 +106,7 @@ bool KeyedUpdates::AreFew(std::size_t count) const {
   return count < pager_.Count() / kPagesPerRow;
 }
 
+/// Looks each update up in the index.
 void KeyedUpdates::Search(const Index& index, KeySorter& changes) {
   IndexCursor entries(pager_, index.rootPage);
   while (NextUpdate()) {
@@ -100,6 +117,7 @@ void KeyedUpdates::Search(const Index& index, KeySorter& changes) {
   }
 }
 
+/// Goes through the whole index beside the updates.
 void KeyedUpdates::MatchWithIndex(const Index& index, KeySorter& changes) {
   TreeCursor entries(pager_, index.rootPage);
   std::string buffer;
@@ -112,6 +130,7 @@ void KeyedUpdates::MatchWithIndex(const Index& index, KeySorter& changes) {
   MatchWith(next, changes);
 }
 
+/// Does the same for a column without an index: makes the entries that one would have.
 void KeyedUpdates::MatchWithRows(KeySorter& changes) {
   Index index;
   index.columns = {keyColumn_};
@@ -121,12 +140,13 @@ void KeyedUpdates::MatchWithRows(KeySorter& changes) {
   MatchWith([&entries](std::string_view& entry) { return entries.Next(entry); }, changes);
 }
 
+/// Joins index entries and updates, both in the order of their texts.
 void KeyedUpdates::MatchWith(const NextEntry& nextEntry, KeySorter& changes) {
   std::string_view entry;
   bool hasEntry = nextEntry(entry);
   while (hasEntry && NextUpdate()) {
     while (hasEntry) {
-      std::ignore = RowIdOfEntry(entry);
+      std::ignore = RowIdOfEntry(entry);  // throws for an entry too short to be one
       const std::size_t textSize = entry.size() - kNumberSize;
       const int order = entry.substr(0, textSize).compare(text_);
       if (order > 0) {
@@ -140,6 +160,7 @@ void KeyedUpdates::MatchWith(const NextEntry& nextEntry, KeySorter& changes) {
   }
 }
 
+/// Goes to the last update of the next text.
 bool KeyedUpdates::NextUpdate() {
   if (!isComing_) {
     return false;
@@ -158,6 +179,7 @@ bool KeyedUpdates::NextUpdate() {
   return true;
 }
 
+/// Changes each row where it is.
 void KeyedUpdates::ChangeRows(KeySorter& changes) {
   TableCursor rows(pager_, table_.rootPage);
   TreeEditor editor(pager_, table_.rootPage);
@@ -176,8 +198,10 @@ void KeyedUpdates::ChangeRows(KeySorter& changes) {
   }
 }
 
+/// Builds the table's tree anew beside the old one. Cells that stay are copied as they are, with
+/// what they have in overflow pages; so those pages must not be freed with the old tree.
 void KeyedUpdates::RewriteTable(KeySorter& changes) {
-  TreeBuilder builder = TreeBuilder::Anew(pager_, table_.rootPage);
+  TreeBuilder builder = TreeBuilder::Replacing(pager_, table_.rootPage);
   TreeCursor rows(pager_, table_.rootPage);
   std::string buffer;
   std::string_view change;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Many updates of rows by a text, carried out together.
+// platform/sqlite/table: Many updates of rows by a text, made together.
 #pragma once
 
 #include <array>
@@ -17,9 +17,8 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Collects `UPDATE table SET valueColumn=value WHERE keyColumn=key`. Memory is constant: updates
-/// are sorted by text, matched with the index entries in one pass, sorted by row and written in one
-/// pass.
+/// Collects `UPDATE table SET valueColumn=value WHERE keyColumn=key` and makes them together, in
+/// constant memory.
 class KeyedUpdates {
  public:
   /// @param table  outlives this object
@@ -29,7 +28,7 @@ class KeyedUpdates {
                            std::size_t valueColumn) const;
   /// Adds an update, which wins over earlier ones of the same text. Texts without NUL bytes.
   void Add(std::string_view key, std::string_view value);
-  /// Carries all out. Rows that would become too long keep their values.
+  /// Makes all of them. Rows that would become too long keep their values.
   /// @return false if there was such a row, or if an update that a later one replaced would have
   ///   made one
   [[nodiscard]] bool Apply();
@@ -56,7 +55,7 @@ class KeyedUpdates {
   std::size_t valueColumn_;
   KeySorter updates_;
   std::uint32_t sequence_ = 0;
-  std::string_view coming_;  ///< the update behind the current one
+  std::string_view coming_;  ///< the update after the current one
   bool isComing_ = false;
   std::string current_;        ///< the last update of a text
   std::string_view text_;      ///< its text, as index entries hold it

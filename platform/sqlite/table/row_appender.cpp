@@ -8,7 +8,7 @@
 namespace lexmill::platform::sqlite {
 
 RowAppender::RowAppender(Pager& pager, const Table& table)
-    : pager_(pager), table_(table), builder_(TreeBuilder::Behind(pager, table.rootPage)) {
+    : pager_(pager), table_(table), builder_(TreeBuilder::Appending(pager, table.rootPage)) {
   CheckIndexesKnown(table);
   for (std::size_t i = 0; i < table.indexes.size(); ++i) {
     entries_.push_back(

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+
+// What a statement of the master table means is not parsed here: libsqlite3 reads it, on an empty
+// connection of its own, and is asked by PRAGMA what it has understood. A file may come from
+// anywhere, so its statements are only declared (Connection::Declare), never run.
+
 #include "platform/sqlite/table/schema_reader.h"
 
 #include <algorithm>

@@ -35,7 +35,7 @@ struct Index {
   PageNumber rootPage = 0;           ///< 0 if the table asks for it and the file doesn't have it
   std::vector<std::size_t> columns;  ///< positions in the table, in the index's order
   bool isUnique = false;
-  /// All columns are text and the file is of the present format, so that equal texts stand together
+  /// All columns are text and the file is of the present format, so that equal texts are together
   /// and can be searched. The table of an index that isn't can be read but not changed.
   bool isSearchable = false;
 };

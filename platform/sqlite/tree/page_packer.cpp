@@ -35,6 +35,8 @@ CellView PagePacker::TakeLast() {
   return {&page_[taken], order_};
 }
 
+/// The room after the cells becomes one free block, so that the page is covered to its last byte.
+/// Cells are multiples of 4, so there is either none or enough for a block's head.
 const char* PagePacker::Complete(PageNumber rightChild) {
   Put32(&page_[kRightChildAt], rightChild, order_);
   const bool isFull = used_ == kPageSize;

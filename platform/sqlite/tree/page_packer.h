@@ -10,7 +10,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// A page whose cells stand one behind the other in key order, and then the free room.
+/// A page whose cells follow one another in key order, and then the free room.
 class PagePacker {
  public:
   explicit PagePacker(ByteOrder order) : order_(order) { Clear(); }
@@ -18,11 +18,12 @@ class PagePacker {
   /// Makes the page empty again.
   void Clear();
   [[nodiscard]] bool IsEmpty() const { return last_ == 0; }
-  /// Whether a cell of `size` bytes fits in behind the last.
+  /// Whether a cell of `size` bytes fits in after the last.
   [[nodiscard]] bool HasRoom(std::size_t size) const { return used_ + size <= kPageSize; }
 
-  /// Adds a cell of `size` bytes behind the last, for which there has to be room.
-  /// @return where it has to be written, its place in the chain left alone by PutCellHead's 0
+  /// Adds a cell of `size` bytes after the last, for which there has to be room.
+  /// @return where it has to be written, its place in the chain being the 0 that PutCellHead puts
+  ///   there
   [[nodiscard]] char* Reserve(std::size_t size);
   /// Adds a copy of a cell.
   void Append(std::string_view cell, PageNumber leftChild);

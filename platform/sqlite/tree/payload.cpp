@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: MIT
+
+// Key and data of an entry are one string, the payload. Its first 236 bytes are in the cell; the
+// rest goes to a chain of overflow pages, each with the number of the next in front. A chain
+// belongs to one cell, and moves with the cell when that goes to another page.
+
 #include "platform/sqlite/tree/payload.h"
 
 #include <algorithm>
@@ -52,6 +57,7 @@ std::string_view ReadPayload(Pager& pager, CellView cell, std::string& buffer) {
   return buffer;
 }
 
+/// Most keys differ in what the cell holds; overflow pages are read only if they don't.
 int CompareKey(Pager& pager, CellView cell, std::string_view key, std::string& buffer) {
   const std::size_t length = cell.KeyLength();
   const std::size_t local = std::min(length, kLocalPayload);
@@ -80,6 +86,7 @@ void PutCell(Pager& pager, char* at, std::string_view key, std::string_view data
   Put32(at + kOverflowLinkAt, first, pager.Order());
 }
 
+/// The length decides how many pages there are, not the chain, whose end might be missing.
 void FreeOverflow(Pager& pager, CellView cell) {
   if (!cell.HasOverflow()) {
     return;

@@ -29,6 +29,8 @@ std::size_t WidthFor(std::size_t recordSize) {
   return recordSize < 256 ? 1 : recordSize < 65536 ? 2 : 3;
 }
 
+/// The width of offsets decides about the size and the size about the width: the least width that
+/// its own result bears out.
 RecordShape AnyShapeOf(std::span<const Value> values) {
   std::size_t texts = 0;
   for (const Value& value : values) {
@@ -43,6 +45,7 @@ RecordShape AnyShapeOf(std::span<const Value> values) {
 
 }  // namespace
 
+/// With the sign bit flipped and the highest byte first, bytes compare as the numbers do.
 RowKey ToRowKey(RowId rowId) {
   const std::uint32_t number = static_cast<std::uint32_t>(rowId) ^ 0x80000000U;
   RowKey key{};

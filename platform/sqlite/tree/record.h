@@ -43,7 +43,7 @@ class RecordView {
   /// @throws DatabaseError kMalformed if the offsets don't fit in the record
   explicit RecordView(std::string_view bytes);
 
-  /// NULL for a column behind the last. @throws DatabaseError kMalformed for a wild offset
+  /// NULL for a column after the last. @throws DatabaseError kMalformed for a wild offset
   [[nodiscard]] Value Column(std::size_t column) const;
 
  private:

@@ -1,4 +1,28 @@
 // SPDX-License-Identifier: MIT
+
+// Fills a tree from left to right, level by level at the same time. Of each level one page is open,
+// the rightmost; entries go into the open leaf. When a cell has no room there, it waits. As soon as
+// another follows, the page is closed and written, the waiting cell goes up a level as the
+// separator after it (inner pages hold entries, too), and the cell that followed begins a new page.
+// So pages are full, each is written once, and no page is closed before something follows it.
+//
+// Finish closes the open pages from the leaves up. A level's last page becomes the right child of
+// the level above, and the top level's page goes to the root's place, whatever it was called
+// before: a tree keeps its root page for good, since the master table names it.
+//
+// Invariants, for each level from the leaves up:
+//   - all entries in its open page are greater than those in closed pages of the level, and less
+//     than any that come;
+//   - the left children of the cells in the page are closed, written pages of the level below; the
+//     child after its last cell is the open page below, which has no place in the tree until it is
+//     closed;
+//   - a cell waits only when the page is not empty, and takes part in nothing until Separate or
+//     Finish.
+//
+// Appending opens the rightmost page of each level as if they had been built here; nothing else of
+// the tree is read. Replacing builds beside the old tree, which stays readable until its pages are
+// freed.
+
 #include "platform/sqlite/tree/tree_builder.h"
 
 #include <algorithm>
@@ -23,13 +47,13 @@ TreeBuilder::TreeBuilder(Pager& pager, PageNumber root)
   levels_.reserve(kGreatestDepth);
 }
 
-TreeBuilder TreeBuilder::Behind(Pager& pager, PageNumber root) {
+TreeBuilder TreeBuilder::Appending(Pager& pager, PageNumber root) {
   TreeBuilder builder(pager, root);
   builder.OpenRightmost(root);
   return builder;
 }
 
-TreeBuilder TreeBuilder::Anew(Pager& pager, PageNumber root) {
+TreeBuilder TreeBuilder::Replacing(Pager& pager, PageNumber root) {
   TreeBuilder builder(pager, root);
   builder.levels_.emplace_back(builder.order_);
   return builder;
@@ -46,7 +70,7 @@ void TreeBuilder::OpenRightmost(PageNumber page) {
     Load(level, ref.Bytes());
     page = Get32(ref.Bytes() + kRightChildAt, order_);
   }
-  std::ranges::reverse(levels_);
+  std::ranges::reverse(levels_);  // found from the root down
   const PagePacker& leaf = levels_.front().page;
   if (!leaf.IsEmpty() && leaf.Last().KeyLength() == RowKey{}.size()) {
     lastRowId_ = ToRowId(leaf.Last().Payload());
@@ -86,6 +110,7 @@ void TreeBuilder::AppendCell(CellView cell) {
   Promote(0, BytesOf(cell), 0);
 }
 
+/// Room for the next cell of a level: in its page, or where the separator waits.
 char* TreeBuilder::Reserve(std::size_t level, std::size_t size) {
   if (levels_[level].waitingSize != 0) {
     Separate(level);
@@ -98,6 +123,7 @@ char* TreeBuilder::Reserve(std::size_t level, std::size_t size) {
   return open.waiting.data();
 }
 
+/// Adds a cell to a level, with the child before it; the level begins here if there is none yet.
 void TreeBuilder::Promote(std::size_t level, std::string_view cell, PageNumber leftChild) {
   if (level == levels_.size()) {
     levels_.emplace_back(order_);
@@ -108,6 +134,8 @@ void TreeBuilder::Promote(std::size_t level, std::string_view cell, PageNumber l
   Put16(at + kNextCellAt, 0, order_);
 }
 
+/// Closes the open page: the waiting cell is the separator after it. A separator's left child is
+/// the closed page; what was its own left child becomes the page's right one.
 void TreeBuilder::Separate(std::size_t level) {
   Level& open = levels_[level];
   const CellView separator(open.waiting.data(), order_);
@@ -117,6 +145,8 @@ void TreeBuilder::Separate(std::size_t level) {
   Promote(level + 1, BytesOf(separator), page);
 }
 
+/// Ends a level whose waiting cell is the last of all and has nothing to separate: the last cell of
+/// the page goes up in its place, and it gets the next page to itself.
 void TreeBuilder::TakeBackSeparator(std::size_t level) {
   Level& open = levels_[level];
   const std::string separator(BytesOf(open.page.TakeLast()));
@@ -137,7 +167,7 @@ PageNumber TreeBuilder::Write(Level& level, PageNumber rightChild) {
 }
 
 void TreeBuilder::Finish() {
-  PageNumber child = 0;
+  PageNumber child = 0;  // the last page of the level below
   for (std::size_t level = 0; level < levels_.size(); ++level) {
     if (levels_[level].waitingSize != 0) {
       TakeBackSeparator(level);

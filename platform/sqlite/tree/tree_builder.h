@@ -16,17 +16,17 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Adds entries behind the last one of a tree, in rising order of their keys. One page of each
-/// level is open; full ones go out at once, so memory is constant. The tree is whole again only
-/// after Finish; nothing else may change it meanwhile. A builder that is dropped without Finish
-/// leaves work for the pager's mark or rollback.
+/// Adds entries after the last one of a tree, in rising order of their keys. One page of each level
+/// is open; full ones go out at once, so memory is constant. The tree is whole again only after
+/// Finish; nothing else may change it meanwhile. A builder that is dropped without Finish leaves
+/// work for the pager's mark or rollback.
 class TreeBuilder {
  public:
-  /// Goes on behind the last entry of the tree at `root`.
-  [[nodiscard]] static TreeBuilder Behind(Pager& pager, PageNumber root);
+  /// Goes on after the last entry of the tree at `root`.
+  [[nodiscard]] static TreeBuilder Appending(Pager& pager, PageNumber root);
   /// Begins a new tree, which takes its place at `root` with Finish. What was there before is the
   /// caller's to free, between the last entry and Finish.
-  [[nodiscard]] static TreeBuilder Anew(Pager& pager, PageNumber root);
+  [[nodiscard]] static TreeBuilder Replacing(Pager& pager, PageNumber root);
 
   /// The number of the last row of a table's tree; none while it is empty.
   [[nodiscard]] std::optional<RowId> LastRowId() const { return lastRowId_; }
@@ -40,8 +40,7 @@ class TreeBuilder {
   void Finish();
 
  private:
-  /// The open page of a level. A cell that has no room there waits: it becomes the separator as
-  /// soon as another cell follows, so that no page is ever closed with nothing to follow it.
+  /// The open page of a level, and the cell that has no room in it.
   struct Level {
     explicit Level(ByteOrder order) : page(order) {}
 

@@ -1,4 +1,14 @@
 // SPDX-License-Identifier: MIT
+
+// A cursor is the path from the root to an entry: a held page and a cell of it for each level.
+// Inner pages hold entries too, so going in order means: the subtree before a cell, the cell, the
+// subtree before the next, ..., the right subtree. `cell` of a level is the entry that comes when
+// the subtree before it has been left; 0 says that the right subtree has been taken and the level
+// is done with.
+//
+// Pages on the path are pinned, so their bytes stay. Nothing here trusts the file: pages are
+// checked when they come into memory (CheckTreePage), and loops end in Enter.
+
 #include "platform/sqlite/tree/tree_cursor.h"
 
 #include "platform/sqlite/database_error.h"
@@ -32,6 +42,7 @@ bool TreeCursor::SeekAtLeast(std::string_view key) {
   return Top().cell != 0 || Climb();
 }
 
+/// A path of one page: the way down isn't known, nor needed to read one entry.
 void TreeCursor::GoTo(PageNumber page, std::size_t cell) {
   Restart();
   Enter(page);
@@ -73,6 +84,7 @@ void TreeCursor::Restart() {
   entered_ = 0;
 }
 
+/// Goes down a level. A path deeper than any tree, or more pages than the file has, is a loop.
 void TreeCursor::Enter(PageNumber page) {
   if (depth_ == kGreatestDepth || ++entered_ > pager_.Count()) {
     throw DatabaseError(kMalformed);

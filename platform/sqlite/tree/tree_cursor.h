@@ -43,7 +43,7 @@ class TreeCursor {
   void Restart();
   void Enter(PageNumber page);
   [[nodiscard]] bool DescendLeft(PageNumber page);
-  /// Goes up to the entry behind a subtree that has been left. @return false at the end
+  /// Goes up to the entry after a subtree that has been left. @return false at the end
   [[nodiscard]] bool Climb();
   [[nodiscard]] Level& Top() { return levels_[depth_ - 1]; }
   /// The child in front of the current cell, or the right one; 0 on a leaf.

@@ -1,4 +1,19 @@
 // SPDX-License-Identifier: MIT
+
+// Puts single entries into a tree, recursively: down to the page that has the key or the leaf where
+// it belongs, and on the way back up each page takes in what its child has become. A page is taken
+// apart into views of its cells, changed as a list and written as a whole; there are no changes in
+// place, so the free room of a page is always in one piece after it.
+//
+// A page that overflows is split into as many as its cells need, which is two or, rarely,
+// three. The cells between the new pages go up as separators. Nothing is ever removed, so pages
+// never have to be joined.
+//
+// Invariants: all leaves stay equally deep, as a tree grows at its root only; the root keeps its
+// page; and no page but the root is empty, as every separator has something on both sides.
+//
+// This is the way for few entries. Many go through TreeBuilder, which writes each page once.
+
 #include "platform/sqlite/tree/tree_editor.h"
 
 #include <algorithm>
@@ -65,6 +80,7 @@ std::pair<std::size_t, bool> TreeEditor::Find(const Node& node, std::string_view
   return {node.cells.size(), false};
 }
 
+/// Puts the entry into the node or below it.
 bool TreeEditor::PutHere(Node& node, std::string_view key, std::size_t depth) {
   const auto [index, isEqual] = Find(node, key);
   if (isEqual) {
@@ -85,6 +101,7 @@ TreeEditor::Pieces TreeEditor::PutBelow(PageNumber page, std::string_view key, s
   return PutHere(node, key, depth) ? Store(node, page) : Pieces{page};
 }
 
+/// Puts what a child has become in the child's place.
 bool TreeEditor::Splice(Node& node, std::size_t child, const Pieces& pieces) {
   PageNumber left = pieces.first;
   std::size_t at = child;
@@ -105,6 +122,7 @@ TreeEditor::Pieces TreeEditor::Store(const Node& node, PageNumber page) {
   return {page};
 }
 
+/// Shares a node out over its page and new ones.
 TreeEditor::Pieces TreeEditor::Split(const Node& node, PageNumber first) {
   Pieces pieces{first};
   PageNumber page = first;
@@ -123,7 +141,7 @@ std::vector<std::size_t> TreeEditor::Separators(const Node& node) {
   const std::vector<Cell>& cells = node.cells;
   const std::size_t size = node.Size();
   const std::size_t pages = (size + kPageRoom - 1) / kPageRoom;
-  const std::size_t share = (size + pages - 1) / pages;
+  const std::size_t share = (size + pages - 1) / pages;  // of each page, if cells were sand
   std::vector<std::size_t> separators;
   std::size_t filled = 0;
   // The last cell of all never separates: something has to follow a separator.
@@ -140,6 +158,7 @@ std::vector<std::size_t> TreeEditor::Separators(const Node& node) {
   return separators;
 }
 
+/// Stores the root, which keeps its page: if it overflows, its content moves one level down.
 void TreeEditor::StoreRoot(Node& node) {
   if (node.Size() > kPageRoom) {
     const Pieces pieces = Split(node, AllocatePage(pager_));

@@ -30,7 +30,7 @@ class TreeEditor {
     std::string_view bytes;  ///< the whole cell; the left child in it is out of date
   };
 
-  /// A page taken apart: its cells, and the child behind the last.
+  /// A page taken apart: its cells, and the child after the last.
   struct Node {
     Node(Pager& pager, PageNumber number);
     Node(const Node&) = delete;

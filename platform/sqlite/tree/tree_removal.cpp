@@ -19,7 +19,7 @@ class TreeRemoval {
       throw DatabaseError(kMalformed);
     }
     const std::vector<PageNumber> children = LeavePage(page);
-    // All leaves are equally deep, so the first child tells for all whether they need to be read.
+    // All leaves are equally deep, so the first child shows whether the others have to be read.
     const bool areLeaves =
         !children.empty() && Get32(pager_.ReadTree(children.front()).Bytes(), pager_.Order()) == 0;
     for (const PageNumber child : children) {
