@@ -7,7 +7,6 @@
 #include <string>
 
 #include "platform/controls/dialogs.h"
-#include "platform/failure.h"
 #include "platform/text/numbers.h"
 
 namespace lexmill {
@@ -40,8 +39,14 @@ bool ReportFailures(std::u16string_view place, const std::function<void()>& body
     text += u"\r\n" + failure->Description();
     text.append(u"\r\n源代码位置: ").append(place);
     platform::ShowMessageBox(text, platform::MessageIcon::Critical, platform::MessageButtons::Ok);
+    FailureShown().Raise(*failure);
   }
   return !failure;
+}
+
+platform::Event<const Failure&>& FailureShown() {
+  static platform::Event<const Failure&> shown;
+  return shown;
 }
 
 bool IgnoreFailures(const std::function<void()>& step) {

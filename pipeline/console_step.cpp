@@ -33,8 +33,7 @@ void RunConsoleStep(std::optional<cCaptureConsole>& oShellC, const std::u16strin
   oShellC.emplace();
   const platform::Connection connection = oShellC->OutputAvailable.Connect(outputAvailable);
   const std::int32_t start = platform::GetTickCount();
-  std::ignore =
-      oShellC->ShellConsole(batFile, platform::ApplicationFolder(), false, true, true, true);
+  std::ignore = oShellC->ShellConsole(batFile, WorkFolder(), false, true, true, true);
   const std::int32_t elapsed = platform::Elapsed(start, platform::GetTickCount());
   frmMain::Instance().UpdateStateLabel(kReadyRow, elapsed, u"");
   oShellC.reset();

@@ -25,7 +25,7 @@ inline constexpr PercentageStep kTextStep{7, 7};
 /// the batch is alive; it may pass 100.
 void MovePercentage(std::int32_t& lPercent, PercentageStep step);
 
-/// Runs the batch script `batFile` in the program's folder and shows its time in row 2; nothing in
+/// Runs the batch script `batFile` in the work folder and shows its time in row 2; nothing in
 /// a run that has been abandoned.
 /// @param oShellC          holds the console capture for the time of the step
 /// @param outputAvailable  called for each piece of output

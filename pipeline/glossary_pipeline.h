@@ -41,11 +41,11 @@ class GlossaryPipeline {
     BuildBatScript();
     if (TheRun().RefDbPath.empty()) {
       RunStage<typename Pair::ReferenceStage>(*oAwk, 0, window.cboRefer.Text(),
-                                              InAppPath(files_.sRefSqlFile));
+                                              InWorkFolder(files_.sRefSqlFile));
     }
-    RunStage<clsLexGLO2>(*oAwk, 1, window.cboToDo.Text(), InAppPath(files_.sToDoSqlFile));
+    RunStage<clsLexGLO2>(*oAwk, 1, window.cboToDo.Text(), InWorkFolder(files_.sToDoSqlFile));
     RunBatch();
-    RunStage<clsLexGLO3>(*oAwk, 3, InAppPath(files_.sReadyFile), window.cboFinal.Text());
+    RunStage<clsLexGLO3>(*oAwk, 3, InWorkFolder(files_.sReadyFile), window.cboFinal.Text());
     if (!RunOptions().chkaKeepTmpFile) {
       TheRun().abandoned ? DeleteAllFiles(files_) : DeleteTempFiles();
     }
@@ -62,7 +62,7 @@ class GlossaryPipeline {
   void BuildBatScript() { lexmill::BuildBatScript(files_); }
 
   /// The batch has removed the other files by now.
-  void DeleteTempFiles() { DeleteFiles({InAppPath(files_.sReadyFile), files_.sBatFile}); }
+  void DeleteTempFiles() { DeleteFiles({InWorkFolder(files_.sReadyFile), files_.sBatFile}); }
 
   void oShellC_OutputAvailable(const std::u16string& /*sNewOutput*/) {
     MovePercentage(lPercent, kGlossaryStep);

@@ -2,7 +2,6 @@
 #include "pipeline/saved_database.h"
 
 #include "platform/files/file_system.h"
-#include "platform/host/application.h"
 #include "platform/host/host_path.h"
 #include "run/shared/run_notice.h"
 #include "run/shared/run_state.h"
@@ -10,7 +9,7 @@
 namespace lexmill {
 
 SavedDatabase::SavedDatabase(const std::u16string& path)
-    : path_(path.empty() ? path : platform::PathFrom(platform::ApplicationFolder(), path)),
+    : path_(path.empty() ? path : platform::PathFrom(WorkFolder(), path)),
       timeBefore_(platform::ModificationTime(path_)) {}
 
 void SavedDatabase::NoteIfMissing() const {

@@ -21,7 +21,7 @@ std::u16string DrawName(const std::u16string& extension, Reservations& reservati
   std::u16string name;
   for (int i = 0; i < kMostDraws; ++i) {
     name = modMain::ChangeFileExtension(files.GetTempName(), extension);
-    if (auto taken = platform::NameReservation::Take(InAppPath(name))) {
+    if (auto taken = platform::NameReservation::Take(InWorkFolder(name))) {
       reservations.push_back(std::move(*taken));
       break;
     }
@@ -31,20 +31,20 @@ std::u16string DrawName(const std::u16string& extension, Reservations& reservati
 
 // A shell that was ended leaves the journal of its transaction.
 void DeleteDatabase(const std::u16string& name) {
-  DeleteFiles({InAppPath(name), InAppPath(name) + u"-journal"});
+  DeleteFiles({InWorkFolder(name), InWorkFolder(name) + u"-journal"});
 }
 
 // What a batch that was ended had not finished lies beside its place; the next to write there
 // removes it.
 void DeleteListing(const std::u16string& name) {
   IgnoreFailures(
-      [&] { platform::FileSystemObject().CreateTextFile(InAppPath(name), true).Discard(); });
-  DeleteFiles({InAppPath(name)});
+      [&] { platform::FileSystemObject().CreateTextFile(InWorkFolder(name), true).Discard(); });
+  DeleteFiles({InWorkFolder(name)});
 }
 
 void Restart(Reservations& reservations) {
   reservations.clear();
-  platform::RemoveStaleReservations(TheRun().AppPath);
+  platform::RemoveStaleReservations(WorkFolder());
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ void DrawNames(GlossaryRunFiles& files) {
   files.sRefSqlFile = DrawName(u".sql", files.reservations);
   files.sToDoSqlFile = DrawName(u".sql", files.reservations);
   files.sReadyFile = DrawName(u".txt", files.reservations);
-  files.sBatFile = InAppPath(DrawName(u".bat", files.reservations));
+  files.sBatFile = InWorkFolder(DrawName(u".bat", files.reservations));
 }
 
 void DrawNames(TextRunFiles& files) {
@@ -67,23 +67,23 @@ void DrawNames(TextRunFiles& files) {
   files.sUpdateSqlFile = DrawName(u".sql", files.reservations);
   files.sReadyFile = DrawName(u".txt", files.reservations);
   files.sLineFile = DrawName(u".txt", files.reservations);
-  files.sBatFile = InAppPath(DrawName(u".bat", files.reservations));
-  files.sBatFile2 = InAppPath(DrawName(u".bat", files.reservations));
+  files.sBatFile = InWorkFolder(DrawName(u".bat", files.reservations));
+  files.sBatFile2 = InWorkFolder(DrawName(u".bat", files.reservations));
 }
 
-std::u16string InAppPath(std::u16string_view name) {
-  return TheRun().AppPath + std::u16string(name);
+std::u16string InWorkFolder(std::u16string_view name) {
+  return WorkFolder() + std::u16string(name);
 }
 
 void DeleteAllFiles(const GlossaryRunFiles& files) {
-  DeleteFiles({InAppPath(files.sRefSqlFile), InAppPath(files.sToDoSqlFile), files.sBatFile});
+  DeleteFiles({InWorkFolder(files.sRefSqlFile), InWorkFolder(files.sToDoSqlFile), files.sBatFile});
   DeleteListing(files.sReadyFile);
   DeleteDatabase(files.sDbFile);
 }
 
 void DeleteAllFiles(const TextRunFiles& files) {
-  DeleteFiles({InAppPath(files.sRefSqlFile), InAppPath(files.sEntrySqlFile),
-               InAppPath(files.sToDoSqlFile), InAppPath(files.sUpdateSqlFile), files.sBatFile,
+  DeleteFiles({InWorkFolder(files.sRefSqlFile), InWorkFolder(files.sEntrySqlFile),
+               InWorkFolder(files.sToDoSqlFile), InWorkFolder(files.sUpdateSqlFile), files.sBatFile,
                files.sBatFile2});
   DeleteListing(files.sReadyFile);
   DeleteListing(files.sLineFile);

@@ -13,7 +13,7 @@
 namespace lexmill {
 
 /// The temporary files of a run that ends in a glossary. Names are bare, since the batch runs in
-/// the program's folder; only the batch script is a full path.
+/// the work folder; only the batch script is a full path.
 struct GlossaryRunFiles {
   std::u16string sDbFile;                               ///< work database
   std::u16string sRefSqlFile;                           ///< reference script
@@ -40,13 +40,13 @@ struct TextRunFiles {
 };
 
 /// Draws every name anew, in the order of the members. No file of these names is created, and none
-/// is there: a name that another run of this folder keeps, or that a killed run has left a file
+/// is there: a name that another run in this folder keeps, or that a killed run has left a file
 /// under, is drawn again.
 void DrawNames(GlossaryRunFiles& files);
 void DrawNames(TextRunFiles& files);
 
-/// The full path of a bare name: `name` in the program's folder.
-[[nodiscard]] std::u16string InAppPath(std::u16string_view name);
+/// The full path of a bare name: `name` in the work folder.
+[[nodiscard]] std::u16string InWorkFolder(std::u16string_view name);
 
 /// Deletes every file of a run, wherever that has ended; what isn't there is passed over.
 void DeleteAllFiles(const GlossaryRunFiles& files);

@@ -43,16 +43,17 @@ class TextPipeline {
     BuildBatScript();
     if (TheRun().RefDbPath.empty()) {
       RunStage<typename Pair::ReferenceStage>(*oAwk, 0, window.cboRefer.Text(),
-                                              InAppPath(files_.sRefSqlFile));
+                                              InWorkFolder(files_.sRefSqlFile));
     }
-    RunStage<clsLexUPB2>(*oAwk, 1, window.cboToDo.Text(), InAppPath(files_.sEntrySqlFile),
-                         InAppPath(files_.sToDoSqlFile));
+    RunStage<clsLexUPB2>(*oAwk, 1, window.cboToDo.Text(), InWorkFolder(files_.sEntrySqlFile),
+                         InWorkFolder(files_.sToDoSqlFile));
     const SavedDatabase saved(files_.sSavedDb);
     RunBatch(files_.sBatFile);
     saved.NoteIfMissing();
-    RunStage<clsLexUPB3>(*oAwk, 3, InAppPath(files_.sReadyFile), InAppPath(files_.sUpdateSqlFile));
+    RunStage<clsLexUPB3>(*oAwk, 3, InWorkFolder(files_.sReadyFile),
+                         InWorkFolder(files_.sUpdateSqlFile));
     RunBatch(files_.sBatFile2);
-    ConvertLineListing(InAppPath(files_.sLineFile), window.cboFinal.Text());
+    ConvertLineListing(InWorkFolder(files_.sLineFile), window.cboFinal.Text());
     if (!RunOptions().chkaKeepTmpFile) {
       TheRun().abandoned ? DeleteAllFiles(files_) : DeleteTempFiles();
     }
@@ -68,8 +69,8 @@ class TextPipeline {
 
   /// The batches have removed the scripts by now.
   void DeleteTempFiles() {
-    DeleteFiles({InAppPath(files_.sReadyFile), InAppPath(files_.sLineFile), files_.sBatFile,
-                 files_.sBatFile2, InAppPath(files_.sDbFile)});
+    DeleteFiles({InWorkFolder(files_.sReadyFile), InWorkFolder(files_.sLineFile), files_.sBatFile,
+                 files_.sBatFile2, InWorkFolder(files_.sDbFile)});
   }
 
   void oShellC_OutputAvailable(const std::u16string& /*sNewOutput*/) {

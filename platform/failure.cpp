@@ -48,10 +48,10 @@ std::u16string_view Describe(FailureNumber number, FailureOrigin origin) {
 
 }  // namespace
 
-Failure::Failure(FailureNumber number, FailureOrigin origin)
-    : Failure(static_cast<std::int32_t>(number), Describe(number, origin)) {}
+Failure::Failure(FailureNumber number, FailureOrigin origin, std::u16string_view subject)
+    : Failure(static_cast<std::int32_t>(number), Describe(number, origin), subject) {}
 
-Failure::Failure(std::int32_t number, std::u16string_view description)
-    : number_(number), description_(description) {}
+Failure::Failure(std::int32_t number, std::u16string_view description, std::u16string_view subject)
+    : number_(number), description_(description), subject_(subject) {}
 
 }  // namespace lexmill::platform

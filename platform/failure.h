@@ -46,17 +46,20 @@ class Failure {
  public:
   /// A failure of the platform, with its Chinese description.
   /// Source: published message texts of the script libraries and the runtime.
-  Failure(FailureNumber number, FailureOrigin origin);
+  /// @param subject  what it is about, such as the path of a file; empty if nobody can tell
+  Failure(FailureNumber number, FailureOrigin origin, std::u16string_view subject = {});
 
   /// A failure of the system's own.
-  Failure(std::int32_t number, std::u16string_view description);
+  Failure(std::int32_t number, std::u16string_view description, std::u16string_view subject = {});
 
   [[nodiscard]] std::int32_t Number() const { return number_; }
   [[nodiscard]] const std::u16string& Description() const { return description_; }
+  [[nodiscard]] const std::u16string& Subject() const { return subject_; }
 
  private:
   std::int32_t number_;
   std::u16string description_;
+  std::u16string subject_;
 };
 
 }  // namespace lexmill::platform

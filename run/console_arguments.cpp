@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "run/console_arguments.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 
+#include "platform/files/file_system.h"
+#include "platform/files/platform_settings.h"
 #include "platform/host/application.h"
 #include "platform/host/host_path.h"
 #include "platform/text/text.h"
@@ -26,6 +30,11 @@ constexpr std::string_view kHelp =
     "  --preset full|minimal  then set all rules on without a length limit, or all off\n"
     "  --set NAME=VALUE       then set one option by its name: 0 or 1 for a check box such\n"
     "                         as chkaUpperCase, a text for a box such as txtLenLimit\n"
+    "  --encoding auto|utf-8|936\n"
+    "                         tell each dictionary's encoding from its content, or take all\n"
+    "                         for UTF-8 or code page 936, whatever the key CodePage says\n"
+    "  --work-dir DIR         put temporary files and the language table into DIR, not\n"
+    "                         beside the programs\n"
     "  --                     what follows are paths\n"
     "  --help, --version      tell this, or the version\n"
     "\n"
@@ -73,6 +82,10 @@ class Reader {
       ReadPreset(Value(word));
     } else if (word == "--set") {
       ReadOption(Value(word));
+    } else if (word == "--encoding") {
+      ReadEncoding(Value(word));
+    } else if (word == "--work-dir") {
+      ReadWorkFolder(Value(word));
     } else if (word == "--help") {
       wanted_.assign(kConsoleUsage).append(kHelp);
     } else if (word == "--version") {
@@ -97,6 +110,25 @@ class Reader {
       arguments_.preset = Preset::Minimal;
     } else if (reason_.empty()) {
       reason_ = "--preset wants full or minimal, not " + std::string(name);
+    }
+  }
+
+  void ReadEncoding(std::string_view name) {
+    constexpr std::array<std::pair<std::string_view, std::u16string_view>, 3> kPages = {
+        {{"auto", platform::kNoChosenPage}, {"utf-8", u"65001"}, {"936", u"936"}}};
+    const auto* const page =
+        std::ranges::find(kPages, name, [](const auto& known) { return known.first; });
+    if (page != kPages.end()) {
+      arguments_.codePage = page->second;
+    } else if (reason_.empty()) {
+      reason_ = "--encoding wants auto, utf-8 or 936, not " + std::string(name);
+    }
+  }
+
+  void ReadWorkFolder(std::string_view path) {
+    arguments_.workFolder = AbsolutePath(path);
+    if (reason_.empty() && !platform::FileSystemObject().FolderExists(arguments_.workFolder)) {
+      reason_ = "no such folder: " + std::string(path);
     }
   }
 

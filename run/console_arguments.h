@@ -20,7 +20,9 @@ struct ConsoleArguments {
   std::u16string toDo;
   std::u16string refer;
   std::u16string result;
-  std::u16string settings;  ///< empty for the settings file of the program's folder
+  std::u16string settings;    ///< empty for the settings file of the program's folder
+  std::u16string workFolder;  ///< empty for that of the settings, or the program's
+  std::u16string codePage;    ///< as PassOnCodePage takes it; empty for that of the settings
   std::optional<Preset> preset;
   std::vector<std::pair<std::u16string, std::u16string>> options;  ///< control name and value
 };
@@ -38,7 +40,7 @@ struct WantedText {
 /// How lexmill-run is called: UTF-8, each line ended by LF.
 inline constexpr std::string_view kConsoleUsage =
     "Usage: lexmill-run TODO REFER FINAL [--settings FILE.ini] [--preset full|minimal]\n"
-    "                   [--set NAME=VALUE]...\n"
+    "                   [--set NAME=VALUE]... [--encoding auto|utf-8|936] [--work-dir DIR]\n"
     "       lexmill-run --help | --version\n";
 
 /// Reads the words behind the program's name. Relative paths are taken from the current directory.

@@ -12,6 +12,7 @@
 #include "platform/files/profile_file.h"
 #include "platform/headless/headless.h"
 #include "platform/host/application.h"
+#include "platform/host/host_path.h"
 #include "platform/host/host_system.h"
 #include "platform/host/process.h"
 #include "platform/host/program_start.h"
@@ -37,7 +38,7 @@ int RefuseArguments(const std::string& reason) {
 bool TellMissingPrograms() {
   bool all = true;
   for (const auto* name : {u"batch", u"sqlite"}) {
-    if (!lexmill::platform::IsProgramThere(name, lexmill::platform::ApplicationFolder())) {
+    if (!lexmill::platform::IsProgramThere(name, lexmill::WorkFolder())) {
       std::cerr << "lexmill-run: the program '" << lexmill::platform::ToUtf8(name)
                 << "' is missing\n";
       all = false;
@@ -104,6 +105,9 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   session.messagesToStandardError = true;
   lexmill::platform::KeepProfileWritesInMemory();
   lexmill::modMain::Main();
+  if (!arguments.workFolder.empty()) {
+    lexmill::TheRun().WorkDir = lexmill::platform::WithSeparator(arguments.workFolder);
+  }
   if (const std::string wrong = lexmill::SetOptions(arguments); !wrong.empty()) {
     return RefuseArguments(wrong);
   }
@@ -127,15 +131,19 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
 
 int main(int argc, char** argv) {
   lexmill::platform::SurviveFileSizeLimit();
-  lexmill::platform::ReadPlatformSettings();
   const auto arguments = lexmill::ReadConsoleArguments(
       {argv + (argc > 0 ? 1 : 0), static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
   if (const auto* wrong = std::get_if<lexmill::WrongArguments>(&arguments)) {
     return RefuseArguments(wrong->reason);
   }
-  if (const auto* wanted = std::get_if<lexmill::WantedText>(&arguments)) {
-    std::cout << wanted->text;
+  if (const auto* told = std::get_if<lexmill::WantedText>(&arguments)) {
+    std::cout << told->text;
     return 0;
   }
-  return CarryRun(std::get<lexmill::ConsoleArguments>(arguments));
+  const auto& wanted = std::get<lexmill::ConsoleArguments>(arguments);
+  if (!wanted.codePage.empty()) {
+    lexmill::platform::PassOnCodePage(wanted.codePage);
+  }
+  lexmill::platform::ReadPlatformSettings();
+  return CarryRun(wanted);
 }

@@ -30,12 +30,21 @@ DictionaryKind ReadAndRecognise(std::u16string_view path) {
   }
 }
 
+bool BeginsWithMark(std::u16string_view path) {
+  return platform::ReadBinary(path, 0, platform::kUtf8Mark.size()) == platform::kUtf8Mark;
+}
+
 }  // namespace
 
 DictionaryKind RecogniseEncoding(std::u16string_view path) {
   DictionaryKind kind;
   if (!platform::IsAnsiCodePageChosen()) {
     IgnoreFailures([&] { kind = ReadAndRecognise(path); });
+  } else if (platform::IsAnsiCodePageUtf8()) {
+    IgnoreFailures([&] {
+      kind.encoding = BeginsWithMark(path) ? platform::TextEncoding::Utf8WithMark
+                                           : platform::TextEncoding::Ansi;
+    });
   }
   return kind;
 }

@@ -14,8 +14,9 @@ namespace lexmill {
 
 /// What the bytes of a dictionary tell of its encoding, the format being left open: UTF-8 if it is
 /// strictly valid UTF-8 and begins with a mark or holds a sequence of three or more bytes or ten of
-/// two, else the code page; always the code page if the settings name one. A file that can't be
-/// read counts as one in the code page. Lets pending window events run while it reads a large file.
+/// two, else the code page. If a page has been chosen, always that; but under UTF-8 a mark is still
+/// told from text. A file that can't be read counts as one in the code page. Lets pending window
+/// events run while it reads a large file.
 [[nodiscard]] DictionaryKind RecogniseEncoding(std::u16string_view path);
 
 /// The encoding of the result: that of the untranslated dictionary or, if that is plain ASCII, of

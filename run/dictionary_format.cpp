@@ -53,7 +53,7 @@ std::optional<Columns> ReadGlossaryHead(std::u16string_view path) {
 
 // Writes the language table anew each time, so that a run never depends on an edited one.
 std::u16string WriteLanguageTable() {
-  std::u16string path = TheRun().AppPath + u"POLOLID.ini";
+  std::u16string path = WorkFolder() + u"POLOLID.ini";
   auto stream = platform::FileSystemObject().CreateTextFile(path, true);
   stream.Write(platform::LoadStringResource(kLanguageTableId));
   stream.Close();

@@ -11,7 +11,7 @@
 namespace lexmill::modMain {
 
 /// Looks at the first lines of a dictionary; one line with exactly one TAB makes it a glossary.
-/// Writes the language table beside the program when it is one.
+/// Writes the language table into the work folder when it is one.
 /// @param languagePair  [in,out] the head line of a glossary, if it names two known languages;
 ///   otherwise left alone
 /// @return Unknown also for a file that does not exist

@@ -13,6 +13,7 @@
 #include "platform/host/host_system.h"
 #include "platform/qt/screen.h"
 #include "run/modMain.h"
+#include "run/shared/run_state.h"
 #include "window/frmMain.h"
 
 namespace {
@@ -25,10 +26,14 @@ void EnterProgramFolder() {
 }
 
 void TellReadOnlyFolder() {
-  const std::u16string folder = lexmill::platform::ApplicationFolder();
+  const bool isChosen = !lexmill::TheRun().WorkDir.empty();
+  const std::u16string folder =
+      isChosen ? lexmill::TheRun().WorkDir : lexmill::platform::ApplicationFolder();
   if (access(lexmill::platform::ToHostPath(folder).c_str(), W_OK) != 0) {
     lexmill::platform::ShowMessageBox(
-        u"程序所在的文件夹不可写入，设置不能保存，处理不能进行:\r\n" + folder,
+        (isChosen ? u"存放临时文件的文件夹不可写入，处理不能进行:\r\n"
+                  : u"程序所在的文件夹不可写入，设置不能保存，处理不能进行:\r\n") +
+            folder,
         lexmill::platform::MessageIcon::Critical, lexmill::platform::MessageButtons::Ok);
   }
 }

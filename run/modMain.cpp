@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "run/modMain.h"
 
+#include "platform/files/platform_settings.h"
 #include "platform/host/application.h"
 #include "platform/host/host_path.h"
 #include "run/shared/run_state.h"
@@ -10,6 +11,9 @@ namespace lexmill::modMain {
 
 void Main() {
   TheRun().AppPath = platform::WithSeparator(platform::ApplicationFolder());
+  if (const std::u16string folder = platform::PlatformSetting(u"WorkDir"); !folder.empty()) {
+    TheRun().WorkDir = platform::WithSeparator(platform::PathFrom(TheRun().AppPath, folder));
+  }
   frmMain::Create().Show();
 }
 

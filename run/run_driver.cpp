@@ -14,6 +14,7 @@
 #include "platform/host/process.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
+#include "run/failure_notice.h"
 #include "run/purified_database.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
@@ -71,6 +72,7 @@ void frmMain::cmdStart_Click() {
   TheRun().notices.clear();
   TheRun().counts = {};
   Window.Busy(true);
+  const platform::Connection failures = FailureShown().Connect(NoteSubject);
   const bool finished =
       ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { CarryRun(); });
   if (!finished) {
@@ -125,7 +127,8 @@ void frmMain::RunDictionaries() {
   const DictionaryFormat toDo = KindOf(cboToDo.Text()).format;
   const DictionaryFormat refer = FormatOfReference(cboRefer.Text());
   if (toDo == DictionaryFormat::Unknown || refer == DictionaryFormat::Unknown) {
-    throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式");
+    throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式",
+                            toDo == DictionaryFormat::Unknown ? cboToDo.Text() : cboRefer.Text());
   }
   Dispatch(toDo, refer, pair);
 }

@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include "platform/host/host_file.h"
+#include "platform/host/host_path.h"
 
 namespace lexmill::platform {
 namespace {
@@ -53,13 +54,14 @@ FailureNumber FileNumber(int error, const std::string& path) {
 }  // namespace
 
 Failure FileFailure(int error, const std::string& path) {
-  return {FileNumber(error, path), FailureOrigin::ScriptLibrary};
+  return {FileNumber(error, path), FailureOrigin::ScriptLibrary, FromHostPath(path)};
 }
 
 Failure BinaryFileFailure(int error, const std::string& path) {
   const FailureNumber number = FileNumber(error, path);
   const bool isDenied = number == FailureNumber::PermissionDenied;
-  return {isDenied ? FailureNumber::PathFileAccess : number, FailureOrigin::Runtime};
+  return {isDenied ? FailureNumber::PathFileAccess : number, FailureOrigin::Runtime,
+          FromHostPath(path)};
 }
 
 Failure TransferFailure(int error) {

@@ -11,7 +11,7 @@ namespace lexmill::platform {
 
 /// The failure of the file system object that stands for `error`, an `errno` of a call on the file
 /// `path`: the nearest number that the platform has. ENOENT is FileNotFound if the folder of `path`
-/// is there, else PathNotFound.
+/// is there, else PathNotFound. The path is its subject.
 [[nodiscard]] Failure FileFailure(int error, const std::string& path);
 
 /// The same for binary files of the runtime, which say PathFileAccess for PermissionDenied.

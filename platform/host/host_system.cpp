@@ -34,4 +34,8 @@ std::u16string EnvironmentVariable(std::u16string_view name) {
   return value == nullptr ? std::u16string() : FromHostPath(value);
 }
 
+void SetEnvironmentVariable(std::u16string_view name, std::u16string_view value) {
+  std::ignore = setenv(ToHostPath(name).c_str(), ToHostPath(value).c_str(), 1);
+}
+
 }  // namespace lexmill::platform

@@ -18,6 +18,9 @@ void SetVersion(std::uint32_t version);
 /// The environment variable `name`; empty if it is not set.
 [[nodiscard]] std::u16string EnvironmentVariable(std::u16string_view name);
 
+/// Sets the environment variable `name` for this process and for the programs that it starts.
+void SetEnvironmentVariable(std::u16string_view name, std::u16string_view value);
+
 /// From now on a write beyond the host's limit for the size of a file fails as one on a full disk
 /// does, in this process and in the programs that it starts; otherwise it would end the process.
 void SurviveFileSizeLimit();

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "platform/host/application.h"
 #include "platform/host/host_faults.h"
 #include "platform/host/host_path.h"
 
@@ -86,7 +87,11 @@ std::string Locate(const std::string& program, const std::string& directory) {
   if (program.empty() || program.find('/') != std::string::npos) {
     return program;
   }
-  return IsExecutable(directory, program) ? "./" + program : program;
+  if (IsExecutable(directory, program)) {
+    return "./" + program;
+  }
+  const std::string ours = ToHostPath(WithSeparator(ApplicationFolder()));
+  return IsExecutable(ours, program) ? ours + program : program;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& arguments) {
@@ -115,7 +120,8 @@ std::optional<std::array<HostFile, 3>> StreamsForChild(const ProgramStart& start
 
 bool IsProgramThere(std::u16string_view program, std::u16string_view directory) {
   const std::string name = ToHostPath(program);
-  if (IsExecutable(ToHostPath(directory), name)) {
+  if (IsExecutable(ToHostPath(directory), name) ||
+      IsExecutable(ToHostPath(ApplicationFolder()), name)) {
     return true;
   }
   const char* path = std::getenv("PATH");

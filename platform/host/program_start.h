@@ -15,7 +15,7 @@ namespace lexmill::platform {
 /// program an empty stream that takes everything.
 struct ProgramStart {
   /// The program and its arguments; passed as ToHostPath makes them. A program named without a
-  /// folder is looked for in `directory` first, then in PATH.
+  /// folder is looked for in `directory` first, then in this program's folder, then in PATH.
   std::vector<std::u16string> words;
   std::u16string directory;  ///< the program's current directory; empty: this process's own
   const HostFile* standardInput = nullptr;

@@ -60,6 +60,10 @@ bool IsAnsiCodePageChosen() {
   return ChosenPage() != nullptr;
 }
 
+bool IsAnsiCodePageUtf8() {
+  return dynamic_cast<const Utf8Page*>(ChosenPage().get()) != nullptr;
+}
+
 std::u16string FromAnsi(std::string_view bytes) {
   std::u16string text;
   AnsiCodePage().Decode(bytes, text);

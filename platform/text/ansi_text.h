@@ -58,6 +58,8 @@ void SetAnsiCodePage(int number);
 
 /// True once SetAnsiCodePage was called: one page then stands for everything.
 [[nodiscard]] bool IsAnsiCodePageChosen();
+/// True if the page of SetAnsiCodePage is UTF-8.
+[[nodiscard]] bool IsAnsiCodePageUtf8();
 
 /// `bytes` in the system's code page as text.
 [[nodiscard]] std::u16string FromAnsi(std::string_view bytes);

@@ -8,6 +8,10 @@ RunState& TheRun() {
   return state;
 }
 
+const std::u16string& WorkFolder() {
+  return TheRun().WorkDir.empty() ? TheRun().AppPath : TheRun().WorkDir;
+}
+
 DictionaryKind KindOf(std::u16string_view path) {
   const auto& dictionaries = TheRun().dictionaries;
   const auto found = dictionaries.find(path);

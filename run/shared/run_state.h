@@ -19,6 +19,9 @@ namespace lexmill {
 struct RunState {
   /// The program's folder with one separator at its end; set by Main.
   std::u16string AppPath;
+  /// The folder chosen for temporary files and the language table, with one separator at its end;
+  /// empty if that is the program's folder.
+  std::u16string WorkDir;
   /// Path of the reference if that is a purified database, else empty; set at each run.
   std::u16string RefDbPath;
   /// Two language keys joined by a TAB, or empty: the head line of a translated glossary. A run
@@ -41,6 +44,10 @@ struct RunState {
 
 /// The one state of the program.
 [[nodiscard]] RunState& TheRun();
+
+/// Where temporary files and the language table lie: the folder chosen for them, else the program's
+/// folder; with one separator at its end.
+[[nodiscard]] const std::u16string& WorkFolder();
 
 /// What the run knows of the file `path`. One that is none of its dictionaries is in the code page
 /// and of no format.

@@ -97,6 +97,8 @@ TEST_F(LexmillRun, RefusesWrongArguments) {
            {u"todo", u"refer", u"final", u"--preset", u"maximal"},
            {u"todo", u"refer", u"final", u"--preset"},
            {u"todo", u"refer", u"final", u"--what"},
+           {u"todo", u"refer", u"final", u"--encoding", u"950"},
+           {u"todo", u"refer", u"final", u"--work-dir", u"todo"},
            {u"todo", u"refer", u"final", u"--settings", u"missing.ini"},
            {u"todo", u"refer", u"final", u"--settings", u"."},
            {u"todo", u"refer", u"final", u"--set", u"chkaUpperCase"},
@@ -121,7 +123,10 @@ TEST_F(LexmillRun, TellsHowItIsCalledAndItsVersion) {
 
 TEST_F(LexmillRun, TellsWhatFails) {
   EXPECT_EQ(Run({u"missing", u"refer", u"final"}), 1);
-  EXPECT_NE(Errors().find("错误:1"), std::string::npos) << Errors();
+  EXPECT_TRUE(Errors().starts_with("错误:1\n")) << Errors();
+  EXPECT_TRUE(Errors().ends_with("\nlexmill-run: 错误 1 的文件：" +
+                                 (folder_.Path() / "missing").string() + "\n"))
+      << Errors();
   EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "final"));
 
   WriteBytes(folder_.File("empty"), "");
@@ -131,7 +136,12 @@ TEST_F(LexmillRun, TellsWhatFails) {
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"txtrAndXBK1=("}), 0);
   WriteBytes(folder_.File("refer"), Ansi("Open\t打开(&O)\n"));
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"txtrAndXBK1=("}), 1);
-  EXPECT_NE(Errors().find("错误:5020"), std::string::npos) << Errors();
+  EXPECT_NE(Errors().find("错误 5020 的选项：txtrAndXBK1\n"), std::string::npos) << Errors();
+
+  EXPECT_EQ(Run({u"todo", u"refer", u"nowhere/final"}), 1);
+  EXPECT_TRUE(
+      Errors().ends_with("错误 76 的文件：" + (folder_.Path() / "nowhere/final").string() + "\n"))
+      << Errors();
 }
 
 TEST_F(LexmillRun, TellsWhatTheDatabaseShellComplainsOf) {
@@ -198,6 +208,56 @@ TEST_F(LexmillRun, TakesTheCodePageOfItsSettings) {
             1);
   EXPECT_NE(Errors().find("错误:5\n"), std::string::npos) << Errors();
   EXPECT_NE(Errors().find("'BuildBatScript'"), std::string::npos) << Errors();
+}
+
+TEST_F(LexmillRun, TakesTheEncodingOfItsArgumentsBeforeThatOfItsSettings) {
+  WriteBytes(programs_.File("Lexmill.ini"), "[LexmillPlatform]\r\nCodePage=1252\r\n");
+  const std::string mark = "\xEF\xBB\xBF";
+  struct Case {
+    const char16_t* encoding;
+    std::string toDo, refer, result;
+  };
+  for (const auto& row : {
+           Case{u"auto", Ansi("打\t打\n"), "打\t开\r\n", Ansi("打\t开\n")},
+           Case{u"utf-8", "é\té\n", "é\tè\r\n", "é\tè\r\n"},
+           Case{u"utf-8", mark + "é\té\n", mark + "é\tè\n", mark + "é\tè\r\n"},
+           Case{u"936", "\xD6\xD0\t\xD6\xD0\n", "\xD6\xD0\t\xE4\xB8\n", "\xD6\xD0\t\xE4\xB8\r\n"},
+       }) {
+    WriteBytes(folder_.File("todo"), row.toDo);
+    WriteBytes(folder_.File("refer"), row.refer);
+    EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--encoding", row.encoding, u"--set",
+                   u"chkaUpperCase=1"}),
+              0)
+        << Errors();
+    EXPECT_EQ(ReadBytes(folder_.File("final")), row.result);
+  }
+}
+
+TEST_F(LexmillRun, LeavesAnInstalledFolderAloneAndWorksInAnother) {
+  std::filesystem::create_directory(folder_.Path() / "工作 夹");
+  const std::u16string work = folder_.File("工作 夹");
+  const std::vector<std::u16string> arguments = {u"todo",
+                                                 u"refer",
+                                                 u"final",
+                                                 u"--set",
+                                                 u"chkaKeepTmpFile=1",
+                                                 u"--set",
+                                                 u"chkSaveRefDB=1",
+                                                 u"--set",
+                                                 u"txtSaveRefDB=saved.db",
+                                                 u"--work-dir",
+                                                 u"工作 夹"};
+  EXPECT_EQ(Run(arguments), 0) << Errors();
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "9 1\t4 2\n&Open\t打开(&O)\n");
+  EXPECT_EQ(programs_.Listing(), "batch lexmill-run sqlite");
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(platform::ToHostPath(work))) {
+    ++files;
+    EXPECT_TRUE(entry.path().filename() == "POLOLID.ini" || entry.path().filename() == "saved.db" ||
+                entry.path().filename().string().starts_with("rad"))
+        << entry;
+  }
+  EXPECT_EQ(files, 7);
 }
 
 TEST_F(LexmillRun, TellsThatTheShellIsMissingAndGoesOn) {
