@@ -8,7 +8,7 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 
-# The program's folder of a run: programs, settings and temporary files lie side by side.
+# The program's folder of a run: programs, settings and temporary files side by side.
 set(LEXMILL_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/lexmill)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${LEXMILL_PROGRAM_FOLDER})
 

@@ -37,6 +37,8 @@ class cCaptureConsole {
   [[nodiscard]] std::u16string CaptureProcessOutput(std::u16string_view sCommandLine, bool IsStdOut,
                                                     bool IsStdErr, bool IsOEMConvert,
                                                     std::u16string_view sCurrentDriectory);
+  // Whether a child needs the helper RedirStub for its output to arrive. No host of today does; the
+  // branch is part of the documented way in which a command line comes about.
   [[nodiscard]] static bool IsWindows9x();
   [[nodiscard]] static std::u16string GetAppFolder();
 };

@@ -14,7 +14,8 @@ namespace lexmill {
 
 /// Reads and writes values of an INI file by its path, a section and a key. Keeps no copy of the
 /// file: every read and every write goes to it. Nothing here fails: a read yields the default, a
-/// write leaves 0 as last return code.
+/// write leaves 0 as last return code. This is its documented interface, complete: members that no
+/// room calls today stay, so that it can be relied on as it is known.
 class cInifile {
  public:
   /// Result of the last write: 0 is failure. 0 before the first write; reads leave it alone.
