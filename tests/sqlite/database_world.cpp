@@ -43,10 +43,6 @@ void DatabaseTest::MakeR(Database& database, bool hasIndex) {
   }
 }
 
-void DatabaseTest::AddForeign(const platform::sqlite::CatalogObject& object) const {
-  test::AddForeign(path_, object);
-}
-
 const platform::sqlite::Table& DatabaseTest::TableOf(Database& database, std::string_view name) {
   const platform::sqlite::Table* table = database.FindTable(name);
   if (table == nullptr) {

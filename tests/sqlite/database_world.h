@@ -29,8 +29,6 @@ class DatabaseTest : public testing::Test {
   static void Write(platform::sqlite::Database& database, const std::function<void()>& statement);
   /// Makes the table `CREATE TABLE R(r1 TEXT,r2 TEXT)`, with its index irm or without.
   static void MakeR(platform::sqlite::Database& database, bool hasIndex);
-  /// Adds a row to the master table as another program might: it isn't looked into.
-  void AddForeign(const platform::sqlite::CatalogObject& object) const;
   [[nodiscard]] static const platform::sqlite::Table& TableOf(platform::sqlite::Database& database,
                                                               std::string_view name);
   static void Append(platform::sqlite::Database& database, std::string_view table,

@@ -7,6 +7,7 @@
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table/database.h"
 #include "tests/sqlite/database_world.h"
+#include "tests/sqlite/foreign_object.h"
 #include "tests/support/files.h"
 
 namespace lexmill::test {
@@ -143,11 +144,11 @@ TEST_F(Damage, LoopsAreMalformed) {
 
 TEST_F(Damage, StatementsOfAFileAreNotCarriedOut) {
   Change([](Database& database) { MakeR(database, true); });
-  AddForeign({"table", "X", "X", 0,
-              "CREATE TABLE X AS WITH RECURSIVE c(n) AS "
-              "(SELECT 1 UNION ALL SELECT n+1 FROM c) SELECT n FROM c"});
-  AddForeign({"index", "e", "R", 0, "ATTACH '" + path_ + ".other' AS e"});
-  AddForeign({"index", "f", "R", 0, "VACUUM INTO '" + path_ + ".other'"});
+  AddForeign(path_, {"table", "X", "X", 0,
+                     "CREATE TABLE X AS WITH RECURSIVE c(n) AS "
+                     "(SELECT 1 UNION ALL SELECT n+1 FROM c) SELECT n FROM c"});
+  AddForeign(path_, {"index", "e", "R", 0, "ATTACH '" + path_ + ".other' AS e"});
+  AddForeign(path_, {"index", "f", "R", 0, "VACUUM INTO '" + path_ + ".other'"});
   Database database(path_);
   EXPECT_TRUE(Rows(database, "R").empty());
   EXPECT_NE(ErrorOf([&] { std::ignore = database.FindTable("X"); }), "");

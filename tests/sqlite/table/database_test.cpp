@@ -8,6 +8,7 @@
 
 #include "platform/sqlite/table/table_cursor.h"
 #include "tests/sqlite/database_world.h"
+#include "tests/sqlite/foreign_object.h"
 #include "tests/support/files.h"
 
 namespace lexmill::test {
@@ -124,10 +125,10 @@ TEST_F(DatabaseTest, ReferenceTableIsRecognisedByItsPlace) {
 
 TEST_F(DatabaseTest, ObjectsAreListedAsTyped) {
   Change([](Database& database) { MakeR(database, true); });
-  AddForeign({"view", "v", "v", 0, "create view v as select r1 from R"});
-  AddForeign({"table", "N", "N", 5,
-              "CREATE TABLE N(id INTEGER PRIMARY KEY, a VARCHAR(9) UNIQUE, b UNIQUE)"});
-  AddForeign({"index", "(N autoindex 1)", "N", 6, std::nullopt});
+  AddForeign(path_, {"view", "v", "v", 0, "create view v as select r1 from R"});
+  AddForeign(path_, {"table", "N", "N", 5,
+                     "CREATE TABLE N(id INTEGER PRIMARY KEY, a VARCHAR(9) UNIQUE, b UNIQUE)"});
+  AddForeign(path_, {"index", "(N autoindex 1)", "N", 6, std::nullopt});
   Database database(path_);
   std::string objects;
   for (const auto& object : database.Objects()) {

@@ -17,7 +17,6 @@ using platform::sqlite::Database;
 using platform::sqlite::RowId;
 using platform::sqlite::Statement;
 using platform::sqlite::Table;
-using platform::sqlite::Value;
 using Rowset = std::vector<std::string>;
 
 /// Lengths at which the bytes of a row change their form: the payload that fits a cell, the width
@@ -88,26 +87,6 @@ TEST_F(Lengths, AreKeptByChangingRowsAndAddingEntries) {
     }
   });
   CheckAll();
-}
-
-TEST_F(DatabaseTest, GreatestRowIsExactAndALongerOneHarmless) {
-  constexpr std::size_t kGreatest = 1048576 - 6 * 3 - 5;  // offsets and NULs of five columns
-  const std::string text(kGreatest + 1, 'x');
-  std::vector<Value> values(5, Value(""));
-  Change([&](Database& database) {
-    Write(database, [&] {
-      database.CreateTable("S", "CREATE TABLE S(so TEXT,sh TEXT,sm TEXT,sk TEXT,st TEXT)");
-    });
-    const Table& table = *database.FindTable("S");
-    values[0] = std::string_view(text).substr(1);
-    EXPECT_EQ(ErrorOf([&] { database.Append(table, values); }), "");
-    values[0] = text;
-    EXPECT_EQ(ErrorOf([&] { database.Append(table, values); }), "too much data for one table row");
-    values[0] = "after";
-    EXPECT_EQ(ErrorOf([&] { database.Append(table, values); }), "");
-  });
-  EXPECT_EQ(Findings(), "");
-  EXPECT_EQ(CheckFile(Bytes()).tables.at("S").size(), 2U);
 }
 
 }  // namespace

@@ -103,13 +103,6 @@ TEST_F(Transactions, FailedStatementUndoesItselfOnly) {
   EXPECT_EQ(CheckFile(Bytes()).tables.at("R").size(), 20001U);
 }
 
-TEST_F(Transactions, ErrorsOfOrderHaveTheirKnownTexts) {
-  Database database(path_);
-  EXPECT_EQ(ErrorOf([&] { database.Commit(); }), "cannot commit - no transaction is active");
-  database.Begin();
-  EXPECT_EQ(ErrorOf([&] { database.Begin(); }), "cannot start a transaction within a transaction");
-}
-
 TEST_F(Transactions, WriterLocksOthersOut) {
   MakeLarge();
   Database writer(path_);
