@@ -17,8 +17,8 @@
 //   - A row that is found too long only when its update is made. Everything is in order, but nobody
 //     has been told: `pendingFailure_` waits for the next statement.
 //
-// Locks: the shared lock is held in a statement and throughout a transaction, the write lock from
-// Begin or from the first page on that a statement of its own changes.
+// Locks: the shared lock is held in a statement and throughout a transaction; the write lock from
+// Begin on, or in a writing statement that is a transaction itself.
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/table/database.h"
