@@ -1,4 +1,15 @@
 // SPDX-License-Identifier: MIT
+
+// Opening a file among other programs. Whoever reads pages holds the shared lock, whoever changes
+// them the exclusive one, on the whole file; nobody waits for a lock. What was read before is
+// forgotten with each new lock, since others may have written in between.
+//
+// A writer takes the exclusive lock before it makes its journal and gives it back after that is
+// gone. So a journal that somebody finds with the shared lock in hand was left by a dead writer,
+// and the file is in no state at all: before anything is read, the journal is played back, under
+// the exclusive lock. Should two processes find it at the same time, each is in the other's way and
+// both say that the database is locked; the next try succeeds.
+
 #include "platform/sqlite/file/file_access.h"
 
 #include <fcntl.h>
@@ -65,7 +76,8 @@ void FileAccess::RecoverJournal() {
     }
     return;
   }
-  // A living writer would hold the write lock, and the shared one had not been got.
+  // A living writer holds the write lock for as long as its journal is there, and then this process
+  // would not have got the shared one.
   const JournalKind kind = KindOf(journal);
   if (kind == JournalKind::Foreign) {
     throw DatabaseError(kMalformed);

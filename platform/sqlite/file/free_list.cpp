@@ -1,4 +1,13 @@
 // SPDX-License-Identifier: MIT
+
+// Pages that nobody uses are named by other such pages: the head names a trunk, a trunk the next
+// trunk and up to 254 leaves. Nothing is known of a leaf's content, so freeing one writes to its
+// trunk only, and the leaf is not even read.
+//
+// The list comes from a file that may be damaged, so what it gives out is checked: a page of the
+// file, not the head nor the master table's root. That a page is both free and in use can't be seen
+// here.
+
 #include "platform/sqlite/file/free_list.h"
 
 #include <cstring>

@@ -1,4 +1,15 @@
 // SPDX-License-Identifier: MIT
+
+// A journal is a head and then page images: a page's number, its old content and a check. What is
+// written is version 3, with the number of images left open: they go on to the end of the file.
+// What is read may come from any program of this format, of version 1, 2 or 3; a file of another
+// kind is refused and never ignored, as the database may need it.
+//
+// The check is the seed in the head plus the page's number. It shows where a dying process stopped
+// writing: images count up to the first that isn't whole. More isn't needed, since the journal goes
+// to the host before the database is touched, so an image that isn't whole is of a page that didn't
+// change. For the same reason playing back may be cut short and begun again.
+
 #include "platform/sqlite/file/journal.h"
 
 #include <algorithm>
@@ -18,7 +29,8 @@ constexpr char kVersion2 = '\xD5';
 constexpr char kVersion3 = '\xD6';
 constexpr std::size_t kShortHead = 12;
 constexpr std::size_t kLongHead = 20;
-constexpr std::uint32_t kUncounted = 0xFFFFFFFF;  ///< the file's size tells the number of images
+constexpr std::uint32_t kUncounted =
+    0xFFFFFFFF;  ///< as many images as the file's size has room for
 constexpr std::size_t kPendingSize = 64 * 1024;
 
 /// A journal's integers are big-endian whatever the database's are.
@@ -137,7 +149,7 @@ void Journal::Flush() {
     file_ = OpenTemporary(database_);
   }
   // Handed to the host before the database is touched, which is all that a killed process needs.
-  // Not forced to the disk: a power cut may tear a work database, and these are made anew by every
+  // Not forced to the disk: a power cut may tear a work database, and those are made again by every
   // run, while waiting for the disk would cost more than all the rest of a run.
   if (!file_.WriteAt(pending_, size_)) {
     throw HostError();

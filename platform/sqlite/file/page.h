@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: Where the fields of a page stand, and their byte order.
+// platform/sqlite/file: Where the fields of a page are, and their byte order.
 #pragma once
 
 #include <bit>
@@ -9,7 +9,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Number of a page, from 1; 0 stands for "none".
+/// Number of a page, from 1; 0 means "none".
 using PageNumber = std::uint32_t;
 
 inline constexpr std::size_t kPageSize = 1024;

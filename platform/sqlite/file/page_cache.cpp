@@ -1,4 +1,14 @@
 // SPDX-License-Identifier: MIT
+
+// A clock: a hand goes round the frames and takes the first that is clean, not pinned and not used
+// since it last came by. One that has been used loses its mark and stays for another round. That
+// needs no list in order of use, and a pass through a large tree doesn't push out the pages above
+// its leaves, as those are used again and again.
+//
+// Frames are found by page number in chains: a bucket holds the index of its first frame, a frame
+// that of the next, -1 at the end. Invariant: a frame with a page is in the chain of its bucket;
+// one without (page 0) is in none.
+
 #include "platform/sqlite/file/page_cache.h"
 
 #include <algorithm>
@@ -26,6 +36,8 @@ Frame* PageCache::Find(PageNumber page) {
   return nullptr;
 }
 
+/// Goes round twice: first all recent frames may lose their mark, then one is found if there is
+/// any.
 Frame* PageCache::Vacate() {
   for (std::size_t step = 0; step < 2 * kFrames; ++step) {
     Frame& frame = frames_[hand_];

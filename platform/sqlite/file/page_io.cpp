@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: MIT
+
+// Between the pages and the file: `run_`, neighbours waiting to be written together, and `ahead_`,
+// pages read before they are asked for. A page in the run is newer than the one read ahead and the
+// one in the file; so Read looks there first, and Flush keeps `ahead_` from being older than the
+// file.
+
 #include "platform/sqlite/file/page_io.h"
 
 #include <cstring>
@@ -15,7 +21,7 @@ std::int64_t OffsetOf(PageNumber page) {
   return (std::int64_t{page} - 1) * static_cast<std::int64_t>(kPageSize);
 }
 
-/// Reads full pages from `page` on; zeros behind the end of the file.
+/// Reads full pages from `page` on; zeros after the end of the file.
 void ReadPages(const HostFile& file, PageNumber page, std::span<char> bytes) {
   const auto got = file.ReadAt(bytes, OffsetOf(page));
   if (!got) {
@@ -34,8 +40,8 @@ void PageIo::Read(PageNumber page, char* bytes) {
   if (TakeFrom(run_, runFirst_, page, bytes) || TakeFrom(ahead_, aheadFirst_, page, bytes)) {
     return;
   }
-  // The leaves of a tree that was built in one go stand in a row, but for a page above them here
-  // and there.
+  // The leaves of a tree that was built from left to right follow one another, but for a page above
+  // them here and there.
   constexpr PageNumber kGap = 4;
   if (page > lastMissed_ && page - lastMissed_ <= kGap) {
     ReadAhead(page);
@@ -76,6 +82,7 @@ void PageIo::Write(PageNumber page, const char* bytes) {
   run_.append(bytes, kPageSize);
 }
 
+/// What has been read ahead is dropped if the pages written are among it.
 void PageIo::Flush() {
   if (run_.empty()) {
     return;

@@ -11,7 +11,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Reads ahead when pages are read in a row and collects neighbours that are written in a row.
+/// Reads ahead when pages are read one after another, and collects neighbours that are written so.
 class PageIo {
  public:
   explicit PageIo(HostFile file) : file_(std::move(file)) {}

@@ -1,4 +1,31 @@
 // SPDX-License-Identifier: MIT
+
+// How changes get into the file, and how they can be taken back.
+//
+// Before a page changes for the first time in a transaction, its old content goes to the journal.
+// Before a changed page goes to the file, the journal has gone to the host. So from Begin to Commit
+// the old file can be restored, byte for byte: by Rollback, or, if this process dies, by whoever
+// opens the file next and finds the journal (FileAccess). A page that the transaction added needs
+// no saving, as the file is cut to its old size.
+//
+// Commit writes the changed pages out and removes the journal. The removal is the commit: as long
+// as there is a journal the old state holds, without it the new one. Nothing is forced to the disk,
+// for the reason given at Journal::Flush.
+//
+// A mark works in the same way on a smaller scale. It is a second journal, begun later, in a
+// nameless file: the state to go back to is that of Mark, and going back changes pages in memory
+// only. A page may be saved in both, in each with the content of its time.
+//
+// Memory is constant: if all frames are changed, they are written out in the middle of the
+// transaction.
+//
+// Invariants while a transaction is open:
+//   - a changed frame's page is in the journal and, if there is a mark, in the mark, unless it was
+//     added later than these began;
+//   - as long as `hasWritten_` is false, the file is untouched;
+//   - what a page holds is in the cache, else in the run of PageIo, else in the file: the first of
+//     these that has it is right.
+
 #include "platform/sqlite/file/pager.h"
 
 #include <fcntl.h>
@@ -57,6 +84,8 @@ PageRef Pager::ReadTree(PageNumber page) {
   return PageRef(frame);
 }
 
+/// The old content is saved before the caller gets to change it. What was found in order isn't
+/// known to be so afterwards.
 PageEdit Pager::Edit(PageNumber page) {
   CheckNumber(page);
   Frame& frame = Fetch(page);
@@ -66,6 +95,8 @@ PageEdit Pager::Edit(PageNumber page) {
   return {PageRef(frame), frame.bytes};
 }
 
+/// A builder's pages are new and not looked at soon, so they go past the cache. A page that is in
+/// the cache must not: the two would differ.
 void Pager::Put(PageNumber page, const char* bytes) {
   const bool isSaved = !journal_->Needs(page) && !(mark_ && mark_->Needs(page));
   if (isSaved && cache_.Find(page) == nullptr) {
@@ -126,6 +157,8 @@ void Pager::Mark() {
   mark_.emplace(Journal(path_, count_));
 }
 
+/// The old contents become changes of their pages: what the file got meanwhile is written over when
+/// they go out. The journal needs nothing, as it saved these pages before the mark did or with it.
 void Pager::BackToMark() {
   Journal& images = mark_->Images();
   cache_.ForgetFrom(images.PageCount() + 1);
@@ -174,11 +207,13 @@ void Pager::Save(PageNumber page, const char* bytes) {
   }
 }
 
+/// From here on the file differs from what it was, and only the journal can tell.
 void Pager::PrepareToWrite() {
   journal_->Images().Flush();
   hasWritten_ = true;
 }
 
+/// Writes all changed pages, in the order of the file: many of them are neighbours.
 void Pager::WriteOut() {
   const std::vector<Frame*>& dirty = cache_.Dirty();
   if (!dirty.empty()) {

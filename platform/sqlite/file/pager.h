@@ -37,7 +37,7 @@ class Pager {
   [[nodiscard]] ByteOrder Order() const { return order_; }
   void Order(ByteOrder order) { order_ = order; }
 
-  /// Forgets all pages and measures the file anew, since others may have written to it.
+  /// Forgets all pages and measures the file again, since others may have written to it.
   void Refresh();
 
   /// @throws DatabaseError kMalformed if there is no such page
@@ -46,7 +46,7 @@ class Pager {
   [[nodiscard]] PageRef ReadTree(PageNumber page);
   /// Opens an existing page for changes.
   [[nodiscard]] PageEdit Edit(PageNumber page);
-  /// Replaces a page as a whole; past the memory if it is new.
+  /// Replaces a page as a whole; straight to the file where nothing has to be saved before.
   void Put(PageNumber page, const char* bytes);
   /// Adds a page at the end of the file, of undefined content.
   [[nodiscard]] PageNumber Extend();
@@ -98,7 +98,7 @@ class Pager {
   PageCache cache_;
   PageNumber count_ = 0;
   ByteOrder order_ = ByteOrder::Little;
-  std::string tail_;  ///< bytes of the file behind its last full page
+  std::string tail_;  ///< bytes of the file after its last full page
   std::optional<Saved> journal_;
   std::optional<Saved> mark_;
   bool hasWritten_ = false;  ///< the file may have been touched in this transaction

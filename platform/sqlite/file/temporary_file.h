@@ -9,7 +9,7 @@
 namespace lexmill::platform::sqlite {
 
 /// Creates an empty file for reading and writing, on the same disk as the file at `neighbour`.
-/// No other process sees it, and nothing of it stays behind, however this one ends.
+/// No other process sees it, and nothing of it is left, however this one ends.
 /// @throws DatabaseError kCannotOpen
 [[nodiscard]] HostFile OpenTemporary(const std::string& neighbour);
 
