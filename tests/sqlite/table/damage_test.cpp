@@ -161,6 +161,7 @@ TEST_F(Damage, OlderFormatIsBroughtUpToDateByTheFirstChange) {
   bytes[64] = 3;
   // An index of that age holds numbers in a form of its own: an entry that present readers would
   // not find.
+  bytes.at(bytes.find("ckey 299")) = 'b';
   PutBytes(bytes);
   const auto rows = [this] {
     Database database(path_);
