@@ -14,8 +14,12 @@ std::string TextOf(const char* text) {
 }
 
 /// libsqlite3's authorizer: asked before every step of a statement.
-int Note(void* context, int code, const char* first, const char* second, const char*, const char*) {
+int Note(void* context, int code, const char* first, const char* second, const char* schema,
+         const char*) {
   NewObject& object = *static_cast<NewObject*>(context);
+  if (TextOf(schema) != "main") {
+    return SQLITE_OK;  // a temporary one
+  }
   if (code == SQLITE_CREATE_TABLE) {
     object = {"table", TextOf(first), {}};
   } else if (code == SQLITE_CREATE_INDEX && object.type.empty()) {  // else of a key of the table
@@ -49,6 +53,9 @@ NewObject UnderstandCreate(const std::vector<CatalogObject>& objects, std::strin
     std::ignore = likeness.Compile(sql);
   } catch (const DatabaseError& failure) {
     throw Worded(failure, result);
+  }
+  if (result.type.empty()) {
+    throw DatabaseError("CREATE TEMP is not supported");  // as `temp.t`
   }
   return result;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Rows lie one after the other in blocks of a megabyte, none across two of them. A value is its
 // length, of two bytes, and its bytes; NULL is a mark in the place of the length, and so is a text
-// that the row's first value holds as a part, with length and place after it. Strings of a
-// dictionary and what is left of them without their decorations share most of their bytes.
+// that the row's first value holds as a part, with length and place after it: what a table is
+// joined by is often a piece of the text beside it.
 #include "platform/sqlite/sql/packed_rows.h"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 #include "platform/sqlite/sql/refusals.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "platform/sqlite/database_error.h"
@@ -12,31 +11,31 @@ namespace lexmill::platform::sqlite {
 namespace {
 
 struct Refusal {
-  std::string_view words;  ///< with which the statement begins; `*` is any token
-  std::string_view what;
+  std::string_view words;      ///< with which the statement begins; `*` is any token
+  std::string_view what = {};  ///< as the message names it; if empty, by its words
 };
 
 /// docs/formats/database-file.md has the same list for users.
-constexpr std::array<Refusal, 20> kRefusals = {{{"ATTACH", "ATTACH"},
-                                                {"COPY", "COPY"},
-                                                {"CREATE INDEX IF", "IF NOT EXISTS"},
-                                                {"CREATE TABLE IF", "IF NOT EXISTS"},
-                                                {"CREATE TABLE * AS", "CREATE TABLE AS SELECT"},
-                                                {"CREATE TEMP", "CREATE TEMP"},
-                                                {"CREATE TEMPORARY", "CREATE TEMPORARY"},
-                                                {"CREATE TRIGGER", "CREATE TRIGGER"},
-                                                {"CREATE UNIQUE", "CREATE UNIQUE INDEX"},
-                                                {"CREATE VIEW", "CREATE VIEW"},
-                                                {"CREATE VIRTUAL", "CREATE VIRTUAL TABLE"},
-                                                {"DELETE", "DELETE"},
-                                                {"DETACH", "DETACH"},
-                                                {"DROP", "DROP"},
-                                                {"EXPLAIN", "EXPLAIN"},
-                                                {"INSERT OR", "INSERT OR"},
-                                                {"PRAGMA", "PRAGMA"},
-                                                {"REPLACE", "REPLACE"},
-                                                {"UPDATE OR", "UPDATE OR"},
-                                                {"VACUUM", "VACUUM"}}};
+constexpr Refusal kRefusals[] = {
+    {"ATTACH"},
+    {"COPY"},
+    {"CREATE INDEX IF", "IF NOT EXISTS"},
+    {"CREATE TABLE IF", "IF NOT EXISTS"},
+    {"CREATE TABLE * AS", "CREATE TABLE AS SELECT"},
+    {"CREATE TEMP"},
+    {"CREATE TEMPORARY"},
+    {"CREATE TRIGGER"},
+    {"CREATE UNIQUE", "CREATE UNIQUE INDEX"},
+    {"CREATE VIEW"},
+    {"CREATE VIRTUAL", "CREATE VIRTUAL TABLE"},
+    {"DELETE"},
+    {"DETACH"},
+    {"DROP"},
+    {"EXPLAIN"},
+    {"PRAGMA"},
+    {"REPLACE"},
+    {"VACUUM"},
+};
 
 bool BeginsWith(std::string_view statement, std::string_view words) {
   while (!words.empty()) {
@@ -65,7 +64,8 @@ bool HasTrigger(Database& database, const Table& table) {
 void CheckSupported(std::string_view statement) {
   for (const Refusal& refusal : kRefusals) {
     if (BeginsWith(statement, refusal.words)) {
-      throw DatabaseError(std::string(refusal.what) + " is not supported");
+      const std::string what(refusal.what.empty() ? refusal.words : refusal.what);
+      throw DatabaseError(what + " is not supported");
     }
   }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The verb of a statement says what carries it out:
+// The verb of a statement says what runs it:
 //
 //   BEGIN, COMMIT, END, ROLLBACK   the database
 //   CREATE TABLE, CREATE INDEX     libsqlite3 reads the statement, the database keeps it
@@ -36,19 +36,6 @@ DatabaseError SyntaxError(std::string_view text) {
   return DatabaseError("near \"" + std::string(token) + "\": syntax error");
 }
 
-/// Makes sure that nothing but TRANSACTION and a name, if that, follows the verb of `text`.
-void CheckTransactionEnds(std::string_view text) {
-  const auto skipWord = [&text] { text = SkipBlanks(text.substr(LeadingWord(text).size())); };
-  skipWord();
-  if (IsKeyword(LeadingWord(text), "TRANSACTION")) {
-    skipWord();
-    skipWord();
-  }
-  if (!text.empty()) {
-    throw SyntaxError(text);
-  }
-}
-
 /// The columns that an update of many rows takes.
 struct UpdateColumns {
   std::size_t key;
@@ -65,19 +52,32 @@ std::optional<UpdateColumns> FindUpdateColumns(const Table& table, const PlainUp
   return UpdateColumns{*key, *value};
 }
 
-void CheckColumn(const Table& table, std::string_view name) {
-  if (!FindColumn(table, name)) {
-    throw DatabaseError("no such column: " + std::string(name));
-  }
-}
-
 }  // namespace
 
+/// Nothing but TRANSACTION and a name may follow the verb.
+template <void (Database::*kStep)()>
+void Session::RunTransaction(std::string_view text) {
+  const auto skipWord = [&text] { text = SkipBlanks(text.substr(LeadingWord(text).size())); };
+  skipWord();
+  if (IsKeyword(LeadingWord(text), "TRANSACTION")) {
+    skipWord();
+    skipWord();
+  }
+  if (!text.empty()) {
+    throw SyntaxError(text);
+  }
+  (database_.*kStep)();
+}
+
 const Session::Verb Session::kVerbs[] = {
-    {"BEGIN", &Session::RunBegin},   {"COMMIT", &Session::RunCommit},
-    {"END", &Session::RunCommit},    {"ROLLBACK", &Session::RunRollback},
-    {"CREATE", &Session::RunCreate}, {"INSERT", &Session::RunInsert},
-    {"UPDATE", &Session::RunUpdate}, {"SELECT", &Session::RunSelect}};
+    {"BEGIN", &Session::RunTransaction<&Database::Begin>},
+    {"COMMIT", &Session::RunTransaction<&Database::Commit>},
+    {"END", &Session::RunTransaction<&Database::Commit>},
+    {"ROLLBACK", &Session::RunTransaction<&Database::Rollback>},
+    {"CREATE", &Session::RunCreate},
+    {"INSERT", &Session::RunInsert},
+    {"UPDATE", &Session::RunUpdate},
+    {"SELECT", &Session::RunSelect}};
 
 void Session::Run(std::string_view text) {
   StatementScanner scanner;
@@ -95,10 +95,9 @@ void Session::Run(std::string_view text) {
 const Table* Session::WritableTable(std::string_view name) {
   const std::uint64_t version = database_.SchemaVersion();
   if (target_.version != version || target_.name != name) {
-    target_ = {std::string(name), version, database_.FindTable(name)};
-    if (target_.table != nullptr && !WhyReadOnly(database_, *target_.table).empty()) {
-      target_.table = nullptr;
-    }
+    const Table* table = database_.FindTable(name);
+    const bool isWritable = table != nullptr && WhyReadOnly(database_, *table).empty();
+    target_ = {std::string(name), version, isWritable ? table : nullptr};
   }
   return target_.table;
 }
@@ -180,21 +179,6 @@ void Session::RunStatement(std::string_view text) {
   (this->*verb->action)(text);
 }
 
-void Session::RunBegin(std::string_view text) {
-  CheckTransactionEnds(text);
-  database_.Begin();
-}
-
-void Session::RunCommit(std::string_view text) {
-  CheckTransactionEnds(text);
-  database_.Commit();
-}
-
-void Session::RunRollback(std::string_view text) {
-  CheckTransactionEnds(text);
-  database_.Rollback();
-}
-
 void Session::RunCreate(std::string_view text) {
   NewObject object;
   {
@@ -237,8 +221,11 @@ void Session::RunUpdate(std::string_view text) {
   }
   Statement frame(database_, Statement::Access::Write);
   const Table& table = CheckWritable(update_.Table());
-  CheckColumn(table, update_.KeyColumn());
-  CheckColumn(table, update_.ValueColumn());
+  for (const std::string_view name : {update_.KeyColumn(), update_.ValueColumn()}) {
+    if (!FindColumn(table, name)) {
+      throw DatabaseError("no such column: " + std::string(name));
+    }
+  }
   const auto columns = FindUpdateColumns(table, update_);
   if (!columns) {
     throw DatabaseError(

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Statements, carried out.
+// platform/sqlite/sql: Statements of any kind, run on a database.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// Carries out statements on a database. Queries are libsqlite3's work, but for those of the fixed
+/// Runs statements on a database. Queries are libsqlite3's work, but for those of the fixed
 /// forms, which go straight to the tables with the same outcome. Rows are written by statements of
 /// two fixed forms only (PlainInsert, PlainUpdate).
 class Session {
@@ -22,7 +22,7 @@ class Session {
   Session(Database& database, RowOutput& rows)
       : database_(database), rows_(rows), engine_(database, rows) {}
 
-  /// Carries out the statements in `text`, one by one.
+  /// Runs the statements in `text`, one by one.
   /// @throws DatabaseError  at the first that fails; only that one is undone
   void Run(std::string_view text);
 
@@ -32,13 +32,13 @@ class Session {
   /// Takes `text` if it is a plain UPDATE that can wait for others of its kind.
   /// @return false if it isn't: `text` is to be run then, after Settle
   [[nodiscard]] bool Collect(std::string_view text);
-  /// Carries out what was collected.
+  /// Makes the updates that were collected.
   /// @throws DatabaseError  if a row would become too long; it keeps its value
   void Settle();
 
  private:
   using Action = void (Session::*)(std::string_view text);
-  /// A statement's first word and what carries it out.
+  /// A statement's first word and what runs it.
   struct Verb {
     std::string_view word;
     Action action;
@@ -56,9 +56,8 @@ class Session {
   [[nodiscard]] const Table& CheckWritable(std::string_view name);
   [[nodiscard]] std::size_t RunPlainInsert(std::string_view text);
   void RunStatement(std::string_view text);
-  void RunBegin(std::string_view text);
-  void RunCommit(std::string_view text);
-  void RunRollback(std::string_view text);
+  template <void (Database::*kStep)()>
+  void RunTransaction(std::string_view text);
   void RunCreate(std::string_view text);
   void RunInsert(std::string_view text);
   void RunUpdate(std::string_view text);

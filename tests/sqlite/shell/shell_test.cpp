@@ -199,7 +199,9 @@ TEST(SqliteShell, RefusesWhatNoScriptNeeds) {
       {"CREATE UNIQUE INDEX i ON R(r1)", "CREATE UNIQUE INDEX is not supported"},
       {"CREATE TABLE t(a INTEGER PRIMARY KEY)", "PRIMARY KEY and UNIQUE are not supported"},
       {"CREATE TABLE t(a TEXT, UNIQUE(a))", "PRIMARY KEY and UNIQUE are not supported"},
-      {"INSERT OR REPLACE INTO R VALUES ('a','b')", "INSERT OR is not supported"},
+      {"CREATE TABLE temp.t(a)", "CREATE TEMP is not supported"},
+      {"INSERT OR REPLACE INTO R VALUES ('a','b')",
+       "only INSERT INTO table VALUES ('text',...) is supported"},
       {"INSERT INTO R SELECT r2,r1 FROM R",
        "only INSERT INTO table VALUES ('text',...) is supported"},
       {"INSERT INTO R(r1) VALUES ('a')", "only INSERT INTO table VALUES ('text',...) is supported"},
@@ -212,7 +214,7 @@ TEST(SqliteShell, RefusesWhatNoScriptNeeds) {
     SCOPED_TRACE(refused.statement);
     EXPECT_EQ(world.Run({"", refused.statement}),
               (ShellOutcome{"", std::string("SQL error: ") + refused.failure + "\r\n", 1}));
-    EXPECT_EQ(test::ReadBytes(world.Folder().File("w.db")), before);
+    EXPECT_TRUE(test::ReadBytes(world.Folder().File("w.db")) == before);
   }
 }
 
