@@ -40,7 +40,7 @@ void clsLexGLO3::ScanRecord() {
     line_ += u'\t';
     RebuildTarget(*row, !RunOptions().chkNotAddANDX, line_);
     output_->WriteLine(line_);
-    CountTranslation(row->so);
+    CountTranslation(row->so, std::u16string_view(line_).substr(row->so.size() + 1));
   }
 }
 

@@ -46,11 +46,18 @@ void EntryTally::Untranslated(std::u16string_view source, std::u16string_view ta
   if (TakeHead(source, target)) {
     return;
   }
+  if (source != target) {
+    ++counts_->alreadyTranslated;
+    return;
+  }
+  if (TheRun().strings != nullptr) {
+    TheRun().strings->AddEntry(AsStored(source), !searched);
+  }
   if (searched) {
     ++counts_->searched;
     TheRun().untranslated.Add(source);
   } else {
-    ++(source == target ? counts_->tooLong : counts_->alreadyTranslated);
+    ++counts_->tooLong;
   }
 }
 
@@ -58,8 +65,11 @@ bool EntryTally::TakeHead(std::u16string_view source, std::u16string_view target
   return std::exchange(mayBeHead_, false) && IsLanguageKey(source) && IsLanguageKey(target);
 }
 
-void CountTranslation(std::u16string_view source) {
+void CountTranslation(std::u16string_view source, std::u16string_view translation) {
   RunState& run = TheRun();
+  if (run.strings != nullptr) {
+    run.strings->AddTranslation(source, translation);
+  }
   const StringTally::Gained gained = run.untranslated.Translate(source);
   run.counts.filled += gained.filled;
   run.counts.several += gained.several;

@@ -32,7 +32,8 @@ class EntryTally {
   bool mayBeHead_ = false;  ///< no line of a glossary has come yet
 };
 
-/// Counts a row of the ready dictionary that goes into the result: one translation of `source`.
-void CountTranslation(std::u16string_view source);
+/// Counts a row of the ready dictionary that goes into the result: one translation of `source`, as
+/// the result has it.
+void CountTranslation(std::u16string_view source, std::u16string_view translation);
 
 }  // namespace lexmill

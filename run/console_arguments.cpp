@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <filesystem>
+#include <system_error>
 
 #include "platform/files/file_system.h"
 #include "platform/files/platform_settings.h"
@@ -35,11 +37,15 @@ constexpr std::string_view kHelp =
     "                         for UTF-8 or code page 936, whatever the key CodePage says\n"
     "  --work-dir DIR         put temporary files and the language table into DIR, not\n"
     "                         beside the programs\n"
+    "  --report FILE          write what was filled and with what to FILE: a JSON object if the\n"
+    "                         name ends in .json, else a table; - is standard output\n"
+    "  --fail-below PERCENT   exit code 3 if less of the untranslated strings was filled\n"
     "  --                     what follows are paths\n"
     "  --help, --version      tell this, or the version\n"
     "\n"
-    "Prints the times of the four stages. Exit code: 0 done, 1 a failure was shown on\n"
-    "standard error, 2 wrong arguments.\n";
+    "Prints the times of the four stages, and how many strings were filled. Exit code: 0 done,\n"
+    "1 a failure was shown on standard error, 2 wrong arguments, 3 less was filled than\n"
+    "--fail-below asks for.\n";
 
 std::string Version() {
   return "lexmill-run " + std::to_string(platform::kMajorVersion) + "." +
@@ -86,6 +92,10 @@ class Reader {
       ReadEncoding(Value(word));
     } else if (word == "--work-dir") {
       ReadWorkFolder(Value(word));
+    } else if (word == "--report") {
+      ReadReport(Value(word));
+    } else if (word == "--fail-below") {
+      ReadShare(Value(word));
     } else if (word == "--help") {
       wanted_.assign(kConsoleUsage).append(kHelp);
     } else if (word == "--version") {
@@ -129,6 +139,22 @@ class Reader {
     arguments_.workFolder = AbsolutePath(path);
     if (reason_.empty() && !platform::FileSystemObject().FolderExists(arguments_.workFolder)) {
       reason_ = "no such folder: " + std::string(path);
+    }
+  }
+
+  void ReadReport(std::string_view file) {
+    arguments_.report = file == "-" ? platform::FromUtf8(file) : AbsolutePath(file);
+  }
+
+  void ReadShare(std::string_view percent) {
+    constexpr double kWhole = 100;
+    double share = -1;
+    const char* const end = percent.data() + percent.size();
+    const auto [read, error] = std::from_chars(percent.data(), end, share);
+    if (error == std::errc() && read == end && share >= 0 && share <= kWhole) {
+      arguments_.failBelow = share;
+    } else if (reason_.empty()) {
+      reason_ = "--fail-below wants a number from 0 to 100, not " + std::string(percent);
     }
   }
 

@@ -24,6 +24,8 @@ struct ConsoleArguments {
   std::u16string workFolder;  ///< empty for that of the settings, or the program's
   std::u16string codePage;    ///< as PassOnCodePage takes it; empty for that of the settings
   std::optional<Preset> preset;
+  std::u16string report;            ///< empty for none, "-" for standard output
+  std::optional<double> failBelow;  ///< percent
   std::vector<std::pair<std::u16string, std::u16string>> options;  ///< control name and value
 };
 
@@ -41,6 +43,7 @@ struct WantedText {
 inline constexpr std::string_view kConsoleUsage =
     "Usage: lexmill-run TODO REFER FINAL [--settings FILE.ini] [--preset full|minimal]\n"
     "                   [--set NAME=VALUE]... [--encoding auto|utf-8|936] [--work-dir DIR]\n"
+    "                   [--report FILE] [--fail-below PERCENT]\n"
     "       lexmill-run --help | --version\n";
 
 /// Reads the words behind the program's name. Relative paths are taken from the current directory.

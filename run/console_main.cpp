@@ -20,6 +20,7 @@
 #include "run/console_arguments.h"
 #include "run/console_run.h"
 #include "run/modMain.h"
+#include "run/run_summary.h"
 #include "run/shared/run_state.h"
 #include "run/shell_complaint.h"
 #include "window/frmMain.h"
@@ -28,6 +29,7 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kWrongArguments = 2;
+constexpr int kTooLittleFilled = 3;
 
 int RefuseArguments(const std::string& reason) {
   std::cerr << "lexmill-run: " << reason << "\n" << lexmill::kConsoleUsage;
@@ -122,9 +124,16 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
     std::raise(endingSignal);
   }
   std::cout << lexmill::ProgressRows();
+  if (arguments.report == lexmill::kStandardOutput && lexmill::TheRun().counts.Complete()) {
+    lexmill::PrintReport(std::cout);
+  }
   const bool allLoaded = TellComplaint(complaint.Text());
   const bool allDone = TellNotices();
-  return programsThere && allLoaded && allDone && session.messages.empty() ? 0 : kFailed;
+  if (!programsThere || !allLoaded || !allDone || !session.messages.empty()) {
+    return kFailed;
+  }
+  const double share = lexmill::FilledPercent(lexmill::TheRun().counts);
+  return arguments.failBelow && share < *arguments.failBelow ? kTooLittleFilled : 0;
 }
 
 }  // namespace

@@ -3,11 +3,13 @@
 
 #include <array>
 #include <cstdint>
+#include <ostream>
 #include <tuple>
 
 #include "foundation/entry_point.h"
 #include "platform/files/file_system.h"
 #include "platform/text/text.h"
+#include "run/run_report.h"
 #include "run/run_summary.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
@@ -71,6 +73,7 @@ void PressStart(const ConsoleArguments& arguments) {
   window.cboToDo.Text(arguments.toDo);
   window.cboRefer.Text(arguments.refer);
   window.cboFinal.Text(arguments.result);
+  TheRun().reportPath = arguments.report;
   window.cmdStart.UserClicks();
 }
 
@@ -86,6 +89,12 @@ std::string ProgressRows() {
     rows += platform::ToUtf8(summary) + "\n";
   }
   return rows;
+}
+
+void PrintReport(std::ostream& output) {
+  ReportFailures(u"lexmill-run -> '--report'", [&] {
+    ReportAsTable([&](std::u16string_view line) { output << platform::ToUtf8(line) << '\n'; });
+  });
 }
 
 std::string CurrentProgress() {

@@ -3,6 +3,7 @@
 // What lexmill-run does with the window: it sets the options, fills in the paths and presses start.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,10 @@ void PressStart(const ConsoleArguments& arguments);
 
 /// The rows of the progress panel, UTF-8, each line ended by LF; the fifth only if it has text.
 [[nodiscard]] std::string ProgressRows();
+
+/// Writes the report of the run that has just ended to `output` as a table, UTF-8, each line ended
+/// by LF. Shows a failure.
+void PrintReport(std::ostream& output);
 
 /// The text of the last row that has one, in UTF-8.
 [[nodiscard]] std::string CurrentProgress();

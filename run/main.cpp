@@ -13,6 +13,7 @@
 #include "platform/host/host_system.h"
 #include "platform/qt/screen.h"
 #include "run/modMain.h"
+#include "run/run_report.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
 
@@ -40,6 +41,7 @@ void TellReadOnlyFolder() {
 
 lexmill::platform::Form& OpenWindow() {
   lexmill::modMain::Main();
+  lexmill::ReadReportSetting();
   return lexmill::frmMain::Instance().Window;
 }
 

@@ -11,8 +11,6 @@
 #include "platform/files/file_system.h"
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
-#include "run/run_summary.h"
-#include "run/shared/run_state.h"
 #include "window/frmMain.h"
 
 namespace lexmill {
@@ -43,18 +41,6 @@ void frmMain::UpdateStateLabel(std::int16_t i, std::int32_t c, std::u16string f)
   IgnoreFailures([&] { shpState(i).BackColor(kFinishedColor); });
   IgnoreFailures([&] { lblState(i).ForeColor(platform::kBlack); });
   IgnoreFailures([] { platform::DoEvents(); });
-}
-
-void frmMain::ShowSummary() {
-  IgnoreFailures([this] {
-    TheRun().untranslated = {};
-    std::u16string text = SummaryOf(TheRun().counts);
-    for (const RunNotice& notice : TheRun().notices) {
-      text.append(text.empty() ? u"" : u"；").append(notice.text);
-    }
-    lblSummary.Caption(platform::ReplaceAll(text, u"&", u"&&"));
-    lblSummary.ToolTipText(text);
-  });
 }
 
 void frmMain::SetControlsVisible(bool visible) {

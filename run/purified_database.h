@@ -3,6 +3,7 @@
 // Which reference is the database that an earlier run saved.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace lexmill::modMain {
@@ -11,5 +12,9 @@ namespace lexmill::modMain {
 /// first. Looks at two fixed places and opens no database. Never fails: a file that can't be read
 /// is none.
 [[nodiscard]] bool IsPurifiedDatabase(std::u16string_view path);
+
+/// How many entries the purified database `path` holds, as the `sqlite` program beside this one
+/// counts them; 0 if it can't.
+[[nodiscard]] std::int64_t RowsOfPurifiedDatabase(std::u16string_view path);
 
 }  // namespace lexmill::modMain

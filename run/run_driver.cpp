@@ -15,6 +15,7 @@
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/failure_notice.h"
+#include "run/file_inspection.h"
 #include "run/purified_database.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
@@ -34,6 +35,7 @@ std::u16string KeepKinds(std::initializer_list<std::u16string> paths) {
   dictionaries.clear();
   for (const auto& path : paths) {
     dictionaries[path] = RecogniseEncoding(path);
+    dictionaries[path].facts = InspectFile(path);
   }
   std::u16string pair;
   for (const auto& path : paths) {
@@ -81,7 +83,7 @@ void frmMain::cmdStart_Click() {
     chkAdvMode.Value(0);
     platform::SetMousePointer(platform::MousePointer::Default);
   }
-  ShowSummary();
+  EndRun();
   Window.Busy(false);
 }
 
@@ -96,6 +98,7 @@ void frmMain::CarryRun() {
   ClearProgress();
   platform::DoEvents();
   CfgSaveCtrlToVar();
+  PrepareReport();
   RunDictionaries();
   picState.ZOrderFront();
   modMain::AddComboHistory(cboToDo, cboToDo.Text());
@@ -116,6 +119,7 @@ void frmMain::ClearProgress() {
   }
   lblSummary.Caption(u"");
   lblSummary.ToolTipText(u"");
+  lblSummary.HandPointer(false);
 }
 
 void frmMain::RunDictionaries() {

@@ -17,4 +17,10 @@ std::u16string SummaryOf(const RunCounts& counts) {
   return text;
 }
 
+double FilledPercent(const RunCounts& counts) {
+  constexpr double kWhole = 100;
+  const auto toDo = static_cast<double>(counts.ToDo());
+  return toDo == 0 ? kWhole : static_cast<double>(counts.filled) * kWhole / toDo;
+}
+
 }  // namespace lexmill

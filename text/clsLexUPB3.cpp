@@ -36,7 +36,7 @@ void clsLexUPB3::ScanRecord() {
     RebuildTarget(*row, !RunOptions().chkNotAddANDX, target_);
     SetUpdateOfO(statement_, target_, row->so);
     script_->WriteLine(statement_);
-    CountTranslation(row->so);
+    CountTranslation(row->so, target_);
   }
 }
 

@@ -14,6 +14,7 @@
 #include "platform/host/application.h"
 #include "platform/host/host_path.h"
 #include "platform/text/numbers.h"
+#include "run/shared/run_state.h"
 #include "window/containing_folder.h"
 #include "window/path_history.h"
 #include "window/resources/language_table.h"
@@ -142,6 +143,12 @@ void frmMain::LabelWeb_Click() {
   platform::ShellOpen(LabelWeb.Caption());
 }
 
+void frmMain::lblSummary_Click() {
+  if (lblSummary.HandPointer()) {
+    platform::ShellOpen(TheRun().reportPath);
+  }
+}
+
 void frmMain::ConnectEvents() {
   const auto connect = [this](auto& event, void (frmMain::*handler)()) {
     connections_.push_back(event.Connect([this, handler] { (this->*handler)(); }));
@@ -173,6 +180,7 @@ void frmMain::ConnectEvents() {
   connect(lalFinal.DblClick, &frmMain::lalFinal_DblClick);
   connect(LabelEmail.Click, &frmMain::LabelEmail_Click);
   connect(LabelWeb.Click, &frmMain::LabelWeb_Click);
+  connect(lblSummary.Click, &frmMain::lblSummary_Click);
   connect(picState.GotFocus, &frmMain::picState_GotFocus);
   ConnectDrops();
 }

@@ -150,6 +150,8 @@ class frmMain {
   void lalFinal_DblClick();
   void LabelEmail_Click();
   void LabelWeb_Click();
+  /// Opens the report of the last run, if it wrote one.
+  void lblSummary_Click();
   void picState_GotFocus();
 
   /// Change and Click of the three path fields: a run can start once all of them hold text.
@@ -162,7 +164,12 @@ class frmMain {
   void CarryRun();
   void ClearProgress();
   void RunDictionaries();
-  /// Says in the last line of the progress panel what the run has done. Never fails.
+  /// Begins to record strings if the run is to be reported. @throws as StringRecord
+  void PrepareReport();
+  /// Notes hints, writes the report and says in the last line of the panel what the run has done.
+  void EndRun();
+  void NoteHints();
+  void WriteReportFile();
   void ShowSummary();
 
   void LayOut();

@@ -103,7 +103,7 @@ constexpr std::array kRows = {
     Row{u"shpState", 2, u"", u"picState", {2040, 1845, 3855, 255}},
     Row{u"shpState", 3, u"", u"picState", {2040, 2205, 3855, 255}},
     Row{u"Shape1", kNoIndex, u"", u"picState", {0, 0, 6795, 2775}},
-    Row{u"lblSummary", kNoIndex, u"", u"picState", {840, 2520, 5835, 180}},
+    Row{u"lblSummary", kNoIndex, u"", u"picState", {840, 2550, 5835, 180}},
     // clang-format on
 };
 

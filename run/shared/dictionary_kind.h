@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "platform/text/text_encoding.h"
+#include "run/shared/file_facts.h"
 
 namespace lexmill {
 
@@ -24,6 +25,7 @@ struct DictionaryKind {
   platform::TextEncoding encoding = platform::TextEncoding::Ansi;
   bool isPlainAscii = false;  ///< of ASCII alone, as far as the run has looked for that
   modMain::DictionaryFormat format = modMain::DictionaryFormat::Unknown;
+  FileFacts facts{};
 
   bool operator==(const DictionaryKind&) const = default;
 };

@@ -26,7 +26,7 @@ struct RunCounts {
   std::int64_t tooLong = 0;            ///< untranslated entries longer than txtLenLimit
   std::int64_t alreadyTranslated = 0;  ///< entries whose sides differ
   std::int64_t referenceEntries = 0;   ///< rows of R that this run wrote
-  std::map<std::u16string, DroppedEntries> dropped;  ///< by path of the dictionary
+  std::map<std::u16string, DroppedEntries> dropped{};  ///< by path of the dictionary
 
   bool untranslatedRead = false;  ///< the untranslated dictionary was read to its end
   bool readyRead = false;         ///< so was the ready dictionary

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,9 +13,13 @@
 #include "run/shared/dictionary_kind.h"
 #include "run/shared/run_counts.h"
 #include "run/shared/run_notice.h"
+#include "run/shared/string_record.h"
 #include "run/shared/string_tally.h"
 
 namespace lexmill {
+
+/// As a path: lexmill-run writes there itself, after all rows.
+inline constexpr std::u16string_view kStandardOutput = u"-";
 
 struct RunState {
   /// The program's folder with one separator at its end; set by Main.
@@ -40,6 +45,12 @@ struct RunState {
   /// What the stages of the run have counted so far, and the strings that it looks for.
   RunCounts counts;
   StringTally untranslated;
+  /// Where a report of the run goes: a path, kStandardOutput, or empty for none.
+  std::u16string reportPath;
+  /// Reports go beside the result, under its name and ".report.txt".
+  bool reportsBesideResult = false;
+  /// The strings of the run, if it is reported.
+  std::unique_ptr<StringRecord> strings;
 };
 
 /// The one state of the program.

@@ -15,13 +15,15 @@ constexpr std::size_t kFewestSlots = 1024;
 
 static_assert(sizeof(std::size_t) == sizeof(std::uint64_t), "a shorter hash would miscount");
 
-// The database ends a value at a NUL.
 std::uint64_t KeyOf(std::u16string_view string) {
-  const std::u16string_view kept = string.substr(0, platform::Find(string, u'\0'));
-  return (std::hash<std::u16string_view>()(kept) | kMarksTaken) & ~kTranslations;
+  return (std::hash<std::u16string_view>()(AsStored(string)) | kMarksTaken) & ~kTranslations;
 }
 
 }  // namespace
+
+std::u16string_view AsStored(std::u16string_view value) {
+  return value.substr(0, platform::Find(value, u'\0'));
+}
 
 void StringTally::Add(std::u16string_view string) {
   if (taken_ >= slots_.size() / 4 * 3) {

@@ -111,6 +111,26 @@ TEST_F(LexmillRun, RefusesWrongArguments) {
   }
 }
 
+TEST_F(LexmillRun, EndsWithACodeOfItsOwnWhereTooLittleWasFilled) {
+  WriteBytes(folder_.File("todo"), Ansi("Open\tOpen\nLost\tLost\nGone\tGone\n"));
+  for (const auto& [percent, exitCode] :
+       {std::pair{u"33.3", 0}, {u"34", 3}, {u"100", 3}, {u"0", 0}}) {
+    EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--fail-below", percent}), exitCode);
+    EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "Open\t打开\n");
+  }
+  EXPECT_EQ(Run({u"missing", u"refer", u"final", u"--fail-below", u"1"}), 1);
+  WriteBytes(folder_.File("todo"), Ansi("Done\t完成\n"));
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--fail-below", u"100"}), 0);
+  EXPECT_EQ(Errors(), "lexmill-run: 未译字典 todo 里没有未译的字串\n");
+}
+
+TEST_F(LexmillRun, PrintsTheReportAfterTheRows) {
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--report", u"-"}), 0) << Errors();
+  EXPECT_NE(Output().find("\n译出 1 / 1 条\ntoDo\t1\n"), std::string::npos) << Output();
+  EXPECT_TRUE(Output().ends_with("\n&Open\t1\tfilled\t打开(&O)\t打开(&O)\n")) << Output();
+  EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--report", u"missing/report"}), 1);
+}
+
 TEST_F(LexmillRun, TellsHowItIsCalledAndItsVersion) {
   EXPECT_EQ(Run({u"--help"}), 0);
   EXPECT_TRUE(Output().starts_with("Usage: lexmill-run TODO REFER FINAL ")) << Output();
@@ -263,7 +283,9 @@ TEST_F(LexmillRun, LeavesAnInstalledFolderAloneAndWorksInAnother) {
 TEST_F(LexmillRun, TellsThatTheShellIsMissingAndGoesOn) {
   std::filesystem::remove(programs_.Path() / "sqlite");
   EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
-  EXPECT_EQ(Errors(), "lexmill-run: the program 'sqlite' is missing\n");
+  EXPECT_EQ(Errors(),
+            "lexmill-run: the program 'sqlite' is missing\n"
+            "lexmill-run: 参照字典 refer 没有译出任何字串\n");
   EXPECT_EQ(ReadBytes(folder_.File("final")), "9 1\t4 2\r\n");
 }
 
