@@ -18,8 +18,15 @@ BYTES = "reading and writing the bytes"
 
 
 @dataclasses.dataclass
+class Build:
+    """Folders of the benchmark's own programs and of those to be measured."""
+    bench: pathlib.Path
+    programs: pathlib.Path
+
+
+@dataclasses.dataclass
 class Contender:
-    """A command that is measured again and again, and what it leaves behind."""
+    """A command that is measured again and again, and what it leaves."""
     name: str
     command: list
     folder: pathlib.Path  # current directory of the command
@@ -29,13 +36,14 @@ class Contender:
 class Workbench:
     """The dictionaries of one size, with every contender made ready for them."""
 
-    def __init__(self, build, scratch, reference, untranslated, known_percent=50):
-        self.bench = build / "bench"
-        self.programs = build / "lexmill"
-        self.folder = scratch / f"{reference}x{untranslated}k{known_percent}"
+    def __init__(self, build, scratch, reference, untranslated, known_percent=50, long_strings=False):
+        self.bench = build.bench
+        self.programs = build.programs
+        kind = ["long"] if long_strings else []
+        self.folder = scratch / "-".join([f"{reference}x{untranslated}k{known_percent}", *kind])
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
-        sizes = [str(reference), str(untranslated), str(known_percent)]
+        sizes = [str(reference), str(untranslated), str(known_percent), *kind]
         subprocess.run([self.bench / "generate_dictionaries", self.folder, *sizes], check=True)
         self.runner = self._copy_programs("programs")
 
@@ -45,7 +53,9 @@ class Workbench:
     def _copy_programs(self, name):
         """A program's folder of its own, so that no temporary file lands in the build."""
         folder = self.folder / name
-        shutil.copytree(self.programs, folder)
+        folder.mkdir()
+        for program in ("lexmill-run", "batch", "sqlite"):
+            shutil.copy2(self.programs / program, folder)
         return folder
 
     def _run(self, runner, to_do, refer, final, *options):
@@ -104,15 +114,17 @@ class Workbench:
                 self.steps(PLAIN_GLOSSARY, scripts, shutil.which("sqlite3")),
                 self.steps(GLOSSARY_STEPS, scripts, self.programs / "sqlite")]
 
-    def contenders(self):
+    def runs(self):
         self.save_purified()
         scripts = self.scripts("text", "todo.u.txt", "ref.a.txt", "kept.u.txt")
         return [*self.glossary_contenders(),
                 self.run(PURIFIED_RUN, "todo.glo", "ref.db", "out-purified.glo"),
                 self.run(TEXT_RUN, "todo.u.txt", "ref.a.txt", "out.u.txt"),
                 self.steps(PLAIN_TEXT, scripts, shutil.which("sqlite3")),
-                self.steps(TEXT_STEPS, scripts, self.programs / "sqlite"),
-                *self.peers()]
+                self.steps(TEXT_STEPS, scripts, self.programs / "sqlite")]
+
+    def contenders(self):
+        return [*self.runs(), *self.peers()]
 
     def measure(self, contender):
         """One measurement: {"seconds", "cpu", "peaks": {program: bytes}}."""

@@ -12,7 +12,7 @@
 namespace lexmill::bench {
 namespace {
 
-enum class Role : std::uint64_t { Phrase = 1, Reference, Untranslated };
+enum class Role : std::uint64_t { Phrase = 1, Reference, Untranslated, Explanation };
 
 /// A well-mixed number for each thing that can be chosen (the finalizer of SplitMix64).
 constexpr std::uint64_t Mix(std::uint64_t value) {
@@ -104,7 +104,31 @@ DictionaryEntry Phrase(std::uint64_t number) {
   return kind < 85 ? CommandAtPlace(choices) : Message(choices);
 }
 
-/// A hot key: the letter is marked in the source and stands in brackets in the target.
+/// Makes a phrase a sentence with an explanation, of which the translation says more.
+void AddExplanation(DictionaryEntry& entry, std::uint64_t number) {
+  Choices choices(Role::Explanation, number);
+  const DictionaryEntry advice = Command(choices);
+  entry.source.append(u" - ").append(advice.source);
+  entry.target.append(u"——").append(advice.target);
+  entry.target.append(u"，或者").append(CommandAtPlace(choices).target);
+  if (choices.Percent(25)) {
+    entry.target.append(u"，或者").append(CommandAtPlace(choices).target);
+  }
+  if (choices.Percent(20)) {
+    entry.target.append(u"（详见\U00020BB7野氏《䶮》）");  // a pair, and a character beyond GBK
+  }
+}
+
+/// Phrase `number` as the dictionaries of these sizes have it.
+DictionaryEntry Phrase(std::uint64_t number, const DictionarySizes& sizes) {
+  DictionaryEntry entry = Phrase(number);
+  if (sizes.hasLongStrings) {
+    AddExplanation(entry, number);
+  }
+  return entry;
+}
+
+/// A hot key: the letter is marked in the source and follows in brackets in the target.
 void AddHotKey(DictionaryEntry& entry, Choices& choices) {
   std::size_t at = choices.Below(entry.source.size());
   if (entry.source[at] == u' ') {
@@ -156,16 +180,16 @@ void Decorate(DictionaryEntry& entry, Choices& choices) {
   AddBlanks(entry, choices);
 }
 
-/// The phrase of an untranslated string: one of the reference, or one from behind its last.
+/// The phrase of an untranslated string: one of the reference, or one after its last.
 std::uint64_t PhraseNumber(std::uint64_t i, const DictionarySizes& sizes, Choices& choices) {
   return choices.Percent(sizes.knownPercent) ? choices.Below(sizes.reference) : sizes.reference + i;
 }
 
 }  // namespace
 
-DictionaryEntry ReferenceEntry(std::uint64_t i) {
+DictionaryEntry ReferenceEntry(std::uint64_t i, const DictionarySizes& sizes) {
   Choices choices(Role::Reference, i);
-  DictionaryEntry entry = Phrase(i);
+  DictionaryEntry entry = Phrase(i, sizes);
   if (choices.Percent(2)) {
     entry.target += u"项";  // a second translation of a phrase that comes up again
   }
@@ -178,7 +202,7 @@ DictionaryEntry ReferenceEntry(std::uint64_t i) {
 
 DictionaryEntry UntranslatedEntry(std::uint64_t i, const DictionarySizes& sizes) {
   Choices choices(Role::Untranslated, i);
-  DictionaryEntry entry = Phrase(PhraseNumber(i, sizes, choices));
+  DictionaryEntry entry = Phrase(PhraseNumber(i, sizes, choices), sizes);
   Decorate(entry, choices);
   if (choices.Percent(5)) {
     entry.source = platform::LowerCase(entry.source);

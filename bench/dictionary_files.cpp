@@ -12,7 +12,7 @@
 namespace lexmill::bench {
 namespace {
 
-/// Fills `entry` with the next entry. @return false behind the last
+/// Fills `entry` with the next entry. @return false after the last
 using EntrySource = std::function<bool(DictionaryEntry& entry)>;
 
 EntrySource References(const DictionarySizes& sizes) {
@@ -20,7 +20,7 @@ EntrySource References(const DictionarySizes& sizes) {
     if (i == sizes.reference) {
       return false;
     }
-    entry = ReferenceEntry(i++);
+    entry = ReferenceEntry(i++, sizes);
     return true;
   };
 }

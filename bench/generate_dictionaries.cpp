@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// generate_dictionaries FOLDER REFERENCE UNTRANSLATED [KNOWN_PERCENT]
+// generate_dictionaries FOLDER REFERENCE UNTRANSLATED [KNOWN_PERCENT [long]]
 #include <charconv>
 #include <iostream>
 #include <span>
@@ -21,7 +21,8 @@ bool ReadNumber(std::string_view text, std::uint64_t& number) {
 }
 
 bool ReadSizes(std::span<char*> arguments, DictionarySizes& sizes) {
-  return arguments.size() >= 4 && arguments.size() <= 5 &&
+  sizes.hasLongStrings = arguments.size() == 6 && arguments[5] == std::string_view("long");
+  return arguments.size() >= 4 && (arguments.size() <= 5 || sizes.hasLongStrings) &&
          ReadNumber(arguments[2], sizes.reference) && sizes.reference > 0 &&
          ReadNumber(arguments[3], sizes.untranslated) &&
          (arguments.size() == 4 || ReadNumber(arguments[4], sizes.knownPercent));
@@ -33,7 +34,8 @@ int main(int count, char** values) {
   const std::span arguments(values, static_cast<std::size_t>(count));
   DictionarySizes sizes;
   if (!ReadSizes(arguments, sizes)) {
-    std::cerr << "usage: generate_dictionaries FOLDER REFERENCE UNTRANSLATED [KNOWN_PERCENT]\n";
+    std::cerr << "usage: generate_dictionaries FOLDER REFERENCE UNTRANSLATED "
+                 "[KNOWN_PERCENT [long]]\n";
     return 2;
   }
   try {

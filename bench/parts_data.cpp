@@ -43,7 +43,7 @@ std::vector<DictionaryEntry> Entries(MakeEntry makeEntry) {
 }  // namespace
 
 const std::vector<DictionaryEntry>& PartReferences() {
-  static const auto entries = Entries(ReferenceEntry);
+  static const auto entries = Entries([](std::uint64_t i) { return ReferenceEntry(i, {}); });
   return entries;
 }
 

@@ -51,12 +51,12 @@ def runs_table(results):
     """results: {reference entries: {contender: figures}}."""
     rows = []
     for entries, figures in results.items():
-        plain = figures[names.PLAIN_GLOSSARY]["seconds"]
+        plain = figures[names.PLAIN_GLOSSARY]["cpu"]
         for name, figure in figures.items():
-            rows.append([grouped(entries), name, f"{figure['seconds']:.3f}", f"{figure['cpu']:.3f}",
-                         f"{figure['seconds'] / plain:.2f}", peaks_text(figure)])
-    return table(["Entries", "What", "Seconds", "CPU seconds", "Of the plain shell", "Peak MB"],
-                 rows)
+            rows.append([grouped(entries), name, f"{figure['cpu']:.3f}", f"{figure['cpu'] / plain:.2f}",
+                         f"{figure['seconds']:.3f}", peaks_text(figure)])
+    return table(["Entries", "What", "Processor s", "Of the plain shell, two glossaries", "Wall s",
+                  "Peak MB"], rows)
 
 
 def growth_table(results, small, large):
@@ -64,10 +64,10 @@ def growth_table(results, small, large):
     for name, figure in results[large].items():
         before = results[small][name]
         rows.append([name,
-                     f"{exponent(before['seconds'], figure['seconds'], large / small):.2f}",
                      f"{exponent(before['cpu'], figure['cpu'], large / small):.2f}",
+                     f"{exponent(before['seconds'], figure['seconds'], large / small):.2f}",
                      f"{exponent(peak(before), peak(figure), large / small):.2f}"])
-    return table(["What", "Time", "CPU time", "Memory"], rows)
+    return table(["What", "Processor time", "Wall time", "Memory"], rows)
 
 
 class Goals:
@@ -79,31 +79,34 @@ class Goals:
     def ratio(self, what, figures, name, other, most):
         wall = figures[name]["seconds"] / figures[other]["seconds"]
         cpu = figures[name]["cpu"] / figures[other]["cpu"]
-        self.add(what, f"{most:.2f}", f"{wall:.2f} (CPU {cpu:.2f})", wall <= most)
+        self.add(what, f"{most:.2f}", f"{cpu:.2f}", round(cpu, 2) <= most, f"{wall:.2f}")
 
     def most(self, what, value, most, unit=""):
         self.add(what, f"{most}{unit}", f"{value:.2f}{unit}", value <= most)
 
-    def add(self, what, goal, measured, met):
-        self.rows.append([what, "at most " + goal, measured, "yes" if met else "**no**"])
+    def add(self, what, goal, measured, met, wall=""):
+        self.rows.append([what, "at most " + goal, measured, "yes" if met else "**no**", wall])
 
     def table(self):
-        return table(["What", "Goal", "Measured", "Met"], self.rows)
+        return table(["What", "Goal", "Measured", "Met", "Wall time"], self.rows)
+
+    def runs(self, at, figures):
+        """The goals of the runs over dictionaries of one kind and size."""
+        self.ratio("whole run, two glossaries, of the plain shell" + at, figures,
+                   names.GLOSSARY_RUN, names.PLAIN_GLOSSARY, 0.35)
+        self.ratio("its `sqlite` steps, of the plain shell" + at, figures,
+                   names.GLOSSARY_STEPS, names.PLAIN_GLOSSARY, 0.18)
+        self.ratio("with a purified database, of the whole run" + at, figures,
+                   names.PURIFIED_RUN, names.GLOSSARY_RUN, 0.28)
+        self.ratio("untranslated text, of the plain shell" + at, figures,
+                   names.TEXT_RUN, names.PLAIN_TEXT, 0.40)
 
 
-def goals_table(results, many_hits, square_peak):
+def goals_table(results, long_strings, many_hits, square_peak):
     goals = Goals()
-    for entries in [entries for entries in results if entries >= 300_000]:
-        at = f", {grouped(entries)} entries"
-        figures = results[entries]
-        goals.ratio("whole run, two glossaries, of the plain shell" + at, figures,
-                    names.GLOSSARY_RUN, names.PLAIN_GLOSSARY, 0.30)
-        goals.ratio("its `sqlite` steps, of the plain shell" + at, figures,
-                    names.GLOSSARY_STEPS, names.PLAIN_GLOSSARY, 0.20)
-        goals.ratio("with a purified database, of the whole run" + at, figures,
-                    names.PURIFIED_RUN, names.GLOSSARY_RUN, 0.30)
-        goals.ratio("untranslated text, of the plain shell" + at, figures,
-                    names.TEXT_RUN, names.PLAIN_TEXT, 0.40)
+    for kind, measured in (("", results), (" of longer strings", long_strings)):
+        for entries in [entries for entries in measured if entries >= 300_000]:
+            goals.runs(f", {grouped(entries)} entries{kind}", measured[entries])
     small, large = 100_000, max(results)
     if large >= 1_000_000 and small in results:
         run, before = results[large][names.GLOSSARY_RUN], results[small][names.GLOSSARY_RUN]
@@ -112,8 +115,8 @@ def goals_table(results, many_hits, square_peak):
         runs = [names.GLOSSARY_RUN, names.PURIFIED_RUN, names.TEXT_RUN]
         largest = max(peak(results[large][name]) for name in runs)
         goals.most("peak of any process, 1,000,000 x 100,000", largest / MEGABYTE, 32, " MB")
-        goals.most("growth of time from 100,000 to 1,000,000",
-                   exponent(before["seconds"], run["seconds"], large / small), 1.05)
+        goals.most("growth of processor time from 100,000 to 1,000,000",
+                   exponent(before["cpu"], run["cpu"], large / small), 1.05)
         goals.most("growth of memory from 100,000 to 1,000,000",
                    exponent(peak(before), peak(run), large / small), 0.1)
     if square_peak:
