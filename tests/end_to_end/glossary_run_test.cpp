@@ -33,18 +33,6 @@ TEST_F(GlossaryRun, GivesEachTranslationOfAString) {
             "9 1\t4 2\nOptions\t选项\nOptions\t设置\n");
 }
 
-TEST_F(GlossaryRun, MatchesWithoutCaseOnRequest) {
-  constexpr const char* kToDo = "OPEN\tOPEN\n";
-  EXPECT_EQ(ResultOf(kToDo, kReference), "9 1\t4 2\n");
-  world_.window.chkaUpperCase.Value(1);
-  EXPECT_EQ(ResultOf(kToDo, kReference), "9 1\t4 2\nOPEN\t打开\n");
-}
-
-TEST_F(GlossaryRun, LeavesOutHotKeysOnRequest) {
-  world_.window.chkNotAddANDX.Value(1);
-  EXPECT_EQ(ResultOf("&Open...\t&Open...\n", kReference), "9 1\t4 2\n&Open...\t打开...\n");
-}
-
 TEST_F(GlossaryRun, ServesASavedPurifiedDatabaseAsReference) {
   world_.window.chkSaveRefDB.Value(1);
   world_.window.txtSaveRefDB.Text(Dictionary("saved.db"));
@@ -81,16 +69,6 @@ TEST_F(GlossaryRun, KeepsBytesThatAreNoText) {
   EXPECT_EQ(ReadBytes(Dictionary("final")),
             "a\xFE(\t\x81\x7F"
             "b\r\n");
-}
-
-TEST_F(GlossaryRun, LeavesTheFilesOfTheRunOnRequest) {
-  world_.window.chkaKeepTmpFile.Value(1);
-  std::ignore = ResultOf("&Open\t&Open\n", kReference);
-  int temporary = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(world_.folder.Path())) {
-    temporary += entry.path().filename().string().starts_with("rad") ? 1 : 0;
-  }
-  EXPECT_EQ(temporary, 5);
 }
 
 TEST_F(GlossaryRun, ShowsTheRowsAndKeepsThePaths) {

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/host/clock.h"
-#include "run/shared/run_state.h"
 #include "tests/support/failures.h"
 #include "tests/support/headless_window.h"
 #include "tests/support/readable_text.h"
@@ -21,16 +20,6 @@ TEST(LineListing, DropsEightCharactersOfEachLineAndKeepsEmptyOnes) {
   test::WriteBytes(listing, Ansi("   o0 = 12:Open\n   o2 =   打开\n\n   o0 = 13:\n   o2 = \n"));
   ConvertLineListing(listing, result);
   EXPECT_EQ(test::ReadBytes(result), Ansi("\n12:Open\n  打开\n\n13:\n\n"));
-}
-
-TEST(LineListing, WritesTheEncodingOfTheUntranslatedDictionary) {
-  const test::HeadlessWindow world;
-  TheRun().resultEncoding = platform::TextEncoding::Utf8WithMark;
-  const auto listing = world.folder.File("listing.txt");
-  const auto result = world.folder.File("result.txt");
-  test::WriteBytes(listing, Ansi("   o0 = 1:a\n   o2 = 打开"));
-  ConvertLineListing(listing, result);
-  EXPECT_EQ(test::ReadBytes(result), "\xEF\xBB\xBF\r\n1:a\r\n打开\r\n");
 }
 
 TEST(LineListing, LeavesOneEmptyLineForAnEmptyListingAndNothingForAMissingOne) {

@@ -42,19 +42,6 @@ class RunDriver : public testing::Test {
   test::TemporaryFolder dictionaries_;
 };
 
-TEST_F(RunDriver, PicksThePipelineForThePairOfFormats) {
-  struct Case {
-    const char *toDo, *refer, *lastPlace;
-  };
-  for (const auto& row : {Case{"glossary", "glossary", "'clsLexGLO3' -> 'DoItNow'"},
-                          Case{"glossary", "text", "'clsLexGLO3' -> 'DoItNow'"},
-                          Case{"text", "glossary", "'clsLexGenOP' -> 'Start'"},
-                          Case{"text", "text", "'clsLexGenOO' -> 'Start'"}}) {
-    Press(row.toDo, row.refer);
-    EXPECT_TRUE(LastMessage().ends_with(row.lastPlace)) << row.toDo << " " << LastMessage();
-  }
-}
-
 TEST_F(RunDriver, TakesTheLanguagePairOfTheLastKnownHead) {
   struct Case {
     const char *toDo, *refer, *pair;
