@@ -126,8 +126,9 @@ TEST_F(DatabaseTest, ReferenceTableIsRecognisedByItsPlace) {
 TEST_F(DatabaseTest, ObjectsAreListedAsTyped) {
   Change([](Database& database) { MakeR(database, true); });
   AddForeign(path_, {"view", "v", "v", 0, "create view v as select r1 from R"});
-  AddForeign(path_, {"table", "N", "N", 5,
-                     "CREATE TABLE N(id INTEGER PRIMARY KEY, a VARCHAR(9) UNIQUE, b UNIQUE)"});
+  AddForeign(path_,
+             {"table", "N", "N", 5,
+              "CREATE TABLE N(id INTEGER PRIMARY KEY, a VARCHAR(9) UNIQUE, b TEXT UNIQUE, c)"});
   AddForeign(path_, {"index", "(N autoindex 1)", "N", 6, std::nullopt});
   Database database(path_);
   std::string objects;
@@ -135,18 +136,19 @@ TEST_F(DatabaseTest, ObjectsAreListedAsTyped) {
     objects += object.type + "|" + object.name + "|" + object.tableName + "|" +
                std::to_string(object.rootPage) + "|" + object.sql.value_or("NULL") + "\n";
   }
-  EXPECT_EQ(objects,
-            "table|R|R|3|CREATE TABLE R(r1 TEXT,r2 TEXT)\n"
-            "index|irm|R|4|CREATE INDEX irm ON R(r1)\n"
-            "view|v|v|0|create view v as select r1 from R\n"
-            "table|N|N|5|CREATE TABLE N(id INTEGER PRIMARY KEY, a VARCHAR(9) UNIQUE, b UNIQUE)\n"
-            "index|(N autoindex 1)|N|6|NULL\n");
+  EXPECT_EQ(
+      objects,
+      "table|R|R|3|CREATE TABLE R(r1 TEXT,r2 TEXT)\n"
+      "index|irm|R|4|CREATE INDEX irm ON R(r1)\n"
+      "view|v|v|0|create view v as select r1 from R\n"
+      "table|N|N|5|CREATE TABLE N(id INTEGER PRIMARY KEY, a VARCHAR(9) UNIQUE, b TEXT UNIQUE, c)\n"
+      "index|(N autoindex 1)|N|6|NULL\n");
   const Table& table = *database.FindTable("n");
   EXPECT_EQ(table.rowIdColumn, 0U);
   EXPECT_TRUE(table.columns[1].isText);
-  EXPECT_FALSE(table.columns[2].isText);
+  EXPECT_FALSE(table.columns[3].isText);
   EXPECT_EQ(table.IndexOn(1)->rootPage, 6U);
-  EXPECT_EQ(table.IndexOn(2), nullptr) << "isn't in the file, nor on text";
+  EXPECT_EQ(table.IndexOn(2), nullptr) << "isn't in the file";
   EXPECT_EQ(database.FindTable("v"), nullptr);
   EXPECT_EQ(
       ErrorOf([&] { Write(database, [&] { database.CreateTable("V", "CREATE TABLE V(a)"); }); }),
