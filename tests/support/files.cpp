@@ -9,6 +9,8 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <sstream>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -92,7 +94,9 @@ void WriteBytes(std::u16string_view path, std::string_view bytes) {
 std::string ReadBytes(std::u16string_view path) {
   std::ifstream stream(platform::ToHostPath(path), std::ios::binary);
   EXPECT_TRUE(stream.is_open()) << platform::ToHostPath(path);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  std::ostringstream bytes;
+  bytes << stream.rdbuf();
+  return std::move(bytes).str();
 }
 
 std::string Ansi(std::string_view text) {
