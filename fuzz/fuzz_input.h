@@ -75,7 +75,7 @@ class ScratchFolder {
 
   [[nodiscard]] std::string HostPath(const char* name) const { return (path_ / name).string(); }
   [[nodiscard]] std::u16string Path(const char* name) const {
-    return platform::FromHostPath(HostPath(name));
+    return platform::HostPath::FromNative(path_ / name).Text();
   }
   void Write(const char* name, std::string_view bytes) const {
     std::ofstream(path_ / name, std::ios::binary | std::ios::trunc) << bytes;

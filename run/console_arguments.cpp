@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <filesystem>
 #include <system_error>
 
 #include "platform/files/file_system.h"
@@ -16,10 +15,8 @@
 namespace lexmill {
 namespace {
 
-std::u16string AbsolutePath(std::string_view path) {
-  std::error_code refused;
-  const auto absolute = std::filesystem::absolute(path, refused);
-  return platform::FromHostPath(refused ? std::string(path) : absolute.string());
+std::u16string AbsolutePath(std::string_view word) {
+  return platform::AbsolutePath(platform::FromUtf8(word));
 }
 
 constexpr std::string_view kHelp =
@@ -55,7 +52,7 @@ std::string Version() {
 // Reads the words one by one; `reason_` is filled by the first that is wrong.
 class Reader {
  public:
-  explicit Reader(std::span<const char* const> words) : words_(words) {}
+  explicit Reader(std::span<const std::string> words) : words_(words) {}
 
   std::variant<ConsoleArguments, WrongArguments, WantedText> Read() {
     while (next_ < words_.size() && reason_.empty() && wanted_.empty()) {
@@ -168,7 +165,7 @@ class Reader {
                                     platform::FromUtf8(setting.substr(sign + 1)));
   }
 
-  std::span<const char* const> words_;
+  std::span<const std::string> words_;
   std::size_t next_ = 0;
   bool onlyPaths_ = false;
   std::vector<std::u16string> paths_;
@@ -180,7 +177,7 @@ class Reader {
 }  // namespace
 
 std::variant<ConsoleArguments, WrongArguments, WantedText> ReadConsoleArguments(
-    std::span<const char* const> words) {
+    std::span<const std::string> words) {
   return Reader(words).Read();
 }
 

@@ -49,6 +49,6 @@ inline constexpr std::string_view kConsoleUsage =
 /// Reads the words behind the program's name. Relative paths are taken from the current directory.
 /// The first of "--help" and "--version" that stands where an option may stand counts alone.
 [[nodiscard]] std::variant<ConsoleArguments, WrongArguments, WantedText> ReadConsoleArguments(
-    std::span<const char* const> words);
+    std::span<const std::string> words);
 
 }  // namespace lexmill

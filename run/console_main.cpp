@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 // lexmill-run: one run of the window without a screen.
-#include <unistd.h>
-
-#include <csignal>
 #include <iostream>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "platform/files/platform_settings.h"
 #include "platform/files/profile_file.h"
@@ -16,6 +14,8 @@
 #include "platform/host/host_system.h"
 #include "platform/host/process.h"
 #include "platform/host/program_start.h"
+#include "platform/host/standard_streams.h"
+#include "platform/host/termination.h"
 #include "platform/text/text.h"
 #include "run/console_arguments.h"
 #include "run/console_run.h"
@@ -30,6 +30,15 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongArguments = 2;
 constexpr int kTooLittleFilled = 3;
+
+std::vector<std::string> WordsAfterName(int count, const char* const* words) {
+  std::vector<std::string> result;
+  for (const auto& word : lexmill::platform::ProgramWords(count, words)) {
+    result.push_back(lexmill::platform::ToUtf8(word));
+  }
+  result.erase(result.begin());
+  return result;
+}
 
 int RefuseArguments(const std::string& reason) {
   std::cerr << "lexmill-run: " << reason << "\n" << lexmill::kConsoleUsage;
@@ -66,38 +75,34 @@ bool TellNotices() {
   return isDone;
 }
 
-volatile std::sig_atomic_t endingSignal = 0;
-
-// The children have a process group of their own, which no key on the terminal reaches. A second
-// signal ends the program at once.
+// The children are a family of their own, which no key on the terminal reaches.
 void EndIfAsked() {
-  if (endingSignal != 0) {
+  if (lexmill::platform::IsTerminationRequested()) {
     lexmill::frmMain::Instance().AbandonRun();
   }
 }
 
 void EndChildrenWithUs() {
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    std::signal(number, [](int received) {
-      endingSignal = received;
-      std::signal(received, SIG_DFL);
-    });
-  }
+  lexmill::platform::HoldTerminationRequests();
   lexmill::platform::SetWaiting(EndIfAsked);
   // A reader of our messages that goes away is no reason to leave the run half done.
-  std::signal(SIGPIPE, SIG_IGN);
+  lexmill::platform::SurviveBrokenPipes();
+}
+
+bool IsWatched() {
+  return lexmill::platform::IsTerminal(lexmill::platform::StandardStream::Error);
 }
 
 // Shows the moving percentages where somebody watches.
 void ShowProgress() {
   EndIfAsked();
-  if (isatty(STDERR_FILENO) != 0) {
+  if (IsWatched()) {
     std::cerr << "\r\033[K" << lexmill::CurrentProgress() << std::flush;
   }
 }
 
 void ClearProgress() {
-  if (isatty(STDERR_FILENO) != 0) {
+  if (IsWatched()) {
     std::cerr << "\r\033[K";
   }
 }
@@ -120,9 +125,7 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   lexmill::platform::SetOutputWatch([&](std::string_view bytes) { complaint.Feed(bytes); });
   lexmill::PressStart(arguments);
   ClearProgress();
-  if (endingSignal != 0) {
-    std::raise(endingSignal);
-  }
+  lexmill::platform::EndAsRequested();
   std::cout << lexmill::ProgressRows();
   if (arguments.report == lexmill::kStandardOutput && lexmill::TheRun().counts.Complete()) {
     lexmill::PrintReport(std::cout);
@@ -140,8 +143,7 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
 
 int main(int argc, char** argv) {
   lexmill::platform::SurviveFileSizeLimit();
-  const auto arguments = lexmill::ReadConsoleArguments(
-      {argv + (argc > 0 ? 1 : 0), static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
+  const auto arguments = lexmill::ReadConsoleArguments(WordsAfterName(argc, argv));
   if (const auto* wrong = std::get_if<lexmill::WrongArguments>(&arguments)) {
     return RefuseArguments(wrong->reason);
   }

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // lexmill: the window.
-#include <unistd.h>
-
 #include <filesystem>
 #include <iostream>
 #include <system_error>
@@ -9,7 +7,7 @@
 #include "platform/controls/dialogs.h"
 #include "platform/files/platform_settings.h"
 #include "platform/host/application.h"
-#include "platform/host/host_path.h"
+#include "platform/host/host_file.h"
 #include "platform/host/host_system.h"
 #include "platform/qt/screen.h"
 #include "run/modMain.h"
@@ -23,14 +21,14 @@ namespace {
 void EnterProgramFolder() {
   std::error_code failed;
   std::filesystem::current_path(
-      lexmill::platform::ToHostPath(lexmill::platform::ApplicationFolder()), failed);
+      lexmill::platform::HostPath(lexmill::platform::ApplicationFolder()).Native(), failed);
 }
 
-void TellReadOnlyFolder() {
+void WarnOfReadOnlyFolder() {
   const bool isChosen = !lexmill::TheRun().WorkDir.empty();
   const std::u16string folder =
       isChosen ? lexmill::TheRun().WorkDir : lexmill::platform::ApplicationFolder();
-  if (access(lexmill::platform::ToHostPath(folder).c_str(), W_OK) != 0) {
+  if (!lexmill::platform::MayWrite(lexmill::platform::HostPath(folder))) {
     lexmill::platform::ShowMessageBox(
         (isChosen ? u"存放临时文件的文件夹不可写入，处理不能进行:\r\n"
                   : u"程序所在的文件夹不可写入，设置不能保存，处理不能进行:\r\n") +
@@ -56,5 +54,5 @@ int main(int argc, char** argv) {
   lexmill::platform::SurviveFileSizeLimit();
   lexmill::platform::ReadPlatformSettings();
   EnterProgramFolder();
-  return screen.Run(OpenWindow, TellReadOnlyFolder);
+  return screen.Run(OpenWindow, WarnOfReadOnlyFolder);
 }

@@ -29,8 +29,10 @@ LINE = [
 # Rooms beside the line: what of the tree they may include besides themselves, from left to right.
 PLATFORM = LINE[: LINE.index("foundation")]
 SQLITE = [f"platform/sqlite{folder}" for folder in ("", "/file", "/tree", "/table", "/sql", "/shell")]
+TWIN = "platform/host/posix"
 SIDE = {
-    "platform/qt": PLATFORM,
+    TWIN: LINE[: LINE.index("platform/host") + 1],
+    "platform/qt": [*PLATFORM, TWIN],
     "platform/headless": PLATFORM,
     "platform/batch": PLATFORM,
     **{room: PLATFORM + SQLITE[:place] for place, room in enumerate(SQLITE)},
@@ -48,6 +50,13 @@ OUTSIDE = {
     r"pcre2\.h": ["platform/expression"],
     r"unicode/.*": ["platform/text"],
     r"(expat|csv)\.h": ["platform/interchange"],
+    # Of the system, and what the standard library says in the system's terms.
+    r"sys/.*|(unistd|fcntl|poll|spawn|dirent|pwd|termios|dlfcn)\.h|c?(signal|errno)(\.h)?": [
+        TWIN,
+        "platform/qt",
+    ],
+    # There is one thread.
+    r"pthread\.h|thread|mutex|shared_mutex|condition_variable|future": [],
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/batch/file_commands.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 #include "platform/batch/messages.h"
@@ -13,6 +8,7 @@
 #include "platform/files/file_system.h"
 #include "platform/host/host_failure.h"
 #include "platform/host/host_path.h"
+#include "platform/host/replacement_file.h"
 #include "platform/text/text.h"
 
 namespace lexmill::platform::batch {
@@ -21,23 +17,25 @@ namespace {
 constexpr std::size_t kBlockSize = 256 * 1024;  // bytes
 
 /// Where a copy of `source` goes: into `target` if that is a folder.
-std::string CopyTarget(const std::string& source, const std::string& target) {
-  const auto status = StatusOf(target);
+std::u16string CopyTarget(std::u16string_view source, const std::u16string& target) {
+  const auto status = StatusOf(HostPath(target));
   return status && status->kind == FileKind::Folder
-             ? target + '/' + std::filesystem::path(source).filename().string()
+             ? WithSeparator(target) + std::u16string(FileName(source))
              : target;
 }
 
-/// @return false and `errno` if one of the two files fails
-bool CopyContent(HostFile& from, HostFile& to) {
+HostOutcome CopyContent(HostFile& from, HostFile& to) {
   std::vector<char> block(kBlockSize);
   while (true) {
     const auto count = from.Read(block);
-    if (!count || !to.Write({block.data(), *count})) {
-      return false;
+    if (!count) {
+      return count.Error();
     }
     if (*count == 0) {
-      return true;
+      return Done();
+    }
+    if (const auto written = to.Write({block.data(), *count}); !written) {
+      return written;
     }
   }
 }
@@ -45,24 +43,21 @@ bool CopyContent(HostFile& from, HostFile& to) {
 /// A database that is empty was never filled, since its writer died or met no end of its script.
 /// One beside which a journal stands was being changed then: its pages make sense with the journal
 /// alone. A copy of either would pass for a whole one.
-bool IsUnfinished(const HostFile& file, const std::string& source) {
+bool IsUnfinished(const HostFile& file, const std::u16string& source) {
   const auto status = file.Status();
-  const auto journal = StatusOf(source + "-journal");
+  const auto journal = StatusOf(HostPath(source + u"-journal"));
   return (status && status->kind == FileKind::Regular && status->size == 0) ||
          (journal && journal->size > 0);
 }
 
-/// @return 0 if `target` is there in full; otherwise it is as it was, and why, as in `errno`
-int ReplaceByCopy(HostFile& source, const std::string& target) {
+/// After a failure `target` is as it was.
+HostOutcome ReplaceByCopy(HostFile& source, std::u16string_view target) {
   auto copy = ReplacementFile::Create(target);
-  const bool isDone = copy && CopyContent(source, copy->File()) && copy->Commit(true);
-  return isDone ? 0 : errno;
-}
-
-std::u16string FullPath(std::u16string_view name) {
-  std::error_code none;
-  return FromHostPath(
-      std::filesystem::absolute(ToHostPath(name), none).lexically_normal().string());
+  if (!copy) {
+    return copy.Error();
+  }
+  const auto copied = CopyContent(source, copy->File());
+  return copied ? copy->Commit(true) : copied;
 }
 
 bool DeleteOne(std::u16string_view name, HostFile& error) {
@@ -70,13 +65,13 @@ bool DeleteOne(std::u16string_view name, HostFile& error) {
     FileSystemObject().DeleteFile(name);
     return true;
   } catch (const Failure& failure) {
-    const std::u16string path = FullPath(name);
-    const std::u16string_view reason = Describe(failure);
-    if (reason == kFileNotFound || reason == kPathNotFound) {
+    const std::u16string path = NormalPath(AbsolutePath(name));
+    const auto number = static_cast<FailureNumber>(failure.Number());
+    if (number == FailureNumber::FileNotFound || number == FailureNumber::PathNotFound) {
       PrintLine(error, std::u16string(kCouldNotFind) + path);
     } else {
       PrintLine(error, path);
-      PrintLine(error, reason);
+      PrintLine(error, Describe(failure));
     }
     return false;
   }
@@ -84,8 +79,8 @@ bool DeleteOne(std::u16string_view name, HostFile& error) {
 
 }  // namespace
 
-std::string HostName(std::u16string_view name) {
-  return LowerCase(name) == u"nul" ? "/dev/null" : ToHostPath(name);
+std::u16string FileNamed(std::u16string_view name) {
+  return std::u16string(LowerCase(name) == u"nul" ? kNullDevice : name);
 }
 
 bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
@@ -93,19 +88,19 @@ bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
     PrintLine(streams.error, kWrongSyntax);
     return false;
   }
-  const std::string source = HostName(names[0]);
-  HostFile file = HostFile::Open(source, O_RDONLY);
-  if (!file.IsOpen()) {
-    PrintLine(streams.error, Describe(FileFailure(errno, source)));
+  const std::u16string source = FileNamed(names[0]);
+  auto file = HostFile::Open(HostPath(source), OpenMode::Read);
+  if (!file) {
+    PrintLine(streams.error, Describe(FileFailure(file.Error(), source)));
     return false;
   }
-  if (IsUnfinished(file, source)) {
+  if (IsUnfinished(*file, source)) {
     PrintLine(streams.error, kAccessDenied);
     return false;
   }
-  const std::string target = CopyTarget(source, HostName(names[1]));
-  if (const int error = ReplaceByCopy(file, target); error != 0) {
-    PrintLine(streams.error, Describe(FileFailure(error, target)));
+  const std::u16string target = CopyTarget(source, FileNamed(names[1]));
+  if (const auto copied = ReplaceByCopy(*file, target); !copied) {
+    PrintLine(streams.error, Describe(FileFailure(copied.Error(), target)));
     PrintLine(streams.output, kNoFileCopied);
     return false;
   }

@@ -17,8 +17,8 @@ struct CommandStreams {
   HostFile& error;
 };
 
-/// The host path for a name in a script; `nul` in any case is the empty device.
-[[nodiscard]] std::string HostName(std::u16string_view name);
+/// The path for a name in a script; `nul` in any case is the empty device.
+[[nodiscard]] std::u16string FileNamed(std::u16string_view name);
 
 /// `copy`: puts the content of one file under another name, or under its own in a folder. The new
 /// file takes its place in one step, over an older one; a copy that fails leaves that as it was. A

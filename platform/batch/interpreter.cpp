@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/batch/interpreter.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
-#include <filesystem>
-#include <optional>
-#include <system_error>
+#include <utility>
 
 #include "platform/batch/file_commands.h"
 #include "platform/batch/messages.h"
@@ -21,20 +16,21 @@
 namespace lexmill::platform::batch {
 namespace {
 
-/// @return an object that is not open, and `errno`, if the file can't be had
-HostFile OpenInput(const std::string& path) {
-  HostFile file = HostFile::Open(path, O_RDONLY);
-  const auto status = file.IsOpen() ? file.Status() : std::nullopt;
-  if (status && status->kind == FileKind::Folder) {
-    file.Close();
-    errno = EISDIR;
+/// @return IsFolder if `path` is one
+HostResult<HostFile> OpenInput(const std::u16string& path) {
+  auto file = HostFile::Open(HostPath(path), OpenMode::Read);
+  if (file) {
+    const auto status = file->Status();
+    if (status && status->kind == FileKind::Folder) {
+      return HostError::IsFolder;
+    }
   }
   return file;
 }
 
 /// True if a program that ended with `exitCode` may have written only a part of its output.
 bool IsBrokenOff(int exitCode) {
-  return exitCode == kExitBrokenStream || exitCode >= kExitBySignal;
+  return exitCode == kExitBrokenStream || exitCode >= kExitByForce;
 }
 
 }  // namespace
@@ -59,9 +55,7 @@ void Interpreter::RunLine(std::u16string_view line) {
 }
 
 void Interpreter::Show(std::u16string_view line) {
-  std::error_code none;
-  const std::string folder = std::filesystem::current_path(none).string();
-  PrintLine(output_, u"\r\n" + FromHostPath(folder) + u">" + std::u16string(line));
+  PrintLine(output_, u"\r\n" + CurrentFolder() + u">" + std::u16string(line));
 }
 
 void Interpreter::Run(const BatchLine& line) {
@@ -85,7 +79,7 @@ void Interpreter::Run(const BatchLine& line) {
 
 bool Interpreter::Redirect(std::span<const Redirection> redirections, Redirected& files) {
   for (const auto& redirection : redirections) {
-    const std::string path = HostName(redirection.path);
+    const std::u16string path = FileNamed(redirection.path);
     const bool isOpen =
         redirection.isInput ? RedirectInput(path, files.input) : RedirectOutput(path, files);
     if (!isOpen) {
@@ -95,24 +89,28 @@ bool Interpreter::Redirect(std::span<const Redirection> redirections, Redirected
   return true;
 }
 
-bool Interpreter::RedirectInput(const std::string& path, HostFile& input) {
-  input = OpenInput(path);
-  if (!input.IsOpen()) {
-    PrintLine(error_, Describe(FileFailure(errno, path)));
+bool Interpreter::RedirectInput(const std::u16string& path, HostFile& input) {
+  auto file = OpenInput(path);
+  if (!file) {
+    PrintLine(error_, Describe(FileFailure(file.Error(), path)));
+    return false;
   }
-  return input.IsOpen();
+  input = *std::move(file);
+  return true;
 }
 
-bool Interpreter::RedirectOutput(const std::string& path, Redirected& files) {
+bool Interpreter::RedirectOutput(const std::u16string& path, Redirected& files) {
   if (!CompleteOutput(files)) {
     return false;
   }
-  files.output = ReplacementFile::Create(path);
-  files.outputPath = path;
-  if (!files.output) {
-    PrintLine(error_, Describe(FileFailure(errno, path)));
+  auto output = ReplacementFile::Create(path);
+  if (!output) {
+    PrintLine(error_, Describe(FileFailure(output.Error(), path)));
+    return false;
   }
-  return files.output.has_value();
+  files.output = *std::move(output);
+  files.outputPath = path;
+  return true;
 }
 
 /// Puts the output in its place, or drops it if it was broken off.
@@ -120,12 +118,12 @@ bool Interpreter::CompleteOutput(Redirected& files) {
   if (!files.output || isBrokenOff_) {
     return true;
   }
-  const bool isDone = files.output->Commit(false);
-  if (!isDone) {
-    PrintLine(error_, Describe(FileFailure(errno, files.outputPath)));
+  const auto placed = files.output->Commit(false);
+  if (!placed) {
+    PrintLine(error_, Describe(FileFailure(placed.Error(), files.outputPath)));
   }
   files.output.reset();
-  return isDone;
+  return static_cast<bool>(placed);
 }
 
 bool Interpreter::RunCommand(const BatchLine& line, HostFile& input, HostFile& output) {

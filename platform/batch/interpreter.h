@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "platform/batch/batch_line.h"
-#include "platform/host/host_file.h"
+#include "platform/host/replacement_file.h"
 
 namespace lexmill::platform::batch {
 
@@ -39,14 +39,14 @@ class Interpreter {
   struct Redirected {
     HostFile input;
     std::optional<ReplacementFile> output;
-    std::string outputPath;
+    std::u16string outputPath;
   };
 
   void Show(std::u16string_view line);
   void Run(const BatchLine& line);
   [[nodiscard]] bool Redirect(std::span<const Redirection> redirections, Redirected& files);
-  [[nodiscard]] bool RedirectInput(const std::string& path, HostFile& input);
-  [[nodiscard]] bool RedirectOutput(const std::string& path, Redirected& files);
+  [[nodiscard]] bool RedirectInput(const std::u16string& path, HostFile& input);
+  [[nodiscard]] bool RedirectOutput(const std::u16string& path, Redirected& files);
   [[nodiscard]] bool CompleteOutput(Redirected& files);
   [[nodiscard]] bool RunCommand(const BatchLine& line, HostFile& input, HostFile& output);
   void Echo(std::u16string_view argument, HostFile& output);

@@ -51,7 +51,7 @@ std::u16string EnteredPath(std::u16string_view text) {
     text.remove_suffix(1);
   }
   const auto address = LocalPart(text);
-  return address ? FromHostPath(Unescaped(ToUtf8(*address))) : std::u16string(text);
+  return address ? FromUtf8(Unescaped(ToUtf8(*address))) : std::u16string(text);
 }
 
 }  // namespace lexmill::platform

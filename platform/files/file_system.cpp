@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/file_system.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -13,15 +10,26 @@
 #include "platform/host/host_failure.h"
 #include "platform/host/host_file.h"
 #include "platform/host/host_path.h"
+#include "platform/host/replacement_file.h"
 
 namespace lexmill::platform {
 namespace {
 
+/// True if there is something of this kind under `path`.
+template <class Test>
+bool Exists(std::u16string_view path, Test isMeant) {
+  if (!IsFileName(path)) {
+    return false;
+  }
+  const auto status = StatusOf(HostPath(path));
+  return status && isMeant(status->kind);
+}
+
 /// What is found under the name of a file; a folder is not found.
-FileStatus StatusOfFile(const std::string& path) {
-  const auto status = StatusOf(path);
+FileStatus StatusOfFile(std::u16string_view path) {
+  const auto status = StatusOf(CheckedPath(path));
   if (!status || status->kind == FileKind::Folder) {
-    throw FileFailure(status ? ENOENT : errno, path);
+    throw FileFailure(status ? HostError::NotFound : status.Error(), path);
   }
   return *status;
 }
@@ -29,13 +37,11 @@ FileStatus StatusOfFile(const std::string& path) {
 }  // namespace
 
 bool FileSystemObject::FileExists(std::u16string_view path) const {
-  const auto status = IsFileName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
-  return status && status->kind != FileKind::Folder;
+  return Exists(path, [](FileKind kind) { return kind != FileKind::Folder; });
 }
 
 bool FileSystemObject::FolderExists(std::u16string_view path) const {
-  const auto status = IsFileName(path) ? StatusOf(ToHostPath(path)) : std::nullopt;
-  return status && status->kind == FileKind::Folder;
+  return Exists(path, [](FileKind kind) { return kind == FileKind::Folder; });
 }
 
 std::u16string FileSystemObject::GetParentFolderName(std::u16string_view path) const {
@@ -43,7 +49,7 @@ std::u16string FileSystemObject::GetParentFolderName(std::u16string_view path) c
 }
 
 std::int64_t FileSystemObject::FileSize(std::u16string_view path) const {
-  return StatusOfFile(CheckedPath(path)).size;
+  return StatusOfFile(path).size;
 }
 
 std::u16string FileSystemObject::GetTempName() const {
@@ -59,10 +65,14 @@ std::u16string FileSystemObject::GetTempName() const {
 }
 
 void FileSystemObject::DeleteFile(std::u16string_view path, bool force) const {
-  const std::string hostPath = CheckedPath(path);
-  StatusOfFile(hostPath);
-  if ((!force && !MayWrite(hostPath)) || !RemoveFile(hostPath)) {
-    throw FileFailure(errno, hostPath);
+  StatusOfFile(path);
+  const HostPath hostPath(path);
+  auto outcome = force ? Done() : MayWrite(hostPath);
+  if (outcome) {
+    outcome = RemoveFile(hostPath);
+  }
+  if (!outcome) {
+    throw FileFailure(outcome.Error(), path);
   }
 }
 
@@ -73,11 +83,11 @@ TextReader FileSystemObject::OpenTextFile(std::u16string_view path, TextEncoding
 
 TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overwrite,
                                             TextEncoding encoding) const {
-  const std::string hostPath = CheckedPath(path);
+  std::ignore = CheckedPath(path);
   if (!overwrite && FileExists(path)) {
-    throw FileFailure(EEXIST, hostPath);
+    throw FileFailure(HostError::Exists, path);
   }
-  return TextWriter(OpenToReplace(path), hostPath, encoding);
+  return TextWriter(OpenToReplace(path), std::u16string(path), encoding);
 }
 
 std::optional<std::int64_t> ModificationTime(std::u16string_view path) {
@@ -85,22 +95,22 @@ std::optional<std::int64_t> ModificationTime(std::u16string_view path) {
     return std::nullopt;
   }
   std::error_code failed;
-  const auto time = std::filesystem::last_write_time(ToHostPath(path), failed);
+  const auto time = std::filesystem::last_write_time(HostPath(path).Native(), failed);
   return failed ? std::nullopt : std::optional<std::int64_t>(time.time_since_epoch().count());
 }
 
 std::string ReadBinary(std::u16string_view path, std::int64_t offset, std::size_t length) {
-  const std::string hostPath = CheckedPath(path, FailureOrigin::Runtime);
-  const HostFile file = HostFile::Open(hostPath, O_RDONLY);
-  if (!file.IsOpen()) {
-    throw BinaryFileFailure(errno, hostPath);
+  const auto file = HostFile::Open(CheckedPath(path, FailureOrigin::Runtime), OpenMode::Read);
+  if (!file) {
+    throw BinaryFileFailure(file.Error(), path);
   }
-  // The size of a device or a file of the kernel tells nothing.
-  const auto left = file.Size().value_or(0) - offset;
+  // The size of a device or a file of the kernel says nothing.
+  const auto size = file->Size();
+  const auto left = (size ? *size : 0) - offset;
   std::string bytes(left > 0 ? std::min(length, static_cast<std::size_t>(left)) : length, '\0');
-  const auto count = file.ReadAt(bytes, offset);
+  const auto count = file->ReadAt(bytes, offset);
   if (!count) {
-    throw BinaryFileFailure(errno, hostPath);
+    throw BinaryFileFailure(count.Error(), path);
   }
   bytes.resize(*count);
   return bytes;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/line_bytes.h"
 
-#include <cerrno>
 #include <cstring>
 #include <span>
 #include <utility>
@@ -41,7 +40,7 @@ bool LineBytes::Fill() {
   MakeRoom();
   const auto count = file_.Read(std::span(buffer_).subspan(end_));
   if (!count) {
-    throw TransferFailure(errno);
+    throw TransferFailure(count.Error());
   }
   end_ += *count;
   atEnd_ = *count == 0;

@@ -1,50 +1,49 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/name_reservation.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <utility>
-
-#include "platform/host/host_path.h"
 
 namespace lexmill::platform {
 namespace {
 
-constexpr std::string_view kLockMark = ".lexmill-name";
+constexpr std::u16string_view kLockMark = u".lexmill-name";
 
-std::string LockPath(const std::string& path) {
-  const std::size_t name = path.rfind('/') + 1;
-  return path.substr(0, name) + "." + path.substr(name) + std::string(kLockMark);
+std::u16string LockPath(std::u16string_view path) {
+  std::u16string lockPath(FolderPart(path));
+  return lockPath.append(u".").append(FileName(path)).append(kLockMark);
+}
+
+/// Locks the file for this object alone; true as well where the host has no locks.
+bool TryLock(HostFile& lock) {
+  return !lock.Lock(LockKind::Exclusive).FailedBy(HostError::InUse);
 }
 
 /// Whoever removes a lock file holds its lock. So one that was waited for may have lost its name.
 bool HasName(const HostFile& lock) {
   const auto status = lock.Status();
-  return status && status->links > 0;
+  return status && status->hasName;
 }
 
-bool IsFree(const std::string& path) {
-  return !StatusOf(path) && errno == ENOENT;
+bool IsFree(std::u16string_view path) {
+  return StatusOf(HostPath(path)).FailedBy(HostError::NotFound);
 }
 
 }  // namespace
 
 std::optional<NameReservation> NameReservation::Take(std::u16string_view path) {
-  const std::string hostPath = ToHostPath(path);
-  std::string lockPath = LockPath(hostPath);
-  HostFile lock = HostFile::Open(lockPath, O_RDWR | O_CREAT);
-  if (!lock.IsOpen()) {
-    return NameReservation(HostFile(), "");
+  std::u16string lockPath = LockPath(path);
+  auto lock = HostFile::Open(HostPath(lockPath), OpenMode::ReadWriteCreate);
+  if (!lock) {
+    return NameReservation(HostFile(), u"");
   }
-  if (!lock.TryLock() || !HasName(lock)) {
+  if (!TryLock(*lock) || !HasName(*lock)) {
     return std::nullopt;
   }
-  NameReservation taken(std::move(lock), std::move(lockPath));
-  return IsFree(hostPath) ? std::optional(std::move(taken)) : std::nullopt;
+  NameReservation taken(*std::move(lock), std::move(lockPath));
+  return IsFree(path) ? std::optional(std::move(taken)) : std::nullopt;
 }
 
-NameReservation::NameReservation(HostFile lock, std::string lockPath)
+NameReservation::NameReservation(HostFile lock, std::u16string lockPath)
     : lock_(std::move(lock)), lockPath_(std::move(lockPath)) {}
 
 NameReservation::NameReservation(NameReservation&& other) noexcept
@@ -65,18 +64,17 @@ NameReservation::~NameReservation() {
 
 void NameReservation::Release() {
   if (!lockPath_.empty()) {
-    RemoveFile(std::exchange(lockPath_, {}));
+    RemoveFile(HostPath(std::exchange(lockPath_, {})));
   }
   lock_.Close();
 }
 
 void RemoveStaleReservations(std::u16string_view folder) {
-  const std::string hostFolder = ToHostPath(folder);
-  for (const auto& name : NamesIn(hostFolder)) {
-    if (name.starts_with('.') && name.ends_with(kLockMark)) {
-      const std::string path = hostFolder + "/" + name;
-      HostFile lock = HostFile::Open(path, O_RDWR);
-      if (lock.IsOpen() && lock.TryLock() && HasName(lock)) {
+  for (const auto& name : NamesIn(HostPath(folder))) {
+    if (name.starts_with(u'.') && name.ends_with(kLockMark)) {
+      const HostPath path(WithSeparator(folder) + name);
+      auto lock = HostFile::Open(path, OpenMode::ReadWrite);
+      if (lock && TryLock(*lock) && HasName(*lock)) {
         RemoveFile(path);
       }
     }

@@ -27,11 +27,11 @@ class NameReservation {
   ~NameReservation();
 
  private:
-  NameReservation(HostFile lock, std::string lockPath);
+  NameReservation(HostFile lock, std::u16string lockPath);
   void Release();
 
   HostFile lock_;
-  std::string lockPath_;  ///< empty if there is nothing to remove
+  std::u16string lockPath_;  ///< empty if there is nothing to remove
 };
 
 /// Removes the lock files in `folder` that killed programs have left.

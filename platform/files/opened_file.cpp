@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/opened_file.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
-#include <optional>
 #include <utility>
 
 #include "platform/host/host_failure.h"
-#include "platform/host/host_path.h"
 
 namespace lexmill::platform {
 
@@ -16,34 +11,36 @@ bool IsFileName(std::u16string_view path) {
   return !path.empty() && path.find(u'\0') == std::u16string_view::npos;
 }
 
-std::string CheckedPath(std::u16string_view path, FailureOrigin origin) {
+HostPath CheckedPath(std::u16string_view path, FailureOrigin origin) {
   if (path.empty()) {
     throw Failure(FailureNumber::InvalidCall, origin);
   }
   if (!IsFileName(path)) {
     throw Failure(FailureNumber::BadFileName, origin);
   }
-  return ToHostPath(path);
+  return HostPath(path);
 }
 
 OpenedFile OpenToRead(std::u16string_view path) {
-  const std::string hostPath = CheckedPath(path);
-  HostFile file = HostFile::Open(hostPath, O_RDONLY);
-  const auto status = file.IsOpen() ? file.Status() : std::nullopt;
+  auto file = HostFile::Open(CheckedPath(path), OpenMode::Read);
+  if (!file) {
+    throw FileFailure(file.Error(), path);
+  }
+  const auto status = file->Status();
   // What a pipe gives is gone with the first reading, and its writer may keep a reader waiting.
   if (!status || status->kind != FileKind::Regular) {
-    throw FileFailure(status ? EACCES : errno, hostPath);
+    throw FileFailure(status ? HostError::Denied : status.Error(), path);
   }
-  return {std::move(file), status->size};
+  return {*std::move(file), status->size};
 }
 
 ReplacementFile OpenToReplace(std::u16string_view path) {
-  const std::string hostPath = CheckedPath(path);
-  auto file = ReplacementFile::Create(hostPath);
+  std::ignore = CheckedPath(path);
+  auto file = ReplacementFile::Create(path);
   if (!file) {
-    throw FileFailure(errno, hostPath);
+    throw FileFailure(file.Error(), path);
   }
-  return std::move(*file);
+  return *std::move(file);
 }
 
 }  // namespace lexmill::platform

@@ -3,21 +3,21 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "platform/failure.h"
 #include "platform/host/host_file.h"
+#include "platform/host/replacement_file.h"
 
 namespace lexmill::platform {
 
 /// True if `path` can name a file: it is not empty and holds no NUL.
 [[nodiscard]] bool IsFileName(std::u16string_view path);
 
-/// The host's form of a path that can name a file.
+/// A path that can name a file, as the host takes it.
 /// @throws Failure InvalidCall for an empty path, BadFileName for one with NUL
-[[nodiscard]] std::string CheckedPath(std::u16string_view path,
-                                      FailureOrigin origin = FailureOrigin::ScriptLibrary);
+[[nodiscard]] HostPath CheckedPath(std::u16string_view path,
+                                   FailureOrigin origin = FailureOrigin::ScriptLibrary);
 
 /// A regular file that is open for reading, and its size in bytes when it was opened.
 struct OpenedFile {

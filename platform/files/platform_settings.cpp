@@ -40,7 +40,7 @@ void ReadPlatformSettings() {
   try {
     SetAnsiCodePage(ToInt32(page));
   } catch (const Failure&) {
-    std::cerr << ToHostPath(SettingsPath()) << ": no such code page: " << ToUtf8(page) << '\n';
+    std::cerr << ToUtf8(SettingsPath()) << ": no such code page: " << ToUtf8(page) << '\n';
   }
 }
 

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/profile_file.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <map>
 #include <set>
 #include <tuple>
@@ -11,18 +8,18 @@
 
 #include "platform/files/profile_text.h"
 #include "platform/host/host_file.h"
-#include "platform/host/host_path.h"
+#include "platform/host/replacement_file.h"
 #include "platform/text/ansi_text.h"
 #include "platform/text/text.h"
 
 namespace lexmill::platform {
 namespace {
 
-/// What the writes of this process have left to remember, by host path.
+/// What the writes of this process have left to remember, by path.
 struct Writes {
-  std::optional<std::map<std::string, std::string>>
+  std::optional<std::map<std::u16string, std::string, std::less<>>>
       inMemory;  ///< contents; none: files are written
-  std::set<std::string> unflushed;
+  std::set<std::u16string> unflushed;
 };
 
 Writes& TheWrites() {
@@ -30,41 +27,47 @@ Writes& TheWrites() {
   return writes;
 }
 
-/// The content of a file. @return none and `errno` if it can't be read or is no regular file
-std::optional<std::string> ReadWhole(const std::string& path) {
-  const HostFile file = HostFile::Open(path, O_RDONLY);
-  const auto status = file.IsOpen() ? file.Status() : std::nullopt;
+/// The content of a file. @return BadName if it is no regular file
+HostResult<std::string> ReadWhole(std::u16string_view path) {
+  const auto file = HostFile::Open(HostPath(path), OpenMode::Read);
+  if (!file) {
+    return file.Error();
+  }
+  const auto status = file->Status();
   if (!status) {
-    return std::nullopt;
+    return status.Error();
   }
   if (status->kind != FileKind::Regular) {
-    errno = EINVAL;
-    return std::nullopt;
+    return HostError::BadName;
   }
   std::string bytes(static_cast<std::size_t>(status->size), '\0');
-  const auto count = file.ReadAt(bytes, 0);
-  bytes.resize(count.value_or(0));
-  return count ? std::optional(bytes) : std::nullopt;
+  const auto count = file->ReadAt(bytes, 0);
+  if (!count) {
+    return count.Error();
+  }
+  bytes.resize(*count);
+  return bytes;
 }
 
-std::optional<std::string> Load(const std::string& path) {
-  const auto& inMemory = TheWrites().inMemory;
-  if (inMemory && inMemory->contains(path)) {
-    return inMemory->at(path);
+HostResult<std::string> Load(std::u16string_view path) {
+  if (const auto& inMemory = TheWrites().inMemory) {
+    if (const auto kept = inMemory->find(path); kept != inMemory->end()) {
+      return kept->second;
+    }
   }
   return ReadWhole(path);
 }
 
-bool Store(const std::string& path, std::string bytes) {
+bool Store(std::u16string_view path, std::string bytes) {
   if (auto& inMemory = TheWrites().inMemory) {
-    inMemory->insert_or_assign(path, std::move(bytes));
+    inMemory->insert_or_assign(std::u16string(path), std::move(bytes));
     return true;
   }
   auto file = ReplacementFile::Create(path);
   if (!file || !file->File().Write(bytes) || !file->Commit(false)) {
     return false;
   }
-  TheWrites().unflushed.insert(path);
+  TheWrites().unflushed.emplace(path);
   return true;
 }
 
@@ -102,7 +105,7 @@ std::size_t Less(std::size_t size, std::size_t reserved) {
 /// What a call finds, uncut; none if it takes the default.
 std::optional<std::u16string> Find(OptionalText section, OptionalText key,
                                    std::u16string_view path) {
-  const auto content = Load(ToHostPath(path));
+  const auto content = Load(path);
   if (!content) {
     return std::nullopt;
   }
@@ -148,13 +151,12 @@ int WritePrivateProfileString(OptionalText section, OptionalText key, OptionalTe
   if (path.empty() || !section || Name(*section).empty() || (key && Name(*key).empty())) {
     return 0;
   }
-  const std::string hostPath = ToHostPath(path);
-  const auto content = Load(hostPath);
-  if (!content && errno != ENOENT) {
+  const auto content = Load(path);
+  if (!content && content.Error() != HostError::NotFound) {
     return 0;
   }
-  ProfileText text(content.value_or(""));
-  return Change(text, Name(*section), key, value) && Store(hostPath, text.Bytes()) ? 1 : 0;
+  ProfileText text(content ? *content : "");
+  return Change(text, Name(*section), key, value) && Store(path, text.Bytes()) ? 1 : 0;
 }
 
 bool ComesBackWhole(std::u16string_view value, std::size_t size) {
@@ -166,8 +168,9 @@ bool ComesBackWhole(std::u16string_view value, std::size_t size) {
 
 void FlushProfileFiles() {
   for (const auto& path : TheWrites().unflushed) {
-    HostFile file = HostFile::Open(path, O_RDONLY);
-    std::ignore = file.Synchronise();
+    if (auto file = HostFile::Open(HostPath(path), OpenMode::Read)) {
+      std::ignore = file->Synchronise();
+    }
   }
   TheWrites().unflushed.clear();
 }

@@ -2,7 +2,6 @@
 #include "platform/files/spliced_file.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <utility>
 
 #include "platform/files/opened_file.h"
@@ -18,7 +17,7 @@ constexpr std::int64_t kBlock = 256 * 1024;
 SplicedFile::SplicedFile(std::u16string_view original, std::u16string_view target,
                          const CodePage& page)
     : size_(0),
-      targetPath_(CheckedPath(target)),
+      targetPath_(target),
       target_([&] {
         OpenedFile opened = OpenToRead(original);
         original_ = std::move(opened.file);
@@ -41,8 +40,10 @@ bool SplicedFile::Replace(FileRange range, std::u16string_view text) {
 void SplicedFile::Close() {
   CopyUpTo(size_);
   Flush();
-  if (!target_.Commit(true)) {
-    throw FileFailure(errno, targetPath_);
+  // It may be the one to be replaced, and not every host replaces a file that is open.
+  original_.Close();
+  if (const auto placed = target_.Commit(true); !placed) {
+    throw FileFailure(placed.Error(), targetPath_);
   }
 }
 
@@ -64,7 +65,7 @@ void SplicedFile::ReadBlock() {
   block_.resize(static_cast<std::size_t>(std::min(size_ - done_, kBlock)));
   const auto count = original_.ReadAt(block_, done_);
   if (!count || *count < block_.size() || block_.empty()) {
-    throw TransferFailure(count ? EIO : errno);
+    throw TransferFailure(count ? HostError::Device : count.Error());
   }
   blockStart_ = done_;
 }
@@ -77,8 +78,8 @@ void SplicedFile::Put(std::string_view bytes) {
 }
 
 void SplicedFile::Flush() {
-  if (!target_.File().Write(buffer_)) {
-    throw TransferFailure(errno);
+  if (const auto written = target_.File().Write(buffer_); !written) {
+    throw TransferFailure(written.Error());
   }
   buffer_.clear();
 }

@@ -8,6 +8,7 @@
 
 #include "platform/files/file_range.h"
 #include "platform/host/host_file.h"
+#include "platform/host/replacement_file.h"
 #include "platform/text/ansi_text.h"
 
 namespace lexmill::platform {
@@ -21,7 +22,7 @@ class SplicedFile {
   /// @throws Failure as OpenToRead for the original, as OpenToReplace for the target
   SplicedFile(std::u16string_view original, std::u16string_view target, const CodePage& page);
 
-  /// Puts `text` in the place of `range`, which lies behind all ranges replaced before.
+  /// Puts `text` in the place of `range`, which lies after all ranges replaced before.
   /// @return false if the page lacks a character of `text`; nothing is replaced then
   /// @throws Failure DiskFull or DeviceError if the host can't read or write
   [[nodiscard]] bool Replace(FileRange range, std::u16string_view text);
@@ -39,7 +40,7 @@ class SplicedFile {
   HostFile original_;
   std::int64_t size_;      ///< of the original
   std::int64_t done_ = 0;  ///< bytes of the original that have been copied or replaced
-  std::string targetPath_;
+  std::u16string targetPath_;
   ReplacementFile target_;
   const CodePage& page_;
   std::string block_;            ///< of the original

@@ -81,7 +81,7 @@ class TextWriter {
  private:
   friend class FileSystemObject;
   struct State;
-  TextWriter(ReplacementFile file, std::string path, TextEncoding encoding);
+  TextWriter(ReplacementFile file, std::u16string path, TextEncoding encoding);
   std::unique_ptr<State> state_;
 };
 

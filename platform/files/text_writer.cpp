@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cerrno>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -7,7 +6,7 @@
 #include "platform/files/text_stream.h"
 #include "platform/host/background_work.h"
 #include "platform/host/host_failure.h"
-#include "platform/host/host_file.h"
+#include "platform/host/replacement_file.h"
 
 namespace lexmill::platform {
 namespace {
@@ -30,7 +29,7 @@ struct TextGroup {
 /// Texts come together in groups; a full one is encoded and written beside the owner's work on the
 /// next. Leaves the file in its place when it is destroyed, however that comes about.
 struct TextWriter::State {
-  State(ReplacementFile created, std::string path, TextEncoding written)
+  State(ReplacementFile created, std::u16string path, TextEncoding written)
       : target(std::move(created)), targetPath(std::move(path)), encoding(written) {
     if (encoding == TextEncoding::Utf8WithMark) {
       buffer = kUtf8Mark;
@@ -79,8 +78,8 @@ struct TextWriter::State {
       }
       start = end;
     }
-    if (!target->File().Write(buffer)) {
-      workOutcome.error = errno;
+    if (const auto written = target->File().Write(buffer); !written) {
+      workOutcome.error = written.Error();
     }
     buffer.clear();
   }
@@ -105,12 +104,11 @@ struct TextWriter::State {
       WriteGroup(filling);
     }
     outcome = workOutcome;
-    if (!outcome.error && !target->Commit(true)) {
-      const int error = errno;
-      target.reset();
-      throw FileFailure(error, targetPath);
-    }
+    const auto placed = outcome.error ? Done() : target->Commit(true);
     target.reset();
+    if (!placed) {
+      throw FileFailure(placed.Error(), targetPath);
+    }
     outcome.isRefused = outcome.isRefused && !isToldOfRefusal;
     Tell();
   }
@@ -123,12 +121,12 @@ struct TextWriter::State {
 
   /// What has failed so far.
   struct Outcome {
-    std::optional<int> error;  ///< `errno` of a write
-    bool isRefused = false;    ///< the encoding lacks a character
+    std::optional<HostError> error;  ///< of a write
+    bool isRefused = false;          ///< the encoding lacks a character
   };
 
   std::optional<ReplacementFile> target;
-  std::string targetPath;
+  std::u16string targetPath;
   TextEncoding encoding;
   TextGroup filling;
   Outcome outcome;  ///< as far as the owner has seen it
@@ -140,7 +138,7 @@ struct TextWriter::State {
   BackgroundWork work;  ///< last: it ends before what it touches
 };
 
-TextWriter::TextWriter(ReplacementFile file, std::string path, TextEncoding encoding)
+TextWriter::TextWriter(ReplacementFile file, std::u16string path, TextEncoding encoding)
     : state_(std::make_unique<State>(std::move(file), std::move(path), encoding)) {}
 
 TextWriter::TextWriter(TextWriter&&) noexcept = default;

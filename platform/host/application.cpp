@@ -1,24 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/application.h"
 
-#include <filesystem>
 #include <map>
-#include <system_error>
 
-#include "platform/host/host_path.h"
+#include "platform/host/system_facts.h"
 
 namespace lexmill::platform {
 namespace {
 
-std::u16string FolderOfProgram() {
-  std::error_code failed;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
-  const auto folder = failed ? std::filesystem::current_path(failed) : program.parent_path();
-  return FromHostPath(folder.native());
-}
-
 std::u16string& Folder() {
-  static std::u16string folder = FolderOfProgram();
+  static std::u16string folder = system::ProgramFolder().Text();
   return folder;
 }
 

@@ -2,9 +2,10 @@
 #include "platform/host/clock.h"
 
 #include <chrono>
-#include <ctime>
 #include <random>
 #include <utility>
+
+#include "platform/host/system_facts.h"
 
 namespace lexmill::platform {
 namespace {
@@ -26,12 +27,7 @@ std::int32_t GetTickCount() {
   if (const auto& tickCount = Override().tickCount) {
     return tickCount();
   }
-  // The coarse clock is the same one as of the last timer interrupt: as fine as the counter that it
-  // stands for, and cheap enough to be read for each record.
-  std::timespec now{};
-  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
-  const auto milliseconds = std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(milliseconds));
+  return static_cast<std::int32_t>(system::TickCount());
 }
 
 bool HasPassed(std::int32_t since, std::int32_t now, std::int32_t milliseconds) {
@@ -47,11 +43,9 @@ std::u16string DayAndHour() {
   if (const auto& dayAndHour = Override().dayAndHour) {
     return *dayAndHour;
   }
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const system::LocalTime now = system::CurrentLocalTime();
   std::u16string result;
-  for (const int field : {local.tm_mday, local.tm_hour}) {
+  for (const int field : {now.day, now.hour}) {
     result += static_cast<char16_t>(u'0' + field / 10);
     result += static_cast<char16_t>(u'0' + field % 10);
   }

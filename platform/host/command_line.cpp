@@ -15,9 +15,9 @@ bool IsBatchFile(std::u16string_view path, std::u16string_view currentDirectory)
   if (!LowerCase(path).ends_with(u".bat")) {
     return false;
   }
-  const std::filesystem::path folder = ToHostPath(currentDirectory);
+  const HostPath folder(currentDirectory);
   std::error_code none;
-  return std::filesystem::is_regular_file(folder / ToHostPath(path), none);
+  return std::filesystem::is_regular_file(folder.Native() / HostPath(path).Native(), none);
 }
 
 /// The words of a line that goes to the batch interpreter by `/c`; none for any other line.

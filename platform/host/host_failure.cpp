@@ -1,70 +1,62 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/host_failure.h"
 
-#include <cerrno>
-
 #include "platform/host/host_file.h"
-#include "platform/host/host_path.h"
 
 namespace lexmill::platform {
 namespace {
 
-FailureNumber TransferNumber(int error) {
-  const bool isFull = error == ENOSPC || error == EDQUOT || error == EFBIG;
-  return isFull ? FailureNumber::DiskFull : FailureNumber::DeviceError;
+FailureNumber TransferNumber(HostError error) {
+  return error == HostError::Full ? FailureNumber::DiskFull : FailureNumber::DeviceError;
 }
 
-bool HasFolder(const std::string& path) {
-  const auto end = path.find_last_not_of('/');
-  const auto separator = path.rfind('/', end);
-  if (separator == std::string::npos) {
+bool HasFolder(std::u16string_view path) {
+  const auto end = path.find_last_not_of(kPathSeparators);
+  const std::u16string_view name = path.substr(0, end == path.npos ? 0 : end + 1);
+  const std::u16string_view folder = FolderPart(name);
+  if (folder.empty()) {
     return true;
   }
-  const auto folder = StatusOf(path.substr(0, separator + 1));
-  return folder && folder->kind == FileKind::Folder;
+  const auto status = StatusOf(HostPath(folder));
+  return status && status->kind == FileKind::Folder;
 }
 
-FailureNumber FileNumber(int error, const std::string& path) {
+FailureNumber FileNumber(HostError error, std::u16string_view path) {
   switch (error) {
-    case ENOENT:
+    case HostError::NotFound:
       return HasFolder(path) ? FailureNumber::FileNotFound : FailureNumber::PathNotFound;
-    case ENOTDIR:
-    case ELOOP:
+    case HostError::NoFolder:
       return FailureNumber::PathNotFound;
-    case ENAMETOOLONG:
-    case EINVAL:
-    case EILSEQ:
+    case HostError::BadName:
       return FailureNumber::BadFileName;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-    case EBUSY:
-    case ETXTBSY:
+    case HostError::Denied:
+    case HostError::IsFolder:
+    case HostError::InUse:
       return FailureNumber::PermissionDenied;
-    case EEXIST:
+    case HostError::Exists:
       return FailureNumber::FileAlreadyExists;
-    case ENOMEM:
+    case HostError::OutOfMemory:
       return FailureNumber::OutOfMemory;
-    default:
-      return TransferNumber(error);
+    case HostError::Full:
+    case HostError::Device:
+      break;
   }
+  return TransferNumber(error);
 }
 
 }  // namespace
 
-Failure FileFailure(int error, const std::string& path) {
-  return {FileNumber(error, path), FailureOrigin::ScriptLibrary, FromHostPath(path)};
+Failure FileFailure(HostError error, std::u16string_view path) {
+  return {FileNumber(error, path), FailureOrigin::ScriptLibrary, path};
 }
 
-Failure BinaryFileFailure(int error, const std::string& path) {
+Failure BinaryFileFailure(HostError error, std::u16string_view path) {
   const FailureNumber number = FileNumber(error, path);
   const bool isDenied = number == FailureNumber::PermissionDenied;
-  return {isDenied ? FailureNumber::PathFileAccess : number, FailureOrigin::Runtime,
-          FromHostPath(path)};
+  return {isDenied ? FailureNumber::PathFileAccess : number, FailureOrigin::Runtime, path};
 }
 
-Failure TransferFailure(int error) {
+Failure TransferFailure(HostError error) {
   return {TransferNumber(error), FailureOrigin::ScriptLibrary};
 }
 

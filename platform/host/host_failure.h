@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: MIT
-// platform/host: the host's `errno` as a failure of the platform. Above the platform nobody sees
-// `errno`.
+// platform/host: an error of the host as a failure of the platform.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "platform/failure.h"
+#include "platform/host/host_error.h"
 
 namespace lexmill::platform {
 
-/// The failure of the file system object that stands for `error`, an `errno` of a call on the file
-/// `path`: the nearest number that the platform has. ENOENT is FileNotFound if the folder of `path`
-/// is there, else PathNotFound. The path is its subject.
-[[nodiscard]] Failure FileFailure(int error, const std::string& path);
+/// The failure of the file system object for a call on the file `path`, which is its subject: the
+/// nearest number that the platform has. NotFound is FileNotFound if the folder of `path` is there,
+/// else PathNotFound.
+[[nodiscard]] Failure FileFailure(HostError error, std::u16string_view path);
 
 /// The same for binary files of the runtime, which say PathFileAccess for PermissionDenied.
-[[nodiscard]] Failure BinaryFileFailure(int error, const std::string& path);
+[[nodiscard]] Failure BinaryFileFailure(HostError error, std::u16string_view path);
 
 /// The failure of a read or a write on an open file: DiskFull or DeviceError.
-[[nodiscard]] Failure TransferFailure(int error);
+[[nodiscard]] Failure TransferFailure(HostError error);
 
 }  // namespace lexmill::platform

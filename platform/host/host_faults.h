@@ -2,7 +2,9 @@
 // platform/host: lets calls to the host fail on purpose, so that tests can see what becomes of it.
 #pragma once
 
-#include <cerrno>
+#include <optional>
+
+#include "platform/host/host_error.h"
 
 namespace lexmill::platform {
 
@@ -18,30 +20,24 @@ enum class HostCall {
   Remove,
   Start,  ///< of a child process, and the pipe to it
 };
-inline constexpr HostCall kLastHostCall = HostCall::Start;
 
-/// Where the failures come from. Without a source, which is so in every program but a test, no call
-/// fails and asking costs one comparison.
+/// Where the failures come from. Asked by the functions of this folder before they call the twin of
+/// the system, so that each system's calls fail alike. Without a source, which is so in every
+/// program but a test, no call fails and asking costs one comparison.
 class HostFaults {
  public:
-  /// Asked before each call. @return the `errno` that the call is to fail with; 0 to let it through
-  using Source = int (*)(HostCall call);
+  /// Asked before each call. @return what the call is to fail with; none to let it through
+  using Source = std::optional<HostError> (*)(HostCall call);
 
   /// Asks `source` from now on; nobody if it is null.
   static void SetSource(Source source) { source_ = source; }
 
-  /// True if the call that is about to be made has to fail; `errno` is set then.
-  [[nodiscard]] static bool Strike(HostCall call) { return source_ != nullptr && Asked(call); }
-
- private:
-  [[nodiscard]] static bool Asked(HostCall call) {
-    const int error = source_(call);
-    if (error != 0) {
-      errno = error;
-    }
-    return error != 0;
+  /// What the call that is about to be made has to fail with; none as a rule.
+  [[nodiscard]] static std::optional<HostError> Strike(HostCall call) {
+    return source_ == nullptr ? std::nullopt : source_(call);
   }
 
+ private:
   static inline constinit Source source_ = nullptr;
 };
 

@@ -21,8 +21,8 @@ void SetVersion(std::uint32_t version);
 /// Sets the environment variable `name` for this process and for the programs that it starts.
 void SetEnvironmentVariable(std::u16string_view name, std::u16string_view value);
 
-/// From now on a write beyond the host's limit for the size of a file fails as one on a full disk
-/// does, in this process and in the programs that it starts; otherwise it would end the process.
+/// From now on a write beyond the host's limit for the size of a file fails with HostError::Full,
+/// in this process and in the programs that it starts; otherwise it would end the process.
 void SurviveFileSizeLimit();
 
 /// Console output in the page of text files. The host has one page for both, so that every byte

@@ -1,35 +1,24 @@
 // SPDX-License-Identifier: MIT
+// Children are kept until nothing is left of them and what they started, so that EndChildProcesses
+// reaches also what a child that has ended left running.
 #include "platform/host/process.h"
 
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
 #include <utility>
 #include <vector>
 
 #include "platform/host/command_line.h"
 #include "platform/host/host_faults.h"
 #include "platform/host/program_start.h"
+#include "platform/host/system_file.h"
+#include "platform/host/system_process.h"
 
 namespace lexmill::platform {
 namespace {
 
 constexpr int kWaitingStep = 50;  // milliseconds
 
-/// A child process and the group that it leads. The group may outlive its leader.
-struct Child {
-  pid_t process;
-  bool isReaped;
-};
-
-std::vector<Child>& Children() {
-  static std::vector<Child> children;
+std::vector<system::ChildHandle>& Children() {
+  static std::vector<system::ChildHandle> children;
   return children;
 }
 
@@ -43,42 +32,27 @@ std::function<void(std::string_view)>& OutputWatch() {
   return watch;
 }
 
-/// True if nothing is left of `child`: it has ended, and so has all that it started.
-bool IsGone(Child& child) {
-  if (!child.isReaped) {
-    child.isReaped = waitpid(child.process, nullptr, WNOHANG) != 0;
-  }
-  return child.isReaped && kill(-child.process, 0) != 0;
-}
-
-// A SIGCHLD handler would reap at once, but the handler belongs to the whole process, and the
+// A notice of the host would come at once, but such notices belong to the whole process, and the
 // window toolkit has children of its own. So the ended ones are looked for at each call here.
 void ForgetEnded() {
-  std::erase_if(Children(), IsGone);
+  std::erase_if(Children(), [](const system::ChildHandle& child) { return IsGone(*child); });
 }
 
-/// A child lets go of its pipe a moment before it can be reaped: gives the last one that moment, so
-/// that it doesn't stay in the host's process table until the next call.
+/// A child lets go of its pipe a moment before it has ended: gives the last one that moment, so
+/// that the host keeps nothing of it until the next call.
 void ForgetEndedSoon() {
-  if (!Children().empty() && !Children().back().isReaped) {
-    // The library's own declaration of this call can't be linked from C++ on all its versions.
-    const HostFile child(static_cast<int>(syscall(SYS_pidfd_open, Children().back().process, 0)));
-    pollfd end = {child.Descriptor(), POLLIN, 0};
-    poll(&end, child.IsOpen() ? 1 : 0, child.IsOpen() ? kWaitingStep : 0);
+  if (!Children().empty()) {
+    WaitForEnd(*Children().back(), kWaitingStep);
   }
   ForgetEnded();
 }
 
 /// Waits until `file` can be read or is broken, with the waiting step in between.
 bool WaitForInput(const HostFile& file) {
-  pollfd input = {file.Descriptor(), POLLIN, 0};
   while (true) {
-    const int ready = poll(&input, 1, kWaitingStep);
-    if (ready > 0) {
-      return true;
-    }
-    if (ready < 0 && errno != EINTR) {
-      return false;
+    const system::Arrival arrival = system::WaitForInput(file.Handle(), kWaitingStep);
+    if (arrival != system::Arrival::NothingYet) {
+      return arrival == system::Arrival::Something;
     }
     ForgetEnded();
     if (WaitingStep()) {
@@ -90,15 +64,16 @@ bool WaitForInput(const HostFile& file) {
 }  // namespace
 
 std::optional<Pipe> CreatePipe() {
-  std::array<int, 2> ends = {};
-  if (HostFaults::Strike(HostCall::Start) || pipe2(ends.data(), O_CLOEXEC) != 0) {
+  if (HostFaults::Strike(HostCall::Start)) {
     return std::nullopt;
   }
-  return Pipe{HostFile(ends[0]), HostFile(ends[1])};
+  auto pipe = system::CreatePipe();
+  return pipe ? std::optional(*std::move(pipe)) : std::nullopt;
 }
 
 HostFile DuplicateHandle(const HostFile& file) {
-  return HostFile(fcntl(file.Descriptor(), F_DUPFD_CLOEXEC, 0));
+  const auto handle = system::Duplicate(file.Handle());
+  return handle ? HostFile(*handle) : HostFile();
 }
 
 std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer) {
@@ -110,10 +85,10 @@ std::optional<std::size_t> ReadPipe(HostFile& readEnd, std::span<char> buffer) {
     if (OutputWatch()) {
       OutputWatch()({buffer.data(), *count});
     }
-    return count;
+    return *count;
   }
   if (!count) {
-    // The caller goes on as if the child were gone, so it must not write behind the caller's back.
+    // The caller goes on as if the child were gone, so it must not write unseen any longer.
     EndChildProcesses();
   }
   ForgetEndedSoon();
@@ -129,17 +104,20 @@ bool CreateProcess(const ProcessStart& start) {
       .standardOutput = start.standardOutput,
       .standardError = start.standardError,
   };
-  const auto process = StartProgram(program, ProcessGroup::Own);
-  if (process) {
-    Children().push_back({.process = *process, .isReaped = false});
+  if (HostFaults::Strike(HostCall::Start)) {
+    return false;
   }
-  return process.has_value();
+  auto child = system::Start(program, system::Family::Own);
+  if (child) {
+    Children().push_back(*std::move(child));
+  }
+  return static_cast<bool>(child);
 }
 
 void EndChildProcesses() {
   ForgetEnded();
   for (const auto& child : Children()) {
-    kill(-child.process, SIGKILL);
+    End(*child);
   }
 }
 
@@ -149,6 +127,17 @@ void SetWaiting(std::function<void()> step) {
 
 void SetOutputWatch(std::function<void(std::string_view)> watch) {
   OutputWatch() = std::move(watch);
+}
+
+HostResult<int> RunProgram(const ProgramStart& start) {
+  if (const auto error = HostFaults::Strike(HostCall::Start)) {
+    return *error;
+  }
+  const auto child = system::Start(start, system::Family::Shared);
+  if (!child) {
+    return child.Error();
+  }
+  return system::WaitForEnd(**child);
 }
 
 }  // namespace lexmill::platform

@@ -40,14 +40,14 @@ struct ProcessStart {
   const HostFile* standardError = nullptr;
 };
 
-/// Starts a child process in a process group of its own, so that it can be ended with all it
-/// started. Nobody waits for its end: an ended child is reaped by a later call of CreateProcess,
-/// ReadPipe or EndChildProcesses, as a rule when the pipe breaks that it wrote to.
+/// Starts a child process that can be ended with all it started. Nobody waits for its end: what the
+/// host keeps of an ended child is released by a later call of CreateProcess, ReadPipe or
+/// EndChildProcesses, as a rule when the pipe breaks that it wrote to.
 /// @return false if the program can't be started
 [[nodiscard]] bool CreateProcess(const ProcessStart& start);
 
 /// Ends every child process that CreateProcess started, with all it started, at once and without a
-/// chance to refuse. What a child has left behind in its group is ended too.
+/// chance to refuse; also what a child that has ended left running.
 void EndChildProcesses();
 
 /// Sets what runs about every 50 milliseconds while ReadPipe waits; nothing by default. The window

@@ -10,7 +10,7 @@ namespace lexmill::platform {
 
 bool IsSameFile(std::u16string_view path, std::u16string_view other) {
   std::error_code missing;
-  return std::filesystem::equivalent(ToHostPath(path), ToHostPath(other), missing);
+  return std::filesystem::equivalent(HostPath(path).Native(), HostPath(other).Native(), missing);
 }
 
 }  // namespace lexmill::platform

@@ -2,7 +2,6 @@
 #include "platform/interchange/markup_reader.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <exception>
 #include <span>
 #include <utility>
@@ -201,7 +200,7 @@ struct MarkupReader::State {
     }
     const auto count = file.Read(std::span(static_cast<char*>(buffer), kBlock));
     if (!count) {
-      throw TransferFailure(errno);
+      throw TransferFailure(count.Error());
     }
     if (start.empty()) {
       start.assign(static_cast<const char*>(buffer), std::min<std::size_t>(*count, 2));

@@ -12,7 +12,6 @@
 #include <QUrl>
 #include <QWidget>
 
-#include "platform/host/host_path.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/twips.h"
 #include "platform/text/text.h"
@@ -41,7 +40,7 @@ QUrl AddressOf(std::u16string_view target) {
   }
   const QString path = QFileInfo(qt::ToQt(target)).absoluteFilePath();
   return QUrl::fromEncoded(
-      "file://" + QByteArray::fromStdString(ToHostPath(qt::FromQt(path))).toPercentEncoding("/"));
+      "file://" + QByteArray::fromStdString(ToUtf8(qt::FromQt(path))).toPercentEncoding("/"));
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/host/posix/descriptor.h"
+
 namespace lexmill::platform::qt {
 namespace {
 
@@ -41,14 +43,14 @@ void SetHandler(void (*handler)(int)) {
 
 TerminationSignals::TerminationSignals(std::function<void()> asked)
     : pipe_(CreatePipe().value_or(Pipe{})),
-      arrived_(pipe_.readEnd.Descriptor(), QSocketNotifier::Read) {
+      arrived_(system::DescriptorOf(pipe_.readEnd.Handle()), QSocketNotifier::Read) {
   QObject::connect(&arrived_, &QSocketNotifier::activated, &arrived_,
                    [this, asked = std::move(asked)] {
                      std::array<char, 1> byte;
                      std::ignore = pipe_.readEnd.Read(byte);
                      asked();
                    });
-  writeEnd = pipe_.writeEnd.Descriptor();
+  writeEnd = system::DescriptorOf(pipe_.writeEnd.Handle());
   if (pipe_.writeEnd.IsOpen()) {
     SetHandler(TellLoop);
   }

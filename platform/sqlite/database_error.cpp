@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/database_error.h"
 
-#include <cerrno>
-
 namespace lexmill::platform::sqlite {
 
-DatabaseError HostError() {
-  const bool isFull = errno == ENOSPC || errno == EDQUOT || errno == EFBIG;
-  return DatabaseError(isFull ? kFull : kInputOutput);
+DatabaseError TransferError(HostError error) {
+  return DatabaseError(error == HostError::Full ? kFull : kInputOutput);
+}
+
+void ThrowUnless(const HostOutcome& outcome) {
+  if (!outcome) {
+    throw TransferError(outcome.Error());
+  }
 }
 
 }  // namespace lexmill::platform::sqlite

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/host/host_error.h"
+
 namespace lexmill::platform::sqlite {
 
 /// What went wrong, as far as somebody decides by it.
@@ -53,7 +55,9 @@ class DatabaseError {
   std::string text_;
 };
 
-/// What `errno` says of a failed write or read: kFull or kInputOutput.
-[[nodiscard]] DatabaseError HostError();
+/// What the error of a failed write or read means: kFull or kInputOutput.
+[[nodiscard]] DatabaseError TransferError(HostError error);
+/// @throws TransferError if a call to the host has failed
+void ThrowUnless(const HostOutcome& outcome);
 
 }  // namespace lexmill::platform::sqlite

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/batch/interpreter.h"
 
-#include <fcntl.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -42,7 +40,7 @@ class InterpreterTest : public testing::Test {
   }
 
   void RunArguments(const std::vector<std::u16string>& arguments) {
-    HostFile input = HostFile::Open("/dev/null", O_RDONLY);
+    HostFile input = *HostFile::Open(HostPath(kNullDevice), OpenMode::Read);
     HostFile output = Stream("output");
     HostFile error = Stream("error");
     Interpreter interpreter(input, output, error);
@@ -52,7 +50,7 @@ class InterpreterTest : public testing::Test {
   }
 
   HostFile Stream(const char* name) const {
-    return HostFile::Open(ToHostPath(streams_.File(name)), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND);
+    return *HostFile::Open(HostPath(streams_.File(name)), OpenMode::ReadWriteReplace);
   }
 
   /// The full path of `name` as messages show it.

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The program lexmill-run, called as a user calls it.
-#include <fcntl.h>
-
 #include <optional>
 #include <vector>
 
@@ -33,18 +31,19 @@ class LexmillRun : public testing::Test {
     platform::ProgramStart start;
     start.words = {programs_.File("lexmill-run")};
     start.words.insert(start.words.end(), arguments.begin(), arguments.end());
-    start.directory = platform::FromHostPath(folder_.Path().string());
+    start.directory = platform::HostPath::FromNative(folder_.Path()).Text();
     start.standardOutput = &out.file;
     start.standardError = &error.file;
-    return platform::RunProgram(start).value_or(-1);
+    const auto exitCode = platform::RunProgram(start);
+    return exitCode ? *exitCode : -1;
   }
   std::string Output() const { return ReadBytes(folder_.File("stdout")); }
   std::string Errors() const { return ReadBytes(folder_.File("stderr")); }
 
   struct HostFileAt {
     explicit HostFileAt(std::u16string_view path)
-        : file(platform::HostFile::Open(platform::ToHostPath(path), O_WRONLY | O_CREAT | O_TRUNC)) {
-    }
+        : file(*platform::HostFile::Open(platform::HostPath(path),
+                                         platform::OpenMode::ReadWriteReplace)) {}
     platform::HostFile file;
   };
 
@@ -271,7 +270,7 @@ TEST_F(LexmillRun, LeavesAnInstalledFolderAloneAndWorksInAnother) {
   EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "9 1\t4 2\n&Open\t打开(&O)\n");
   EXPECT_EQ(programs_.Listing(), "batch lexmill-run sqlite");
   int files = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(platform::ToHostPath(work))) {
+  for (const auto& entry : std::filesystem::directory_iterator(platform::HostPath(work).Native())) {
     ++files;
     EXPECT_TRUE(entry.path().filename() == "POLOLID.ini" || entry.path().filename() == "saved.db" ||
                 entry.path().filename().string().starts_with("rad"))

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Every single call to the host fails once, in each process of a run, for each pair of formats.
-#include <cerrno>
 #include <set>
 #include <sstream>
 #include <string>
@@ -14,6 +13,7 @@ namespace lexmill::test {
 namespace {
 
 using platform::HostCall;
+using platform::HostError;
 
 constexpr const char* kOld = "an older result\r\n";
 constexpr const char* kHead = "9 1\t4 2\n";
@@ -36,16 +36,20 @@ void PrintTo(const Pair& pair, std::ostream* stream) {
 
 struct FailingCall {
   HostCall kind;
-  int error;
+  HostError error;
   const char* name;
 };
 
 constexpr FailingCall kCalls[] = {
-    {HostCall::Open, EMFILE, "open"},      {HostCall::Read, EIO, "read"},
-    {HostCall::Write, ENOSPC, "write"},    {HostCall::Truncate, EIO, "truncate"},
-    {HostCall::Synchronise, EIO, "flush"}, {HostCall::Close, EIO, "close"},
-    {HostCall::Rename, EACCES, "rename"},  {HostCall::Remove, EACCES, "remove"},
-    {HostCall::Start, EAGAIN, "start"},
+    {HostCall::Open, HostError::Device, "open"},
+    {HostCall::Read, HostError::Device, "read"},
+    {HostCall::Write, HostError::Full, "write"},
+    {HostCall::Truncate, HostError::Device, "truncate"},
+    {HostCall::Synchronise, HostError::Device, "flush"},
+    {HostCall::Close, HostError::Device, "close"},
+    {HostCall::Rename, HostError::Denied, "rename"},
+    {HostCall::Remove, HostError::Denied, "remove"},
+    {HostCall::Start, HostError::Device, "start"},
 };
 
 std::string Source(int i) {

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The settings file while calls to the host fail as it is written.
-#include <cerrno>
-
 #include <gtest/gtest.h>
 
 #include "platform/files/profile_file.h"
@@ -25,7 +23,7 @@ TEST(SettingsFaults, LeaveTheFileAsItWasOrWithTheNewValue) {
     for (int n = 1; hasFailed; ++n) {
       SCOPED_TRACE(testing::Message() << static_cast<int>(kind) << " " << n);
       WriteBytes(folder.File("s.ini"), kBefore);
-      faults.Arm(kind, EIO, n);
+      faults.Arm(kind, platform::HostError::Device, n);
       const int isWritten =
           platform::WritePrivateProfileString(u"s", u"a", u"new", folder.File("s.ini"));
       hasFailed = faults.Disarm();

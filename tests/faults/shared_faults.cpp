@@ -15,9 +15,9 @@ constexpr const char* kVariable = "LEXMILL_TEST_FAULTS";
 
 SharedFaults* shared = nullptr;
 
-int FaultOf(platform::HostCall call) {
+std::optional<platform::HostError> FaultOf(platform::HostCall call) {
   const bool isMeant = shared->n > 0 && call == shared->kind && ++shared->calls == shared->n;
-  return isMeant ? shared->error : 0;
+  return isMeant ? std::optional(shared->error) : std::nullopt;
 }
 
 /// Without the platform's own files, whose calls are counted.
@@ -51,7 +51,7 @@ FaultInjection::~FaultInjection() {
   shared = nullptr;
 }
 
-void FaultInjection::Arm(platform::HostCall kind, int error, int n) {
+void FaultInjection::Arm(platform::HostCall kind, platform::HostError error, int n) {
   shared->kind = kind;
   shared->error = error;
   shared->n = n;

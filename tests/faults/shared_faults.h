@@ -13,8 +13,8 @@ namespace lexmill::test {
 /// Which call fails. Lies in memory that all processes of a run share.
 struct SharedFaults {
   platform::HostCall kind;
-  int error;  ///< `errno` of the failing call
-  int n;      ///< the n-th call of that kind fails, counted from 1; 0: none
+  platform::HostError error;
+  int n;  ///< the n-th call of that kind fails, counted from 1; 0: none
   std::atomic<int> calls;
 };
 
@@ -28,7 +28,7 @@ class FaultInjection {
   FaultInjection& operator=(const FaultInjection&) = delete;
 
   /// Counts calls of `kind` from now on and lets the `n`-th fail with `error`.
-  void Arm(platform::HostCall kind, int error, int n);
+  void Arm(platform::HostCall kind, platform::HostError error, int n);
   /// Lets no further call fail. @return true if the call that was to fail has come
   bool Disarm();
 };

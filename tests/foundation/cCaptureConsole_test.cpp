@@ -27,7 +27,7 @@ class CaptureConsole : public testing::Test {
   CaptureConsole()
       : listener_(console_.OutputAvailable.Connect(
             [this](const std::u16string& text) { pieces_.push_back(test::Readable(text)); })) {
-    platform::SetApplicationFolder(platform::FromHostPath(folder_.Path().string()));
+    platform::SetApplicationFolder(platform::HostPath::FromNative(folder_.Path()).Text());
   }
   ~CaptureConsole() override { platform::SetWaiting(nullptr); }
 

@@ -56,7 +56,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 std::u16string TemporaryFolder::File(std::string_view name) const {
-  return platform::FromHostPath((path_ / name).string());
+  return platform::HostPath::FromNative(path_ / name).Text();
 }
 
 std::string TemporaryFolder::Listing() const {
@@ -86,14 +86,14 @@ OrdinaryUser::~OrdinaryUser() {
 }
 
 void WriteBytes(std::u16string_view path, std::string_view bytes) {
-  std::ofstream stream(platform::ToHostPath(path), std::ios::binary | std::ios::trunc);
+  std::ofstream stream(platform::HostPath(path).Native(), std::ios::binary | std::ios::trunc);
   stream << bytes;
-  EXPECT_TRUE(stream.good()) << platform::ToHostPath(path);
+  EXPECT_TRUE(stream.good()) << platform::ToUtf8(path);
 }
 
 std::string ReadBytes(std::u16string_view path) {
-  std::ifstream stream(platform::ToHostPath(path), std::ios::binary);
-  EXPECT_TRUE(stream.is_open()) << platform::ToHostPath(path);
+  std::ifstream stream(platform::HostPath(path).Native(), std::ios::binary);
+  EXPECT_TRUE(stream.is_open()) << platform::ToUtf8(path);
   std::ostringstream bytes;
   bytes << stream.rdbuf();
   return std::move(bytes).str();

@@ -12,32 +12,30 @@
 
 #include "platform/sqlite/file/file_access.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <tuple>
 #include <utility>
 
 #include "platform/sqlite/database_error.h"
 #include "platform/sqlite/file/file_head.h"
 #include "platform/sqlite/file/journal.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::sqlite {
 
 FileAccess::FileAccess(const std::string& path) {
-  HostFile file = HostFile::Open(path, O_RDWR | O_CREAT);
-  if (!file.IsOpen()) {
-    if (errno == EISDIR) {
+  const HostPath hostPath(FromUtf8(path));
+  auto file = HostFile::Open(hostPath, OpenMode::ReadWriteCreate);
+  if (!file) {
+    if (file.Error() == HostError::IsFolder) {
       throw DatabaseError(kInputOutput);
     }
     canWrite_ = false;
-    file = HostFile::Open(path, O_RDONLY);
+    file = HostFile::Open(hostPath, OpenMode::Read);
   }
-  if (!file.IsOpen()) {
+  if (!file) {
     throw DatabaseError("unable to open database: " + path);
   }
-  lock_.emplace(file.Descriptor());
-  pager_.emplace(std::move(file), path);
+  pager_.emplace(*std::move(file), path);
   if (TryEnter()) {
     Leave();
   }
@@ -50,11 +48,19 @@ void FileAccess::Enter() {
 }
 
 void FileAccess::Leave() {
-  std::ignore = lock_->Set(LockKind::None);
+  std::ignore = TryLock(LockKind::None);
+}
+
+bool FileAccess::TryLock(LockKind kind) {
+  const auto outcome = pager_->File().Lock(kind);
+  if (!outcome && outcome.Error() != HostError::InUse) {
+    throw DatabaseError(kInputOutput);
+  }
+  return static_cast<bool>(outcome);
 }
 
 bool FileAccess::TryEnter() {
-  if (!lock_->Set(LockKind::Shared)) {
+  if (!TryLock(LockKind::Shared)) {
     return false;
   }
   try {
@@ -69,36 +75,36 @@ bool FileAccess::TryEnter() {
 }
 
 void FileAccess::RecoverJournal() {
-  const HostFile journal = HostFile::Open(pager_->JournalPath(), O_RDONLY);
-  if (!journal.IsOpen()) {
-    if (errno != ENOENT) {
-      throw DatabaseError(kCannotOpen);
-    }
+  const auto journal = HostFile::Open(pager_->JournalPath(), OpenMode::Read);
+  if (journal.FailedBy(HostError::NotFound)) {
     return;
+  }
+  if (!journal) {
+    throw DatabaseError(kCannotOpen);
   }
   // A living writer holds the write lock for as long as its journal is there, and then this process
   // would not have got the shared one.
-  const JournalKind kind = KindOf(journal);
+  const JournalKind kind = KindOf(*journal);
   if (kind == JournalKind::Foreign) {
     throw DatabaseError(kMalformed);
   }
   if (!canWrite_) {
     throw DatabaseError(kCannotOpen);
   }
-  if (!lock_->Set(LockKind::Exclusive)) {
+  if (!TryLock(LockKind::Exclusive)) {
     throw DatabaseError(kLocked);
   }
   if (kind == JournalKind::Journal) {
-    PlayBack(journal, pager_->File(), ByteOrder::Little);
+    PlayBack(*journal, pager_->File(), ByteOrder::Little);
   }
   if (!RemoveFile(pager_->JournalPath())) {
     throw DatabaseError(kCannotOpen);
   }
-  std::ignore = lock_->Set(LockKind::Shared);
+  std::ignore = TryLock(LockKind::Shared);
 }
 
 void FileAccess::BeginWriting() {
-  if (!lock_->Set(LockKind::Exclusive)) {
+  if (!TryLock(LockKind::Exclusive)) {
     throw DatabaseError(kLocked);
   }
   try {
@@ -107,7 +113,7 @@ void FileAccess::BeginWriting() {
       CreateFileHead(*pager_);
     }
   } catch (const DatabaseError&) {
-    std::ignore = lock_->Set(LockKind::Shared);
+    std::ignore = TryLock(LockKind::Shared);
     throw;
   }
 }
@@ -119,12 +125,12 @@ void FileAccess::Commit() {
     Rollback();
     throw;
   }
-  std::ignore = lock_->Set(LockKind::Shared);
+  std::ignore = TryLock(LockKind::Shared);
 }
 
 void FileAccess::Rollback() {
   pager_->Rollback();
-  std::ignore = lock_->Set(LockKind::Shared);
+  std::ignore = TryLock(LockKind::Shared);
 }
 
 }  // namespace lexmill::platform::sqlite

@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 
-#include "platform/sqlite/file/file_lock.h"
 #include "platform/sqlite/file/pager.h"
 
 namespace lexmill::platform::sqlite {
@@ -37,10 +36,11 @@ class FileAccess {
 
  private:
   [[nodiscard]] bool TryEnter();
+  /// Changes the lock on the file. @return false if another opener is in the way
+  [[nodiscard]] bool TryLock(LockKind kind);
   void RecoverJournal();
 
   std::optional<Pager> pager_;
-  std::optional<FileLock> lock_;
   bool canWrite_ = true;
 };
 

@@ -59,7 +59,7 @@ using Head = std::array<char, kLongHead>;
 std::size_t ReadHead(const HostFile& journal, Head& head) {
   const auto got = journal.ReadAt(head, 0);
   if (!got) {
-    throw HostError();
+    throw TransferError(got.Error());
   }
   return *got;
 }
@@ -91,7 +91,7 @@ void ForEachImage(const HostFile& journal, const Layout& layout, const RestorePa
   while (true) {
     const auto got = journal.ReadAt(run, at);
     if (!got) {
-      throw HostError();
+      throw TransferError(got.Error());
     }
     const std::size_t images = std::min<std::size_t>(*got / imageSize, left);
     for (const char* image = run.data(); image != run.data() + images * imageSize;
@@ -151,9 +151,7 @@ void Journal::Flush() {
   // Handed to the host before the database is touched, which is all that a killed process needs.
   // Not forced to the disk: a power cut may tear a work database, and those are made again by every
   // run, while waiting for the disk would cost more than all the rest of a run.
-  if (!file_.WriteAt(pending_, size_)) {
-    throw HostError();
-  }
+  ThrowUnless(file_.WriteAt(pending_, size_));
   size_ += static_cast<std::int64_t>(pending_.size());
   pending_.clear();
 }
@@ -181,17 +179,15 @@ void PlayBack(const HostFile& journal, HostFile& database, ByteOrder order) {
   const Layout layout = LayoutOf(journal, order);
   const auto size = database.Size();
   if (!size) {
-    throw HostError();
+    throw TransferError(size.Error());
   }
   constexpr auto kSize = static_cast<std::int64_t>(kPageSize);
   // A database never shrinks, so a journal that names more pages than it has belongs to another.
   const std::int64_t pages = std::min<std::int64_t>(layout.pageCount, *size / kSize);
-  if (!database.Truncate(pages * kSize)) {
-    throw HostError();
-  }
+  ThrowUnless(database.Truncate(pages * kSize));
   ForEachImage(journal, layout, [&database, pages](PageNumber page, const char* bytes) {
-    if (page <= pages && !database.WriteAt({bytes, kPageSize}, (std::int64_t{page} - 1) * kSize)) {
-      throw HostError();
+    if (page <= pages) {
+      ThrowUnless(database.WriteAt({bytes, kPageSize}, (std::int64_t{page} - 1) * kSize));
     }
   });
 }

@@ -25,7 +25,7 @@ std::int64_t OffsetOf(PageNumber page) {
 void ReadPages(const HostFile& file, PageNumber page, std::span<char> bytes) {
   const auto got = file.ReadAt(bytes, OffsetOf(page));
   if (!got) {
-    throw HostError();
+    throw TransferError(got.Error());
   }
   std::memset(bytes.data() + *got, 0, bytes.size() - *got);
 }
@@ -87,9 +87,7 @@ void PageIo::Flush() {
   if (run_.empty()) {
     return;
   }
-  if (!file_.WriteAt(run_, OffsetOf(runFirst_))) {
-    throw HostError();
-  }
+  ThrowUnless(file_.WriteAt(run_, OffsetOf(runFirst_)));
   const bool isApart =
       runFirst_ + PagesIn(run_) <= aheadFirst_ || aheadFirst_ + PagesIn(ahead_) <= runFirst_;
   if (!isApart) {

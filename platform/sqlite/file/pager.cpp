@@ -28,11 +28,10 @@
 
 #include "platform/sqlite/file/pager.h"
 
-#include <fcntl.h>
-
 #include <cstring>
 
 #include "platform/sqlite/database_error.h"
+#include "platform/text/text.h"
 
 namespace lexmill::platform::sqlite {
 namespace {
@@ -44,7 +43,7 @@ std::int64_t BytesOf(PageNumber pages) {
 std::int64_t SizeOf(const HostFile& file) {
   const auto size = file.Size();
   if (!size) {
-    throw HostError();
+    throw TransferError(size.Error());
   }
   return *size;
 }
@@ -58,14 +57,18 @@ void Pager::Saved::Save(PageNumber page, const char* bytes) {
   }
 }
 
+HostPath Pager::JournalPath() const {
+  return HostPath(FromUtf8(path_) + u"-journal");
+}
+
 void Pager::Refresh() {
   cache_.ForgetFrom(1);
   io_.Forget();
   const std::int64_t size = SizeOf(File());
   count_ = static_cast<PageNumber>(size / BytesOf(1));
   tail_.resize(static_cast<std::size_t>(size - BytesOf(count_)));
-  if (!File().ReadAt(tail_, BytesOf(count_))) {
-    throw HostError();
+  if (const auto got = File().ReadAt(tail_, BytesOf(count_)); !got) {
+    throw TransferError(got.Error());
   }
 }
 
@@ -115,23 +118,21 @@ PageNumber Pager::Extend() {
 }
 
 void Pager::Begin() {
-  HostFile file = HostFile::Open(JournalPath(), O_RDWR | O_CREAT | O_TRUNC);
-  if (!file.IsOpen()) {
+  auto file = HostFile::Open(JournalPath(), OpenMode::ReadWriteReplace);
+  if (!file) {
     throw DatabaseError(kCannotOpen);
   }
-  journal_.emplace(Journal(std::move(file), count_));
+  journal_.emplace(Journal(*std::move(file), count_));
   hasWritten_ = false;
 }
 
 void Pager::Commit() {
   WriteOut();
-  if (hasWritten_ && SizeOf(File()) != BytesOf(count_) && !File().Truncate(BytesOf(count_))) {
-    throw HostError();
+  if (hasWritten_ && SizeOf(File()) != BytesOf(count_)) {
+    ThrowUnless(File().Truncate(BytesOf(count_)));
   }
   // The journal's end is the moment at which the new state holds.
-  if (!RemoveFile(JournalPath())) {
-    throw HostError();
-  }
+  ThrowUnless(RemoveFile(JournalPath()));
   EndTransaction();
   tail_.clear();
 }
@@ -139,9 +140,7 @@ void Pager::Commit() {
 void Pager::Rollback() {
   if (hasWritten_) {
     PlayBack(journal_->Images().File(), File(), order_);
-    if (!File().WriteAt(tail_, BytesOf(journal_->Images().PageCount()))) {
-      throw HostError();
-    }
+    ThrowUnless(File().WriteAt(tail_, BytesOf(journal_->Images().PageCount())));
   }
   RemoveFile(JournalPath());
   EndTransaction();

@@ -32,7 +32,7 @@ class Pager {
 
   [[nodiscard]] HostFile& File() { return io_.File(); }
   [[nodiscard]] const std::string& Path() const { return path_; }
-  [[nodiscard]] std::string JournalPath() const { return path_ + "-journal"; }
+  [[nodiscard]] HostPath JournalPath() const;
   [[nodiscard]] PageNumber Count() const { return count_; }
   [[nodiscard]] ByteOrder Order() const { return order_; }
   void Order(ByteOrder order) { order_ = order; }

@@ -109,9 +109,7 @@ void KeySorter::PutAside() {
 }
 
 void KeySorter::WritePiece(std::string& piece) {
-  if (!file_.WriteAt(piece, fileSize_)) {
-    throw HostError();
-  }
+  ThrowUnless(file_.WriteAt(piece, fileSize_));
   fileSize_ += static_cast<std::int64_t>(piece.size());
   piece.clear();
 }

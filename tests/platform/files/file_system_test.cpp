@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/file_system.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -98,13 +97,13 @@ TEST_F(FileSystem, FailsWithThePlatformsNumbers) {
 
 // A dictionary is read more than once; the first reading must not take away what a pipe holds.
 TEST_F(FileSystem, LeavesAPipeUnread) {
-  const std::string path = ToHostPath(File("pipe"));
-  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-  HostFile writer = HostFile::Open(path, O_RDWR);
+  const HostPath path(File("pipe"));
+  ASSERT_EQ(mkfifo(path.Native().c_str(), 0600), 0);
+  HostFile writer = *HostFile::Open(path, OpenMode::ReadWrite);
   ASSERT_TRUE(writer.Write("abc"));
   EXPECT_EQ(FailureOf([this] { std::ignore = files_.OpenTextFile(File("pipe")); }), 70);
   std::array<char, 3> held = {};
-  EXPECT_EQ(writer.Read(held), 3U);
+  EXPECT_EQ(*writer.Read(held), 3U);
 }
 
 TEST_F(FileSystem, DeletesAFileWithoutWritePermissionOnlyByForce) {

@@ -36,7 +36,7 @@ TEST(PlatformSettings, CodePageComesFromTheSettingsFileIfTheMachineKnowsIt) {
   for (const auto& [file, western, message] : kCases) {
     const test::TemporaryFolder folder;
     test::WriteBytes(folder.File("Lexmill.ini"), file);
-    EXPECT_EXIT(ExitWithTextOfE9(FromHostPath(folder.Path().native())),
+    EXPECT_EXIT(ExitWithTextOfE9(HostPath::FromNative(folder.Path()).Text()),
                 testing::ExitedWithCode(western), message)
         << file;
   }
@@ -44,8 +44,8 @@ TEST(PlatformSettings, CodePageComesFromTheSettingsFileIfTheMachineKnowsIt) {
 
 TEST(PlatformSettings, NoFileLeavesTheDefaultPage) {
   const test::TemporaryFolder folder;
-  EXPECT_EXIT(ExitWithTextOfE9(FromHostPath(folder.Path().native())), testing::ExitedWithCode(0),
-              "^$");
+  EXPECT_EXIT(ExitWithTextOfE9(HostPath::FromNative(folder.Path()).Text()),
+              testing::ExitedWithCode(0), "^$");
 }
 
 }  // namespace

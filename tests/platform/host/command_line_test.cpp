@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/host/application.h"
-#include "platform/host/host_path.h"
 #include "tests/support/files.h"
 #include "tests/support/readable_text.h"
 
@@ -50,7 +49,7 @@ TEST(CommandLine, RunsAnExistingBatchFileWithTheInterpreter) {
   test::WriteBytes(folder.File("no.txt"), "");
   std::filesystem::create_directory(folder.Path() / "folder.bat");
   SetApplicationFolder(u"/programs");
-  const std::string path = ToHostPath(folder.File("a b.BAT"));
+  const std::string path = ToUtf8(folder.File("a b.BAT"));
 
   struct Case {
     std::u16string line;

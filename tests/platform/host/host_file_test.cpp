@@ -6,12 +6,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 
 #include <gtest/gtest.h>
 
-#include "platform/host/host_path.h"
+#include "platform/host/replacement_file.h"
+#include "platform/text/text.h"
 #include "tests/support/files.h"
 
 namespace lexmill::platform {
@@ -32,14 +32,10 @@ pid_t GoneProcess() {
   return child;
 }
 
-std::string HostPath(const TemporaryFolder& folder, std::string_view name) {
-  return (folder.Path() / name).string();
-}
-
 /// Writes `bytes` through a replacement of `target` and commits it.
-void Replace(const std::string& target, std::string_view bytes) {
+void Replace(const std::u16string& target, std::string_view bytes) {
   auto file = ReplacementFile::Create(target);
-  ASSERT_TRUE(file.has_value()) << target << ": errno " << errno;
+  ASSERT_TRUE(file) << ToUtf8(target) << ": " << static_cast<int>(file.Error());
   EXPECT_TRUE(file->File().Write(bytes));
   EXPECT_TRUE(file->Commit(true));
 }
@@ -47,53 +43,113 @@ void Replace(const std::string& target, std::string_view bytes) {
 TEST(HostFile, OpensNoOtherFileForANameWithNul) {
   const TemporaryFolder folder;
   WriteBytes(folder.File("a"), "kept");
-  const std::string name = HostPath(folder, "a") + std::string("\0b", 2);
-  EXPECT_FALSE(HostFile::Open(name, O_WRONLY | O_CREAT | O_TRUNC).IsOpen());
+  const HostPath name(folder.File("a") + std::u16string(u"\0b", 2));
+  EXPECT_FALSE(HostFile::Open(name, OpenMode::ReadWriteReplace));
   EXPECT_FALSE(RemoveFile(name));
   EXPECT_EQ(ReadBytes(folder.File("a")), "kept");
 }
 
 TEST(HostFile, DoesNotWaitForTheOtherEndOfANamedPipe) {
   const TemporaryFolder folder;
-  const std::string pipe = HostPath(folder, "pipe");
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  EXPECT_FALSE(HostFile::Open(pipe, O_WRONLY).IsOpen());
-  EXPECT_EQ(errno, ENXIO);
-  HostFile reader = HostFile::Open(pipe, O_RDONLY);
+  const HostPath pipe(folder.File("pipe"));
+  ASSERT_EQ(mkfifo(pipe.Native().c_str(), 0600), 0);
+  EXPECT_TRUE(HostFile::Open(pipe, OpenMode::Overwrite).FailedBy(HostError::Device));
+  auto reader = HostFile::Open(pipe, OpenMode::Read);
   char byte = 0;
-  EXPECT_EQ(reader.Read({&byte, 1}), 0U);
+  EXPECT_EQ(*reader->Read({&byte, 1}), 0U);
+}
+
+TEST(HostFile, OpensAsItsModeSays) {
+  constexpr bool kRefused = false;
+  const struct {
+    OpenMode mode;
+    bool opensMissing;
+    std::string content;  ///< of an older file afterwards, after a write of "-"
+  } cases[] = {{OpenMode::Read, false, "old"},           {OpenMode::ReadWrite, false, "-ld"},
+               {OpenMode::ReadWriteCreate, true, "-ld"}, {OpenMode::ReadWriteReplace, true, "-"},
+               {OpenMode::Overwrite, false, "-"},        {OpenMode::CreateNew, true, "old"}};
+  for (const auto& row : cases) {
+    SCOPED_TRACE(static_cast<int>(row.mode));
+    const TemporaryFolder folder;
+    WriteBytes(folder.File("f"), "old");
+    const auto missing = HostFile::Open(HostPath(folder.File("new")), row.mode);
+    EXPECT_EQ(static_cast<bool>(missing), row.opensMissing);
+    EXPECT_EQ(missing.FailedBy(HostError::NotFound), !row.opensMissing);
+    auto older = HostFile::Open(HostPath(folder.File("f")), row.mode);
+    EXPECT_EQ(older.FailedBy(HostError::Exists), row.mode == OpenMode::CreateNew);
+    const bool isWritten = older ? static_cast<bool>(older->Write("-")) : kRefused;
+    EXPECT_EQ(isWritten, row.content.starts_with('-'));
+    EXPECT_EQ(ReadBytes(folder.File("f")), row.content);
+  }
 }
 
 TEST(HostFile, ReadsAndWritesAtAPosition) {
   const TemporaryFolder folder;
-  HostFile file = HostFile::Open(HostPath(folder, "f"), O_RDWR | O_CREAT);
+  HostFile file = *HostFile::Open(HostPath(folder.File("f")), OpenMode::ReadWriteCreate);
   EXPECT_TRUE(file.WriteAt("0123456789", 0));
   EXPECT_TRUE(file.WriteAt("xy", 4));
   EXPECT_TRUE(file.Truncate(8));
   std::string buffer(6, '-');
-  EXPECT_EQ(file.ReadAt(buffer, 3), 5U);
+  EXPECT_EQ(*file.ReadAt(buffer, 3), 5U);
   EXPECT_EQ(buffer, "3xy67-");
+}
+
+/// A lock as shells take it: bound to the process, on the whole file.
+class LockOfAShell {
+ public:
+  LockOfAShell(const HostPath& path, short type)
+      : descriptor_(open(path.Native().c_str(), O_RDWR)) {
+    struct flock whole {};
+    whole.l_type = type;
+    isHeld_ = fcntl(descriptor_, F_SETLK, &whole) == 0;
+  }
+  ~LockOfAShell() { close(descriptor_); }
+  LockOfAShell(const LockOfAShell&) = delete;
+  LockOfAShell& operator=(const LockOfAShell&) = delete;
+  [[nodiscard]] bool IsHeld() const { return isHeld_; }
+
+ private:
+  int descriptor_;
+  bool isHeld_;
+};
+
+TEST(HostFile, LocksOutOtherOpenersAndRealShells) {
+  const TemporaryFolder folder;
+  const HostPath path(folder.File("f"));
+  HostFile file = *HostFile::Open(path, OpenMode::ReadWriteCreate);
+  HostFile other = *HostFile::Open(path, OpenMode::ReadWrite);
+  ASSERT_TRUE(file.Lock(LockKind::Shared) && other.Lock(LockKind::Shared));
+  EXPECT_TRUE(file.Lock(LockKind::Exclusive).FailedBy(HostError::InUse));
+  EXPECT_TRUE(LockOfAShell(path, F_RDLCK).IsHeld());
+  EXPECT_FALSE(LockOfAShell(path, F_WRLCK).IsHeld());
+  ASSERT_TRUE(other.Lock(LockKind::None) && file.Lock(LockKind::Exclusive));
+  EXPECT_TRUE(other.Lock(LockKind::Shared).FailedBy(HostError::InUse));
+  EXPECT_FALSE(LockOfAShell(path, F_RDLCK).IsHeld());
+  file.Close();
+  const LockOfAShell shell(path, F_WRLCK);
+  EXPECT_TRUE(shell.IsHeld());
+  EXPECT_TRUE(other.Lock(LockKind::Shared).FailedBy(HostError::InUse));
 }
 
 TEST(ReplacementFile, ShowsNothingBeforeCommitAndLeavesNothingBesideIt) {
   const TemporaryFolder folder;
   WriteBytes(folder.File("f"), "old");
   {
-    auto file = ReplacementFile::Create(HostPath(folder, "f"));
+    auto file = ReplacementFile::Create(folder.File("f"));
     ASSERT_TRUE(file->File().Write("new"));
     EXPECT_EQ(ReadBytes(folder.File("f")), "old");
   }
   EXPECT_EQ(ReadBytes(folder.File("f")), "old");
   EXPECT_EQ(folder.Listing(), "f");
-  Replace(HostPath(folder, "f"), "new");
+  Replace(folder.File("f"), "new");
   EXPECT_EQ(ReadBytes(folder.File("f")), "new");
   EXPECT_EQ(folder.Listing(), "f");
 }
 
 TEST(ReplacementFile, TwoOfOneTargetDoNotMix) {
   const TemporaryFolder folder;
-  auto first = ReplacementFile::Create(HostPath(folder, "f"));
-  auto second = ReplacementFile::Create(HostPath(folder, "f"));
+  auto first = ReplacementFile::Create(folder.File("f"));
+  auto second = ReplacementFile::Create(folder.File("f"));
   ASSERT_TRUE(first && second);
   EXPECT_TRUE(first->File().Write("first") && second->File().Write("2"));
   EXPECT_TRUE(first->Commit(false));
@@ -113,7 +169,7 @@ TEST(ReplacementFile, RemovesWhatGoneProcessesLeftAndNothingElse) {
         ".g.lexmill-" + gone, std::string(".f.lexmill-"), ".f.lexmill-" + gone + "x"}) {
     WriteBytes(folder.File(name), "x");
   }
-  Replace(HostPath(folder, "f"), "new");
+  Replace(folder.File("f"), "new");
   EXPECT_EQ(folder.Listing(), kept + " f");
 }
 
@@ -122,13 +178,14 @@ TEST(ReplacementFile, FollowsLinksAndKeepsPermissions) {
   std::filesystem::create_directory(folder.Path() / "d");
   std::filesystem::create_symlink("d/real", folder.Path() / "link");
   std::filesystem::create_symlink("link", folder.Path() / "second");
-  Replace(HostPath(folder, "second"), "made");
+  Replace(folder.File("second"), "made");
   EXPECT_EQ(ReadBytes(folder.File("d/real")), "made");
-  ASSERT_EQ(chmod(HostPath(folder, "d/real").c_str(), 0640), 0);
-  Replace(HostPath(folder, "second"), "replaced");
+  ASSERT_EQ(chmod((folder.Path() / "d/real").c_str(), 0640), 0);
+  Replace(folder.File("second"), "replaced");
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() / "link"));
   EXPECT_EQ(ReadBytes(folder.File("d/real")), "replaced");
-  EXPECT_EQ(StatusOf(HostPath(folder, "d/real"))->permissions, 0640U);
+  EXPECT_EQ(std::filesystem::status(folder.Path() / "d/real").permissions(),
+            std::filesystem::perms(0640));
 }
 
 TEST(ReplacementFile, TakesNamesOfFullLengthInAnyScript) {
@@ -138,8 +195,8 @@ TEST(ReplacementFile, TakesNamesOfFullLengthInAnyScript) {
     chinese += "\xE8\xAF\x8D";
   }
   for (const std::string& name : {std::string(255, 'n'), chinese}) {
-    Replace(HostPath(folder, name), "old");
-    Replace(HostPath(folder, name), "new");
+    Replace(folder.File(name), "old");
+    Replace(folder.File(name), "new");
     EXPECT_EQ(ReadBytes(folder.File(name)), "new");
   }
 }
@@ -149,19 +206,17 @@ TEST(ReplacementFile, WritesInPlaceWhereTheFolderRefuses) {
   const TemporaryFolder folder;
   WriteBytes(folder.File("f"), "old and longer");
   ASSERT_EQ(chmod(folder.Path().c_str(), 0500), 0);
-  Replace(HostPath(folder, "f"), "new");
-  EXPECT_FALSE(ReplacementFile::Create(HostPath(folder, "missing")));
-  EXPECT_EQ(errno, EACCES);
+  Replace(folder.File("f"), "new");
+  EXPECT_TRUE(ReplacementFile::Create(folder.File("missing")).FailedBy(HostError::Denied));
   ASSERT_EQ(chmod(folder.Path().c_str(), 0700), 0);
   EXPECT_EQ(ReadBytes(folder.File("f")), "new");
 }
 
 TEST(ReplacementFile, WritesADeviceInPlace) {
   const OrdinaryUser user;  // whose mistakes leave the device alone
-  auto device = ReplacementFile::Create("/dev/full");
+  auto device = ReplacementFile::Create(u"/dev/full");
   ASSERT_TRUE(device);
-  EXPECT_FALSE(device->File().Write("x"));
-  EXPECT_EQ(errno, ENOSPC);
+  EXPECT_TRUE(device->File().Write("x").FailedBy(HostError::Full));
 }
 
 TEST(ReplacementFile, RefusesTargetsThatCannotBeWritten) {
@@ -169,26 +224,24 @@ TEST(ReplacementFile, RefusesTargetsThatCannotBeWritten) {
   const TemporaryFolder folder;
   WriteBytes(folder.File("f"), "old");
   WriteBytes(folder.File("readonly"), "old");
-  ASSERT_EQ(chmod(HostPath(folder, "readonly").c_str(), 0444), 0);
+  ASSERT_EQ(chmod((folder.Path() / "readonly").c_str(), 0444), 0);
   std::filesystem::create_directory(folder.Path() / "d");
   std::filesystem::create_symlink("loop", folder.Path() / "loop");
-  ASSERT_EQ(mkfifo(HostPath(folder, "pipe").c_str(), 0600), 0);
+  ASSERT_EQ(mkfifo((folder.Path() / "pipe").c_str(), 0600), 0);
   const struct {
     std::string name;
-    int error;
-  } cases[] = {{"d", EISDIR},      {"d/", EISDIR},
-               {"new/", EISDIR},   {"readonly", EACCES},
-               {"none/f", ENOENT}, {"f/f", ENOTDIR},
-               {"loop", ELOOP},    {std::string(256, 'n'), ENAMETOOLONG},
-               {"pipe", ENXIO},    {std::string("f\0g", 3), ENOENT}};
+    HostError error;
+  } cases[] = {{"d", HostError::IsFolder},      {"d/", HostError::IsFolder},
+               {"new/", HostError::IsFolder},   {"readonly", HostError::Denied},
+               {"none/f", HostError::NotFound}, {"f/f", HostError::NoFolder},
+               {"loop", HostError::NoFolder},   {std::string(256, 'n'), HostError::BadName},
+               {"pipe", HostError::Device},     {std::string("f\0g", 3), HostError::NotFound}};
   const std::string before = folder.Listing();
   for (const auto& row : cases) {
     SCOPED_TRACE(row.name);
-    errno = 0;
-    EXPECT_FALSE(ReplacementFile::Create(HostPath(folder, row.name)));
-    EXPECT_EQ(errno, row.error);
+    EXPECT_TRUE(ReplacementFile::Create(folder.File(row.name)).FailedBy(row.error));
   }
-  EXPECT_FALSE(ReplacementFile::Create(""));
+  EXPECT_FALSE(ReplacementFile::Create(u""));
   EXPECT_EQ(folder.Listing(), before);
   EXPECT_EQ(ReadBytes(folder.File("f")), "old");
 }

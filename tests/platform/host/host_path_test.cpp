@@ -43,7 +43,7 @@ TEST(HostPath, FolderGetsExactlyOneSeparator) {
 
 TEST(HostPath, NameWithBytesThatAreNoTextSurvives) {
   const std::string path = "/\xE4\xB8\xAD/\xD6\xD0.glo";
-  EXPECT_EQ(ToHostPath(FromHostPath(path)), path);
+  EXPECT_EQ(HostPath(HostPath::FromNative(path).Text()).Native(), path);
 }
 
 }  // namespace

@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "platform/host/program_start.h"
-
 #include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
 
 #include "platform/host/application.h"
-#include "platform/host/host_faults.h"
-#include "platform/host/host_path.h"
+#include "platform/host/posix/child.h"
+#include "platform/host/posix/descriptor.h"
+#include "platform/host/posix/error.h"
+#include "platform/host/system_process.h"
+#include "platform/text/text.h"
 
-namespace lexmill::platform {
+namespace lexmill::platform::system {
 namespace {
 
 /// What the new process does before the program starts.
@@ -29,10 +28,10 @@ class FileActions {
   FileActions& operator=(const FileActions&) = delete;
 
   [[nodiscard]] int Give(const HostFile& file, int descriptor) {
-    return posix_spawn_file_actions_adddup2(&actions_, file.Descriptor(), descriptor);
+    return posix_spawn_file_actions_adddup2(&actions_, DescriptorOf(file.Handle()), descriptor);
   }
-  [[nodiscard]] int ChangeDirectory(const std::string& directory) {
-    return posix_spawn_file_actions_addchdir_np(&actions_, directory.c_str());
+  [[nodiscard]] int ChangeDirectory(const HostPath& directory) {
+    return posix_spawn_file_actions_addchdir_np(&actions_, directory.Native().c_str());
   }
   [[nodiscard]] const posix_spawn_file_actions_t* Get() const { return &actions_; }
 
@@ -44,14 +43,14 @@ class FileActions {
 /// shell, whatever this process has chosen for itself.
 class Attributes {
  public:
-  explicit Attributes(ProcessGroup group) {
+  explicit Attributes(Family family) {
     posix_spawnattr_init(&attributes_);
     sigset_t signals;
     sigemptyset(&signals);
     posix_spawnattr_setsigmask(&attributes_, &signals);
     sigaddset(&signals, SIGPIPE);
     posix_spawnattr_setsigdefault(&attributes_, &signals);
-    const int groupFlag = group == ProcessGroup::Own ? POSIX_SPAWN_SETPGROUP : 0;
+    const int groupFlag = family == Family::Own ? POSIX_SPAWN_SETPGROUP : 0;
     posix_spawnattr_setflags(&attributes_, static_cast<short>(POSIX_SPAWN_SETSIGMASK |
                                                               POSIX_SPAWN_SETSIGDEF | groupFlag));
   }
@@ -67,13 +66,21 @@ class Attributes {
 
 /// A copy of `file`, or of the empty device, above the three standard descriptors: a plain one
 /// might be overwritten by its neighbour on its way into the new process.
-HostFile ForChild(const HostFile* file) {
+HostResult<HostFile> ForChild(const HostFile* file) {
   HostFile empty;
   if (file == nullptr) {
-    empty = HostFile::Open("/dev/null", O_RDWR);
+    auto device = HostFile::Open(HostPath(kNullDevice), OpenMode::ReadWrite);
+    if (!device) {
+      return device;
+    }
+    empty = *std::move(device);
     file = &empty;
   }
-  return HostFile(fcntl(file->Descriptor(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+  const int copy = fcntl(DescriptorOf(file->Handle()), F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  if (copy < 0) {
+    return LastError();
+  }
+  return HostFile(HandleOf(copy));
 }
 
 bool IsExecutable(const std::filesystem::path& directory, const std::string& program) {
@@ -83,15 +90,15 @@ bool IsExecutable(const std::filesystem::path& directory, const std::string& pro
 }
 
 /// Where the search for `program` ends in `directory`; the name as it is if PATH is to be searched.
-std::string Locate(const std::string& program, const std::string& directory) {
+std::string Locate(const std::string& program, const std::filesystem::path& directory) {
   if (program.empty() || program.find('/') != std::string::npos) {
     return program;
   }
   if (IsExecutable(directory, program)) {
     return "./" + program;
   }
-  const std::string ours = ToHostPath(WithSeparator(ApplicationFolder()));
-  return IsExecutable(ours, program) ? ours + program : program;
+  const std::filesystem::path ours = HostPath(ApplicationFolder()).Native();
+  return IsExecutable(ours, program) ? (ours / program).native() : program;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& arguments) {
@@ -104,77 +111,71 @@ std::vector<char*> Pointers(std::vector<std::string>& arguments) {
   return pointers;
 }
 
-/// @return none and `errno` if one of the streams can't be passed on
-std::optional<std::array<HostFile, 3>> StreamsForChild(const ProgramStart& start) {
-  std::array<HostFile, 3> streams = {ForChild(start.standardInput), ForChild(start.standardOutput),
-                                     ForChild(start.standardError)};
-  for (const auto& stream : streams) {
-    if (!stream.IsOpen()) {
-      return std::nullopt;
+using Streams = std::array<HostFile, 3>;
+
+HostResult<Streams> StreamsForChild(const ProgramStart& start) {
+  const std::array files = {start.standardInput, start.standardOutput, start.standardError};
+  Streams streams;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    auto stream = ForChild(files[i]);
+    if (!stream) {
+      return stream.Error();
     }
+    streams[i] = *std::move(stream);
   }
   return streams;
 }
 
 }  // namespace
 
-bool IsProgramThere(std::u16string_view program, std::u16string_view directory) {
-  const std::string name = ToHostPath(program);
-  if (IsExecutable(ToHostPath(directory), name) ||
-      IsExecutable(ToHostPath(ApplicationFolder()), name)) {
-    return true;
-  }
-  const char* path = std::getenv("PATH");
-  std::istringstream folders(path == nullptr ? "" : path);
-  for (std::string folder; std::getline(folders, folder, ':');) {
-    if (IsExecutable(folder, name)) {
-      return true;
-    }
-  }
-  return false;
-}
-
-std::optional<int> StartProgram(const ProgramStart& start, ProcessGroup group) {
+HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
   if (start.words.empty()) {
-    errno = ENOENT;
-    return std::nullopt;
-  }
-  if (HostFaults::Strike(HostCall::Start)) {
-    return std::nullopt;
+    return HostError::NotFound;
   }
   const auto streams = StreamsForChild(start);
   if (!streams) {
-    return std::nullopt;
+    return streams.Error();
   }
   std::vector<std::string> arguments;
   for (const auto& word : start.words) {
-    arguments.push_back(ToHostPath(word));
+    arguments.push_back(ToUtf8(word));
   }
-  const std::string directory = ToHostPath(start.directory);
+  const HostPath directory(start.directory);
 
   FileActions actions;
-  int error = directory.empty() ? 0 : actions.ChangeDirectory(directory);
+  int error = start.directory.empty() ? 0 : actions.ChangeDirectory(directory);
   for (int i = 0; i < 3 && error == 0; ++i) {
     error = actions.Give((*streams)[static_cast<std::size_t>(i)], i);
   }
   pid_t process = 0;
   if (error == 0) {
-    error = posix_spawnp(&process, Locate(arguments[0], directory).c_str(), actions.Get(),
-                         Attributes(group).Get(), Pointers(arguments).data(), environ);
+    error = posix_spawnp(&process, Locate(arguments[0], directory.Native()).c_str(), actions.Get(),
+                         Attributes(family).Get(), Pointers(arguments).data(), environ);
   }
-  errno = error;
-  return error == 0 ? std::optional<int>(process) : std::nullopt;
+  if (error != 0) {
+    return HostErrorOf(error);
+  }
+  return std::make_shared<Child>(process);
 }
 
-std::optional<int> RunProgram(const ProgramStart& start) {
-  const auto process = StartProgram(start, ProcessGroup::Shared);
-  if (!process) {
-    return std::nullopt;
+}  // namespace lexmill::platform::system
+
+namespace lexmill::platform {
+
+bool IsProgramThere(std::u16string_view program, std::u16string_view directory) {
+  const std::string name = ToUtf8(program);
+  if (system::IsExecutable(HostPath(directory).Native(), name) ||
+      system::IsExecutable(HostPath(ApplicationFolder()).Native(), name)) {
+    return true;
   }
-  int status = 0;
-  while (waitpid(*process, &status, 0) < 0 && errno == EINTR) {
+  const char* path = std::getenv("PATH");
+  std::istringstream folders(path == nullptr ? "" : path);
+  for (std::string folder; std::getline(folders, folder, ':');) {
+    if (system::IsExecutable(folder, name)) {
+      return true;
+    }
   }
-  return WIFSIGNALED(status) ? kExitBySignal + WTERMSIG(status) : WEXITSTATUS(status);
+  return false;
 }
 
 }  // namespace lexmill::platform

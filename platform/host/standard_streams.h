@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// platform/host: what a program is started with.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/host/host_file.h"
+
+namespace lexmill::platform {
+
+/// The words of this program's command line, its own name first, from what `main` was given; never
+/// empty.
+[[nodiscard]] std::vector<std::u16string> ProgramWords(int count, const char* const* words);
+
+enum class StandardStream { Input, Output, Error };
+
+/// One of the process's own streams. It is closed together with the result.
+[[nodiscard]] HostFile TakeStandardStream(StandardStream stream);
+/// True if somebody watches the stream on a terminal.
+[[nodiscard]] bool IsTerminal(StandardStream stream);
+
+}  // namespace lexmill::platform

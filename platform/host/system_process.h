@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// platform/host: what the folder of each system defines for processes. Called by this folder's
+// sources alone, which ask HostFaults before and say in their headers what each call means.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/host/host_file.h"
+#include "platform/host/process.h"
+#include "platform/host/program_start.h"
+
+namespace lexmill::platform::system {
+
+[[nodiscard]] HostResult<Pipe> CreatePipe();
+
+enum class Arrival { Something, NothingYet, Failure };
+/// Waits until something can be read from `handle` or its other end is closed, which counts as
+/// Something; no longer than `milliseconds`.
+[[nodiscard]] Arrival WaitForInput(HostHandle handle, int milliseconds);
+
+/// Who is ended together with a started program.
+enum class Family {
+  Own,     ///< all that it starts in turn, and nobody else
+  Shared,  ///< whoever is ended with this process
+};
+
+/// A program that was started. Letting go of it doesn't end it.
+class Child;
+using ChildHandle = std::shared_ptr<Child>;
+
+[[nodiscard]] HostResult<ChildHandle> Start(const ProgramStart& start, Family family);
+/// Waits for the program's end. @return its exit code, as RunProgram says
+[[nodiscard]] int WaitForEnd(Child& child);
+/// Gives the program up to `milliseconds` to end.
+void WaitForEnd(Child& child, int milliseconds);
+/// True if nothing is left of a family of its own.
+[[nodiscard]] bool IsGone(Child& child);
+/// Ends a family of its own, at once and without a chance to refuse.
+void End(Child& child);
+
+/// Number of this process, as IsProcessGone takes it.
+[[nodiscard]] std::uint32_t ProcessNumber();
+/// True if there is surely no process of this number.
+[[nodiscard]] bool IsProcessGone(std::uint32_t number);
+
+}  // namespace lexmill::platform::system
