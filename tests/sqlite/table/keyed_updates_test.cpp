@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <map>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -127,6 +128,12 @@ TEST_F(KeyedUpdates, RowThatWouldBeTooLongKeepsItsValue) {
   database.UpdateWhere(table, kO1, kO2, "long", "replaced");
   EXPECT_EQ(ErrorOf([&] { database.Commit(); }), "too much data for one table row");
   EXPECT_EQ(Rows(database, "O"), (Rowset{half + "\tlong\treplaced", "\tshort\tnew"}));
+
+  database.Begin();
+  database.UpdateWhere(table, kO1, kO2, "long", half);
+  Append(database, "O", {"", "", ""});
+  database.Rollback();
+  EXPECT_EQ(ErrorOf([&] { std::ignore = Rows(database, "O"); }), "") << "nothing is left of it";
 }
 
 TEST_F(KeyedUpdates, AreForTextColumnsOutsideIndexes) {
