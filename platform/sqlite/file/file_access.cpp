@@ -75,6 +75,7 @@ bool FileAccess::TryEnter() {
 }
 
 void FileAccess::RecoverJournal() {
+  hasUselessJournal_ = false;
   const auto journal = HostFile::Open(pager_->JournalPath(), OpenMode::Read);
   if (journal.FailedBy(HostError::NotFound)) {
     return;
@@ -84,9 +85,13 @@ void FileAccess::RecoverJournal() {
   }
   // A living writer holds the write lock for as long as its journal is there, and then this process
   // would not have got the shared one.
-  const JournalKind kind = KindOf(*journal);
+  const JournalKind kind = KindOf(*journal, pager_->File());
   if (kind == JournalKind::Foreign) {
     throw DatabaseError(kMalformed);
+  }
+  if (kind == JournalKind::Nothing) {
+    RemoveUselessJournal();
+    return;
   }
   if (!canWrite_) {
     throw DatabaseError(kCannotOpen);
@@ -94,12 +99,18 @@ void FileAccess::RecoverJournal() {
   if (!TryLock(LockKind::Exclusive)) {
     throw DatabaseError(kLocked);
   }
-  if (kind == JournalKind::Journal) {
-    PlayBack(*journal, pager_->File(), ByteOrder::Little);
-  }
+  PlayBack(*journal, pager_->File(), ByteOrder::Little);
   if (!RemoveFile(pager_->JournalPath())) {
     throw DatabaseError(kCannotOpen);
   }
+  std::ignore = TryLock(LockKind::Shared);
+}
+
+/// Who may not remove a journal that undoes nothing, as in a read-only folder, can read all the
+/// same. A writer can't: at its end the journal would still be there.
+void FileAccess::RemoveUselessJournal() {
+  const bool mayRemove = canWrite_ && TryLock(LockKind::Exclusive);
+  hasUselessJournal_ = !mayRemove || !RemoveFile(pager_->JournalPath());
   std::ignore = TryLock(LockKind::Shared);
 }
 
@@ -108,6 +119,9 @@ void FileAccess::BeginWriting() {
     throw DatabaseError(kLocked);
   }
   try {
+    if (hasUselessJournal_ && !RemoveFile(pager_->JournalPath())) {
+      throw DatabaseError(kCannotOpen);
+    }
     pager_->Begin();
     if (pager_->Count() == 0) {
       CreateFileHead(*pager_);

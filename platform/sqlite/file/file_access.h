@@ -39,9 +39,11 @@ class FileAccess {
   /// Changes the lock on the file. @return false if another opener is in the way
   [[nodiscard]] bool TryLock(LockKind kind);
   void RecoverJournal();
+  void RemoveUselessJournal();
 
   std::optional<Pager> pager_;
   bool canWrite_ = true;
+  bool hasUselessJournal_ = false;  ///< that undoes nothing and couldn't be removed
 };
 
 }  // namespace lexmill::platform::sqlite

@@ -18,6 +18,7 @@
 #include <utility>
 
 #include "platform/sqlite/database_error.h"
+#include "platform/sqlite/file/page_io.h"
 #include "platform/sqlite/file/temporary_file.h"
 
 namespace lexmill::platform::sqlite {
@@ -32,6 +33,7 @@ constexpr std::size_t kLongHead = 20;
 constexpr std::uint32_t kUncounted =
     0xFFFFFFFF;  ///< as many images as the file's size has room for
 constexpr std::size_t kPendingSize = 64 * 1024;
+constexpr auto kSize = static_cast<std::int64_t>(kPageSize);
 
 /// A journal's integers are big-endian whatever the database's are.
 constexpr ByteOrder kOrder = ByteOrder::Big;
@@ -112,6 +114,10 @@ void ForEachImage(const HostFile& journal, const Layout& layout, const RestorePa
   }
 }
 
+std::int64_t PagesOf(const HostFile& database) {
+  return SizeOf(database) / kSize;
+}
+
 }  // namespace
 
 Journal::Journal(HostFile file, PageNumber pageCount)
@@ -161,7 +167,7 @@ void Journal::Replay(const RestorePage& restore) {
   ForEachImage(file_, LayoutOf(file_, kOrder), restore);
 }
 
-JournalKind KindOf(const HostFile& journal) {
+JournalKind KindOf(const HostFile& journal, const HostFile& database) {
   Head head{};
   const std::size_t size = ReadHead(journal, head);
   if (size < kShortHead) {
@@ -172,18 +178,21 @@ JournalKind KindOf(const HostFile& journal) {
       version > kVersion3) {
     return JournalKind::Foreign;
   }
-  return version == kVersion3 && size < kLongHead ? JournalKind::Nothing : JournalKind::Journal;
+  if (version == kVersion3 && size < kLongHead) {
+    return JournalKind::Nothing;
+  }
+  // A writer that has only added pages left no image, but a database that is to be cut.
+  const Layout layout = LayoutOf(journal, ByteOrder::Little);
+  const bool hasImage =
+      SizeOf(journal) >= static_cast<std::int64_t>(layout.headSize + layout.ImageSize());
+  return hasImage || PagesOf(database) > layout.pageCount ? JournalKind::Journal
+                                                          : JournalKind::Nothing;
 }
 
 void PlayBack(const HostFile& journal, HostFile& database, ByteOrder order) {
   const Layout layout = LayoutOf(journal, order);
-  const auto size = database.Size();
-  if (!size) {
-    throw TransferError(size.Error());
-  }
-  constexpr auto kSize = static_cast<std::int64_t>(kPageSize);
   // A database never shrinks, so a journal that names more pages than it has belongs to another.
-  const std::int64_t pages = std::min<std::int64_t>(layout.pageCount, *size / kSize);
+  const std::int64_t pages = std::min<std::int64_t>(layout.pageCount, PagesOf(database));
   ThrowUnless(database.Truncate(pages * kSize));
   ForEachImage(journal, layout, [&database, pages](PageNumber page, const char* bytes) {
     if (page <= pages) {

@@ -45,8 +45,12 @@ class Journal {
 };
 
 /// What the file found as a database's journal is.
-enum class JournalKind { Journal, Nothing, Foreign };
-[[nodiscard]] JournalKind KindOf(const HostFile& journal);
+enum class JournalKind {
+  Journal,
+  Nothing,  ///< one that undoes nothing: without a whole head, or with a head only
+  Foreign,
+};
+[[nodiscard]] JournalKind KindOf(const HostFile& journal, const HostFile& database);
 
 /// Undoes what the writer of `journal` did to `database`: cuts it to its old size and restores its
 /// old pages. The journal may be of any version; one cut short is played as far as it goes.

@@ -36,6 +36,14 @@ PageNumber PagesIn(const std::string& pages) {
 
 }  // namespace
 
+std::int64_t SizeOf(const HostFile& file) {
+  const auto size = file.Size();
+  if (!size) {
+    throw TransferError(size.Error());
+  }
+  return *size;
+}
+
 void PageIo::Read(PageNumber page, char* bytes) {
   if (TakeFrom(run_, runFirst_, page, bytes) || TakeFrom(ahead_, aheadFirst_, page, bytes)) {
     return;

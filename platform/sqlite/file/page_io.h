@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -10,6 +11,9 @@
 #include "platform/sqlite/file/page.h"
 
 namespace lexmill::platform::sqlite {
+
+/// The size of a file in bytes. @throws DatabaseError kInputOutput
+[[nodiscard]] std::int64_t SizeOf(const HostFile& file);
 
 /// Reads ahead when pages are read one after another, and collects neighbours that are written so.
 class PageIo {

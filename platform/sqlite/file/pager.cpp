@@ -40,14 +40,6 @@ std::int64_t BytesOf(PageNumber pages) {
   return std::int64_t{pages} * static_cast<std::int64_t>(kPageSize);
 }
 
-std::int64_t SizeOf(const HostFile& file) {
-  const auto size = file.Size();
-  if (!size) {
-    throw TransferError(size.Error());
-  }
-  return *size;
-}
-
 }  // namespace
 
 void Pager::Saved::Save(PageNumber page, const char* bytes) {

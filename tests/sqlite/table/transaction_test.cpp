@@ -294,6 +294,29 @@ TEST_F(ProtectedFiles, AreReadOnlyAndSoIsAProtectedFolder) {
     EXPECT_EQ(ErrorOf([&] { Write(database, [] {}); }), "unable to open database file");
   }
   chmod(folder_.Path().c_str(), 0755);
+  // A journal that undoes nothing keeps nobody from reading, though it can't be removed.
+  for (const std::string& journal :
+       {""s, std::string(kMagic) + "\xD6" + BigEndian(0) + BigEndian(77) + BigEndian(4)}) {
+    PutBytes(journal, "t.db-journal");
+    for (const mode_t rights : {0644U, 0444U}) {
+      chmod(path_.c_str(), rights);
+      chmod(folder_.Path().c_str(), 0555);
+      Database database(path_);
+      EXPECT_TRUE(Rows(database, "R").empty());
+      EXPECT_EQ(
+          ErrorOf([&] { Write(database, [] {}); }),
+          rights == 0644 ? "unable to open database file" : "attempt to write a readonly database");
+      chmod(folder_.Path().c_str(), 0755);
+    }
+    EXPECT_EQ(Bytes("t.db-journal"), journal);
+  }
+  chmod(path_.c_str(), 0644);
+  EXPECT_EQ(ErrorOf([&] {
+              Database database(path_);
+              Write(database, [] {});
+            }),
+            "");
+  EXPECT_EQ(folder_.Listing(), "t.db");
   EXPECT_EQ(Bytes(), before);
 }
 
