@@ -5,28 +5,23 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/files/line_bytes.h"
+#include "platform/host/replacement_file.h"
 #include "platform/text/text_encoding.h"
 
 namespace lexmill::platform {
-
-class HostFile;
-class ReplacementFile;
 
 /// The mark at the start of a file in Utf8WithMark.
 inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// Reads a text file line by line. LF ends a line and a CR directly before it goes too; a lone CR
-/// is text. A last line without an end counts. Buffered, and ahead of its owner where a file is
-/// long; closed by its destructor.
+/// is text. A last line without an end counts. Buffered; closed by its destructor.
 class TextReader {
  public:
-  TextReader(TextReader&&) noexcept;
-  TextReader& operator=(TextReader&&) noexcept;
-  ~TextReader();
-
   /// The next line without its end. The view lives until the next call on this object.
   /// @throws Failure InputPastEnd at the end of the file, DeviceError if the host can't read
   [[nodiscard]] std::u16string_view ReadLine();
@@ -34,29 +29,34 @@ class TextReader {
   /// True if no line is left. @throws Failure DeviceError if the host can't read
   [[nodiscard]] bool AtEndOfStream();
 
-  /// Allows that lines without `character`, an ASCII one, are passed over from now on: most of them
-  /// are, without the cost of decoding. For the owner who is looking for others, in a file whose
-  /// first line has been read.
-  void PassOverLinesWithout(char character);
+  /// Passes over lines without `character`, an ASCII one, from now on, without the cost of decoding
+  /// them; the next line may still be one. For the owner who is looking for others.
+  void PassOverLinesWithout(char character) { wanted_ = character; }
 
   /// Bytes of the file taken by the lines read so far, a mark included.
-  [[nodiscard]] std::int64_t BytesRead() const;
+  [[nodiscard]] std::int64_t BytesRead() const { return bytesRead_; }
   /// Size of the file in bytes when it was opened; 0 for a pipe or a device.
-  [[nodiscard]] std::int64_t Size() const;
+  [[nodiscard]] std::int64_t Size() const { return size_; }
 
   /// Closes now instead of at the end of this object's life. Closing twice is harmless.
   void Close();
 
  private:
   friend class FileSystemObject;
-  struct State;
   TextReader(HostFile file, std::int64_t size, TextEncoding encoding);
-  std::unique_ptr<State> state_;
+
+  LineBytes source_;
+  std::int64_t size_;
+  TextEncoding encoding_;
+  std::optional<char> wanted_;            ///< what a line has to hold to be given
+  std::optional<std::string_view> line_;  ///< the next one, if it has been looked at
+  std::int64_t bytesRead_ = 0;
+  std::u16string text_;  ///< the line that was given last
 };
 
-/// Writes a text file. Buffered: a line costs no system call, and what has come together is encoded
-/// and written while the owner goes on. The file takes the place of an older one of its name in one
-/// step when it is closed or destroyed; after a failed write the older one stays.
+/// Writes a text file. Buffered: a line costs no system call. The file takes the place of an older
+/// one of its name in one step when it is closed or destroyed; after a failed write the older one
+/// stays.
 class TextWriter {
  public:
   TextWriter(TextWriter&&) noexcept;
@@ -66,7 +66,7 @@ class TextWriter {
 
   /// Writes `text` as it is.
   /// @throws Failure of this call or an earlier one: InvalidCall if the encoding lacks a character
-  ///   (nothing of that call is written, nor of any behind it), DiskFull or DeviceError if the host
+  ///   (nothing of that call is written, nor of any after it), DiskFull or DeviceError if the host
   ///   can't write
   void Write(std::u16string_view text);
   /// Writes `text` and CR LF. @throws as Write

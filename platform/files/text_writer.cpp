@@ -1,36 +1,26 @@
 // SPDX-License-Identifier: MIT
+// Each text is encoded at once into a buffer, as a whole or not at all, and the buffer is written
+// when it is full. Two kinds of failure differ in what becomes of the file: after a failed write
+// the older file stays, since nobody knows what the new one holds; after a text that the encoding
+// lacks a character for, all that came before it is good and takes its place.
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "platform/files/text_stream.h"
-#include "platform/host/background_work.h"
 #include "platform/host/host_failure.h"
-#include "platform/host/replacement_file.h"
 
 namespace lexmill::platform {
 namespace {
 
-constexpr std::size_t kGroupUnits = 64 * 1024;
-
-/// Texts that follow one another, each of which is written as a whole or not at all.
-struct TextGroup {
-  void Clear() {
-    text.clear();
-    ends.clear();
-  }
-
-  std::u16string text;
-  std::vector<std::size_t> ends;  ///< of each text
-};
+constexpr std::size_t kBufferSize = 128 * 1024;
 
 }  // namespace
 
-/// Texts come together in groups; a full one is encoded and written beside the owner's work on the
-/// next. Leaves the file in its place when it is destroyed, however that comes about.
+/// Leaves the file in its place when it is destroyed, however that comes about.
 struct TextWriter::State {
   State(ReplacementFile created, std::u16string path, TextEncoding written)
       : target(std::move(created)), targetPath(std::move(path)), encoding(written) {
+    buffer.reserve(kBufferSize);
     if (encoding == TextEncoding::Utf8WithMark) {
       buffer = kUtf8Mark;
     }
@@ -42,54 +32,38 @@ struct TextWriter::State {
   ~State() {
     try {
       Close();
-    } catch (...) {  // a destructor has nobody to tell
+    } catch (...) {  // nobody is left to hear of it
     }
   }
 
-  void Write(std::u16string_view text, std::u16string_view lineEnd) {
+  void Write(std::u16string_view text, std::string_view lineEnd) {
     if (closed) {
       throw Failure(FailureNumber::ObjectNotSet, FailureOrigin::ScriptLibrary);
     }
-    Tell();
-    filling.text.append(text).append(lineEnd);
-    filling.ends.push_back(filling.text.size());
-    if (filling.text.size() >= kGroupUnits) {
-      HandOver();
+    ThrowEarlierFailure();
+    if (!EncodeText(encoding, text, buffer)) {
+      isRefused = true;
+      ThrowEarlierFailure();
+    }
+    buffer += lineEnd;
+    if (buffer.size() >= kBufferSize) {
+      Flush();
+      ThrowEarlierFailure();
     }
   }
 
-  void HandOver() {
-    work.Wait();
-    outcome = workOutcome;
-    Tell();
-    std::swap(filling, leaving);
-    filling.Clear();
-    work.Start([this] { WriteGroup(leaving); });
-  }
-
-  /// Writes the group, up to a text that the encoding lacks a character for.
-  void WriteGroup(const TextGroup& group) {
-    std::size_t start = 0;
-    for (const std::size_t end : group.ends) {
-      const auto text = std::u16string_view(group.text).substr(start, end - start);
-      if (!EncodeText(encoding, text, buffer)) {
-        workOutcome.isRefused = true;
-        break;
-      }
-      start = end;
-    }
+  void Flush() {
     if (const auto written = target->File().Write(buffer); !written) {
-      workOutcome.error = written.Error();
+      error = written.Error();
     }
     buffer.clear();
   }
 
-  /// Fails if something before has failed.
-  void Tell() {
-    if (outcome.error) {
-      throw TransferFailure(*outcome.error);
+  void ThrowEarlierFailure() const {
+    if (error) {
+      throw TransferFailure(*error);
     }
-    if (outcome.isRefused) {
+    if (isRefused) {
       throw Failure(FailureNumber::InvalidCall, FailureOrigin::ScriptLibrary);
     }
   }
@@ -98,44 +72,31 @@ struct TextWriter::State {
     if (std::exchange(closed, true)) {
       return;
     }
-    work.Wait();
-    const bool isToldOfRefusal = outcome.isRefused;
-    if (!workOutcome.error && !workOutcome.isRefused) {
-      WriteGroup(filling);
+    if (!error) {
+      Flush();
     }
-    outcome = workOutcome;
-    const auto placed = outcome.error ? Done() : target->Commit(true);
+    const auto placed = error ? Done() : target->Commit(true);
     target.reset();
+    if (error) {
+      throw TransferFailure(*error);
+    }
     if (!placed) {
       throw FileFailure(placed.Error(), targetPath);
     }
-    outcome.isRefused = outcome.isRefused && !isToldOfRefusal;
-    Tell();
   }
 
   void Discard() {
     closed = true;
-    work.Wait();
     target.reset();
   }
-
-  /// What has failed so far.
-  struct Outcome {
-    std::optional<HostError> error;  ///< of a write
-    bool isRefused = false;          ///< the encoding lacks a character
-  };
 
   std::optional<ReplacementFile> target;
   std::u16string targetPath;
   TextEncoding encoding;
-  TextGroup filling;
-  Outcome outcome;  ///< as far as the owner has seen it
+  std::string buffer;              ///< encoded and not yet written
+  std::optional<HostError> error;  ///< of a write
+  bool isRefused = false;          ///< the encoding has lacked a character
   bool closed = false;
-  // Of the work, while one is under way:
-  TextGroup leaving;
-  std::string buffer;
-  Outcome workOutcome;
-  BackgroundWork work;  ///< last: it ends before what it touches
 };
 
 TextWriter::TextWriter(ReplacementFile file, std::u16string path, TextEncoding encoding)
@@ -146,10 +107,10 @@ TextWriter& TextWriter::operator=(TextWriter&&) noexcept = default;
 TextWriter::~TextWriter() = default;
 
 void TextWriter::Write(std::u16string_view text) {
-  state_->Write(text, u"");
+  state_->Write(text, "");
 }
 void TextWriter::WriteLine(std::u16string_view text) {
-  state_->Write(text, u"\r\n");
+  state_->Write(text, "\r\n");
 }
 void TextWriter::Close() {
   state_->Close();

@@ -83,7 +83,9 @@ std::optional<char32_t> TablePage::FourByteCharacter(std::string_view bytes) con
 
 // Most texts never need the four-byte forms, so they are built when the first one does.
 const FourByteForms& TablePage::Forms() const {
-  std::call_once(formsBuilt_, [this] { forms_ = std::make_unique<FourByteForms>(table_); });
+  if (forms_ == nullptr) {
+    forms_ = std::make_unique<const FourByteForms>(table_);
+  }
   return *forms_;
 }
 

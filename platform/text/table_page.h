@@ -3,7 +3,6 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 
@@ -33,8 +32,7 @@ class TablePage final : public CodePage {
 
   DoubleByteTable table_;
   bool isCarriedOn_;
-  mutable std::once_flag formsBuilt_;
-  mutable std::unique_ptr<const FourByteForms> forms_;
+  mutable std::unique_ptr<const FourByteForms> forms_;  ///< none until a text needs them
 };
 
 }  // namespace lexmill::platform
