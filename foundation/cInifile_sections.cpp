@@ -6,7 +6,7 @@
 namespace lexmill {
 namespace {
 
-/// The pieces of `list` that a NUL ends; text behind the last NUL is not taken.
+/// The pieces of `list` that a NUL ends; text after the last NUL is not taken.
 std::vector<std::u16string> EndedPieces(std::u16string_view list) {
   std::vector<std::u16string> pieces;
   for (auto end = list.find(u'\0'); end != std::u16string_view::npos; end = list.find(u'\0')) {

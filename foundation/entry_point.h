@@ -12,7 +12,7 @@
 namespace lexmill {
 
 /// Runs `body` and shows the failure that ends it, if one does, in a message box of three lines:
-/// number and place behind their labels, and the description between them. Returns normally in
+/// number and place after their labels, and the description between them. Returns normally in
 /// either case.
 /// @param place  such as "Class Module 'clsLexGLO1' -> 'DoItNow'"
 /// @return true if `body` ran to its end

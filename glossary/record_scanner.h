@@ -29,7 +29,7 @@ class RecordScanner {
   /// Codes of ScanAction; no other is ever written.
   static constexpr std::int32_t kRun = 0;
   static constexpr std::int32_t kReset = 2;
-  /// Fields beyond this many of one record are not told apart.
+  /// Fields beyond this many of one record are not separated.
   static constexpr std::int32_t kMostFields = 32767;
 
   RecordScanner() = default;
@@ -46,12 +46,12 @@ class RecordScanner {
                                           std::function<void()> onRecord,
                                           std::function<void()> onEnd);
 
-  /// Path of the file to scan; its encoding is the one that the run's state tells.
+  /// Path of the file to scan; its encoding is the one in the run's state.
   void ScanFile(std::u16string_view path);
   /// The one character between two fields; the stages give a TAB.
   /// @throws platform::Failure InvalidPropertyValue for a text of any other length
   void FieldSeparator(std::u16string_view separator);
-  /// kRun scans the whole file and returns behind the last event; kReset goes back to the idle
+  /// kRun scans the whole file and returns after the last event; kReset goes back to the idle
   /// state and forgets the settings.
   /// @throws platform::Failure if the file can't be opened or read, InvalidPropertyValue for any
   ///   other code, and whatever a listener throws

@@ -119,7 +119,7 @@ std::u16string_view ReferenceRules::WithoutLiteralTab(std::u16string_view text) 
   return text.substr(0, LengthBeforeLiteralTab(text, expression_).value_or(text.size()));
 }
 
-/// The ampersand goes, the character behind it stays; it may be a blank.
+/// The ampersand goes, the character after it stays; it may be a blank.
 std::u16string_view ReferenceRules::SourceWithoutHotKey(std::u16string_view source) {
   if (!options_.chkaAndX || !platform::Contains(source, kAmpersand)) {
     return source;
@@ -182,7 +182,7 @@ void UntranslatedRules::SetLiteralTabAside(Work& work) const {
   }
 }
 
-/// Takes the ampersand out of the main text. The character behind it may not be a blank here.
+/// Takes the ampersand out of the main text. The character after it may not be a blank here.
 /// @return the hot key in upper case between its brackets; empty if there is none
 std::u16string_view UntranslatedRules::SetHotKeyAside(Work& work) {
   if (!options_.chkaAndX || !platform::Contains(work.Main(), kAmpersand)) {

@@ -30,18 +30,18 @@ inline constexpr TableScript kUntranslatedScript{
 inline constexpr TableScript kEntriesScript{u"CREATE TABLE O(o0 TEXT,o1 TEXT,o2 TEXT);",
                                             u"CREATE INDEX ioo ON O(o1);"};
 
-/// Write what stands before and behind the rows of a script. @throws as TextWriter::WriteLine
+/// Write what comes before and after the rows of a script. @throws as TextWriter::WriteLine
 void WriteHeadLines(platform::TextWriter& output, const TableScript& script);
 void WriteTailLines(platform::TextWriter& output, const TableScript& script);
 
-/// Write the line before and the line behind the statements of the update script, which changes
+/// Write the line before and the line after the statements of the update script, which changes
 /// table O and makes no table of its own. @throws as TextWriter::WriteLine
 void WriteUpdateHeadLine(platform::TextWriter& output);
 void WriteUpdateTailLine(platform::TextWriter& output);
 
 /// The statements for one row. Each sets `statement` to one line without its end; giving the same
 /// string again and again saves an allocation for each row. A value is any text of one line; its
-/// apostrophes are doubled, all else goes in as it stands.
+/// apostrophes are doubled, all else goes in as it is.
 void SetRowOfR(std::u16string& statement, std::u16string_view r1, std::u16string_view r2);
 void SetRowOfS(std::u16string& statement, const DecomposedString& row);
 void SetRowOfO(std::u16string& statement, std::u16string_view o0, std::u16string_view o1,

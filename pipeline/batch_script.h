@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// pipeline: carries one run, one class for each pair of formats.
+// pipeline: performs one run, one class for each pair of formats.
 // The batch scripts of a run: the only file that spells a batch line.
 #pragma once
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// pipeline: carries one run, one class for each pair of formats.
+// pipeline: performs one run, one class for each pair of formats.
 // The console step: one batch script run to its end, with its time and a percentage that moves.
 #pragma once
 

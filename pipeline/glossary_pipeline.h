@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// pipeline: carries one run, one class for each pair of formats.
+// pipeline: performs one run, one class for each pair of formats.
 // A run that ends in a glossary. The two classes of this kind differ in their first stage alone.
 #pragma once
 
@@ -23,7 +23,7 @@
 
 namespace lexmill {
 
-/// Carries one run. Reads the paths from the window and the options from their snapshot.
+/// Performs one run. Reads the paths from the window and the options from their snapshot.
 /// @tparam Pair  ReferenceStage, the stage that purifies the reference, and kPlace, the name of
 ///   Start in a failure's message
 template <class Pair>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// pipeline: carries one run, one class for each pair of formats.
+// pipeline: performs one run, one class for each pair of formats.
 // The last step of a run that ends in a text: the listing of table O cut into the final file.
 #pragma once
 

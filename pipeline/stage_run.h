@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// pipeline: carries one run, one class for each pair of formats.
+// pipeline: performs one run, one class for each pair of formats.
 // How a stage is run: set up, run to its end, shown, released. Stages have no common base; what
-// makes a class a stage stands here.
+// makes a class a stage is here.
 #pragma once
 
 #include <concepts>
@@ -15,7 +15,7 @@
 
 namespace lexmill {
 
-/// A class that turns one input file into its output when told to, and tells its time.
+/// A class that turns one input file into its output when told to, and reports its time.
 template <class S>
 concept Stage = std::default_initializable<S> &&
     requires(S stage, platform::Label& label, std::u16string_view path) {

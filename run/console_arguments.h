@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
+// run: turns one press of the start command into a finished run.
 // The command line of lexmill-run.
 #pragma once
 
@@ -34,7 +34,7 @@ struct WrongArguments {
   std::string reason;
 };
 
-/// What a command line asks to be told instead of a run: UTF-8, each line ended by LF.
+/// What a command line asks to be shown instead of a run: UTF-8, each line ended by LF.
 struct WantedText {
   std::string text;
 };
@@ -46,8 +46,8 @@ inline constexpr std::string_view kConsoleUsage =
     "                   [--report FILE] [--fail-below PERCENT]\n"
     "       lexmill-run --help | --version\n";
 
-/// Reads the words behind the program's name. Relative paths are taken from the current directory.
-/// The first of "--help" and "--version" that stands where an option may stand counts alone.
+/// Reads the words after the program's name. Relative paths are taken from the current directory.
+/// The first of "--help" and "--version" that is where an option may be counts alone.
 [[nodiscard]] std::variant<ConsoleArguments, WrongArguments, WantedText> ReadConsoleArguments(
     std::span<const std::string> words);
 

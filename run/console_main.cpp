@@ -45,8 +45,8 @@ int RefuseArguments(const std::string& reason) {
   return kWrongArguments;
 }
 
-// Tells which of the programs that a run calls are missing; the run goes its way all the same.
-bool TellMissingPrograms() {
+// Reports which of the programs that a run calls are missing; the run continues all the same.
+bool ReportMissingPrograms() {
   bool all = true;
   for (const auto* name : {u"batch", u"sqlite"}) {
     if (!lexmill::platform::IsProgramThere(name, lexmill::WorkFolder())) {
@@ -58,15 +58,15 @@ bool TellMissingPrograms() {
   return all;
 }
 
-bool TellComplaint(const std::string& complaint) {
+bool ReportComplaint(const std::string& complaint) {
   if (!complaint.empty()) {
     std::cerr << "lexmill-run: the database shell says: " << complaint << "\n";
   }
   return complaint.empty();
 }
 
-// Returns true if no notice tells of a failure.
-bool TellNotices() {
+// Returns true if no notice is about a failure.
+bool ReportNotices() {
   bool isDone = true;
   for (const lexmill::RunNotice& notice : lexmill::TheRun().notices) {
     std::cerr << "lexmill-run: " << lexmill::platform::ToUtf8(notice.text) << "\n";
@@ -107,7 +107,7 @@ void ClearProgress() {
   }
 }
 
-int CarryRun(const lexmill::ConsoleArguments& arguments) {
+int PerformRun(const lexmill::ConsoleArguments& arguments) {
   auto& session = lexmill::platform::headless::TheSession();
   session.messagesToStandardError = true;
   lexmill::platform::KeepProfileWritesInMemory();
@@ -118,7 +118,7 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   if (const std::string wrong = lexmill::SetOptions(arguments); !wrong.empty()) {
     return RefuseArguments(wrong);
   }
-  const bool programsThere = TellMissingPrograms();
+  const bool programsThere = ReportMissingPrograms();
   EndChildrenWithUs();
   session.onDoEvents = ShowProgress;
   lexmill::ShellComplaint complaint;
@@ -130,8 +130,8 @@ int CarryRun(const lexmill::ConsoleArguments& arguments) {
   if (arguments.report == lexmill::kStandardOutput && lexmill::TheRun().counts.Complete()) {
     lexmill::PrintReport(std::cout);
   }
-  const bool allLoaded = TellComplaint(complaint.Text());
-  const bool allDone = TellNotices();
+  const bool allLoaded = ReportComplaint(complaint.Text());
+  const bool allDone = ReportNotices();
   if (!programsThere || !allLoaded || !allDone || !session.messages.empty()) {
     return kFailed;
   }
@@ -147,8 +147,8 @@ int main(int argc, char** argv) {
   if (const auto* wrong = std::get_if<lexmill::WrongArguments>(&arguments)) {
     return RefuseArguments(wrong->reason);
   }
-  if (const auto* told = std::get_if<lexmill::WantedText>(&arguments)) {
-    std::cout << told->text;
+  if (const auto* wanted = std::get_if<lexmill::WantedText>(&arguments)) {
+    std::cout << wanted->text;
     return 0;
   }
   const auto& wanted = std::get<lexmill::ConsoleArguments>(arguments);
@@ -156,5 +156,5 @@ int main(int argc, char** argv) {
     lexmill::platform::PassOnCodePage(wanted.codePage);
   }
   lexmill::platform::ReadPlatformSettings();
-  return CarryRun(wanted);
+  return PerformRun(wanted);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
+// run: turns one press of the start command into a finished run.
 // Which encoding a dictionary is in.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace lexmill {
 
-/// What the bytes of a dictionary tell of its encoding, the format being left open: UTF-8 if it is
+/// What the bytes of a dictionary say of its encoding, the format being left open: UTF-8 if it is
 /// strictly valid UTF-8 and begins with a mark or holds a sequence of three or more bytes or ten of
 /// two, else the code page. If a page has been chosen, always that; but under UTF-8 a mark is still
 /// told from text. A file that can't be read counts as one in the code page. Lets pending window

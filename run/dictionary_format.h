@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
-// Which format a dictionary has, told from its content.
+// run: turns one press of the start command into a finished run.
+// Which format a dictionary has, by its content.
 #pragma once
 
 #include <string>

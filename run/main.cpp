@@ -47,7 +47,7 @@ lexmill::platform::Form& OpenWindow() {
 
 int main(int argc, char** argv) {
   if (!lexmill::platform::qt::IsScreenThere()) {
-    std::cerr << "lexmill: no display; lexmill-run carries a run without one\n";
+    std::cerr << "lexmill: no display; lexmill-run performs a run without one\n";
     return 1;
   }
   lexmill::platform::qt::Screen screen(argc, argv);

@@ -76,7 +76,7 @@ void frmMain::cmdStart_Click() {
   Window.Busy(true);
   const platform::Connection failures = FailureShown().Connect(NoteSubject);
   const bool finished =
-      ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { CarryRun(); });
+      ReportFailures(u"Form 'frmMain' -> 'cmdStart_Click'", [this] { PerformRun(); });
   if (!finished) {
     picState.ZOrderFront();
     SetControlsVisible(true);
@@ -92,7 +92,7 @@ void frmMain::AbandonRun() {
   platform::EndChildProcesses();
 }
 
-void frmMain::CarryRun() {
+void frmMain::PerformRun() {
   platform::SetMousePointer(platform::MousePointer::Hourglass);
   SetControlsVisible(false);
   ClearProgress();

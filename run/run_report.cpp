@@ -66,7 +66,7 @@ std::u16string_view StateOf(const RecordedString& string) {
   return string.translations.size() == 1 ? u"filled" : u"several";
 }
 
-/// What of a string's translations stands in the result: a text has room for the last one only.
+/// What of a string's translations is in the result: a text has room for the last one only.
 std::span<const std::u16string> WrittenOf(const RecordedString& string) {
   const std::span<const std::u16string> all = string.translations;
   const auto format = KindOf(frmMain::Instance().cboToDo.Text()).format;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
+// run: turns one press of the start command into a finished run.
 // The report of a run: its counts, and each different untranslated string with its translations.
 #pragma once
 
@@ -23,7 +23,7 @@ void ReportAsJson(const ReportLine& takeLine);
 void ReportAsTable(const ReportLine& takeLine);
 
 /// Writes the report of the run that has just ended to the file `path`, in UTF-8: a JSON object if
-/// the name ends in ".json", else a table behind a mark, so that a spreadsheet opens it.
+/// the name ends in ".json", else a table after a mark, so that a spreadsheet opens it.
 /// @throws as ReportAsJson, and as TextWriter
 void WriteReport(std::u16string_view path);
 

@@ -9,7 +9,7 @@
 namespace lexmill {
 namespace {
 
-// A statement that failed stands in the output in full, however long it is.
+// A statement that failed is in the output in full, however long it is.
 constexpr std::size_t kLongest = 500;
 
 }  // namespace

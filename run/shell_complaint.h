@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
-// What the database shell complains of in the output of a batch, for lexmill-run to tell.
+// run: turns one press of the start command into a finished run.
+// What the database shell complains of in the output of a batch, for lexmill-run to report.
 #pragma once
 
 #include <string>

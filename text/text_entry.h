@@ -12,14 +12,14 @@
 
 namespace lexmill {
 
-/// An entry: a head line, which is a number, ":" and the source, and the target line behind it.
+/// An entry: a head line, which is a number, ":" and the source, and the target line after it.
 struct TextEntry {
   std::u16string_view headLine;
-  std::u16string_view source;  ///< what stands behind the first ":" of the head line
+  std::u16string_view source;  ///< what comes after the first ":" of the head line
   std::u16string_view target;
 };
 
-/// Tells whether a line that is no target line opens an entry: a number stands before its first
+/// Whether a line that is no target line opens an entry: there is a number before its first
 /// ":".
 /// @return the source, a piece of `line`, maybe empty; none if the line opens no entry
 [[nodiscard]] std::optional<std::u16string_view> SourceOfHeadLine(std::u16string_view line);

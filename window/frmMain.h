@@ -33,7 +33,7 @@ class frmMain {
   /// Loads the window, if it is not, and shows it.
   void Show() { Window.Show(); }
 
-  // --- The window and its controls, in tab order. Window stands before them: they enter
+  // --- The window and its controls, in tab order. Window comes before them: they enter
   // themselves.
   platform::Form Window{u"frmMain"};
 
@@ -161,7 +161,7 @@ class frmMain {
   void SetControlsVisible(bool visible);
 
   // The steps of a run.
-  void CarryRun();
+  void PerformRun();
   void ClearProgress();
   void RunDictionaries();
   /// Begins to record strings if the run is to be reported. @throws as StringRecord

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where each control stands and how it looks.
+// Where each control is and how it looks.
 #include <array>
 #include <cstdint>
 #include <string_view>

@@ -8,13 +8,13 @@
 
 namespace lexmill {
 
-/// The options as they stood when the run started. Check boxes are true for any value but 0.
+/// The options as they were when the run started. Check boxes are true for any value but 0.
 struct OptionSet {
   bool chkaAndX = false;         ///< strings with a hot key marker
   bool chkaBanMaoHao = false;    ///< a final ":"
   bool chkaBanSenHao = false;    ///< a final "..."
   bool chkaLTrimSpace = false;   ///< leading blanks
-  bool chkaMTab = false;         ///< a literal \t with a shortcut behind it
+  bool chkaMTab = false;         ///< a literal \t with a shortcut after it
   bool chkaRTrimSpace = false;   ///< trailing blanks
   bool chkaUpperCase = false;    ///< match without case
   bool chkNotAddANDX = false;    ///< leave the hot key out of every translation

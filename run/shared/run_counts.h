@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // run/shared: what every room may read of a run.
-// What a run counts while its stages pass the entries. By entry: a string that stands twice counts
+// What a run counts while its stages pass the entries. By entry: a string that occurs twice counts
 // twice. The head line of a glossary enters no count.
 #pragma once
 
@@ -36,7 +36,7 @@ struct RunCounts {
   [[nodiscard]] std::int64_t ToDo() const { return searched + tooLong; }
   /// Those that were looked for and not found.
   [[nodiscard]] std::int64_t Unknown() const { return searched - filled; }
-  /// True once the counts tell of a whole run.
+  /// True once the counts are those of a whole run.
   [[nodiscard]] bool Complete() const { return untranslatedRead && readyRead && resultWritten; }
 };
 

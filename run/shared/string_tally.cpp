@@ -55,7 +55,7 @@ StringTally::Gained StringTally::Translate(std::u16string_view string) {
   return before == 0 ? Gained{.filled = entries} : Gained{.several = entries};
 }
 
-// The slot that holds `key`, or the free one where it would stand.
+// The slot that holds `key`, or the free one where it would be.
 std::uint64_t& StringTally::SlotOf(std::uint64_t key) {
   constexpr int kBitsBelow = 3;
   const std::size_t mask = slots_.size() - 1;

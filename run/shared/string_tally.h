@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // run/shared: what every room may read of a run.
-// How many entries the strings of a ready dictionary stand for.
+// How many entries each string of a ready dictionary represents.
 #pragma once
 
 #include <cstddef>
