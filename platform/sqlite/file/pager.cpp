@@ -123,7 +123,7 @@ void Pager::Commit() {
   if (hasWritten_ && SizeOf(File()) != BytesOf(count_)) {
     ThrowUnless(File().Truncate(BytesOf(count_)));
   }
-  // The journal's end is the moment at which the new state holds.
+  // This is the commit: until now the old state would have come back, from now on it can't.
   ThrowUnless(RemoveFile(JournalPath()));
   EndTransaction();
   tail_.clear();

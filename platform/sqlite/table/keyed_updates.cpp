@@ -4,11 +4,12 @@
 // table, pages apart. Here they are made with two sorts and two passes:
 //
 //   1. Add collects (text, sequence number, value) in a sorter. The text is in the form of an index
-//   entry's beginning, so that updates and entries have the same order. 2. Updates meet the index
-//   entries, both from front to back, and give changes (row number, excess, value), which go to a
-//   second sorter. Of the updates of one text only the last counts; `excess` remembers how much
-//   longer the longest of the others was, as that may have been too long a row. 3. Changes meet the
-//   rows, both in the order of their numbers, and the table is written anew.
+//      entry's beginning, so that updates and entries have the same order.
+//   2. Updates meet the index entries, both from front to back, and give changes (row number,
+//      excess, value), which go to a second sorter. Of the updates of one text only the last counts;
+//      `excess` remembers how much longer the longest of the others was, as that may have been too
+//      long a row.
+//   3. Changes meet the rows, both in the order of their numbers, and a new table is written.
 //
 // Where there are few updates for the size of the file, step 2 looks each one up in the index, and
 // step 3 changes the rows where they are: a pass over everything would cost more.
@@ -198,7 +199,7 @@ void KeyedUpdates::ChangeRows(KeySorter& changes) {
   }
 }
 
-/// Builds the table's tree anew beside the old one. Cells that stay are copied as they are, with
+/// Builds a new tree beside the old one. Cells that stay are copied as they are, with
 /// what they have in overflow pages; so those pages must not be freed with the old tree.
 void KeyedUpdates::RewriteTable(KeySorter& changes) {
   TreeBuilder builder = TreeBuilder::Replacing(pager_, table_.rootPage);
