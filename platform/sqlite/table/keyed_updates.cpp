@@ -6,9 +6,9 @@
 //   1. Add collects (text, sequence number, value) in a sorter. The text is in the form of an index
 //      entry's beginning, so that updates and entries have the same order.
 //   2. Updates meet the index entries, both from front to back, and give changes (row number,
-//      excess, value), which go to a second sorter. Of the updates of one text only the last counts;
-//      `excess` remembers how much longer the longest of the others was, as that may have been too
-//      long a row.
+//      excess, value), which go to a second sorter. Of the updates of one text only the last
+//      counts; `excess` remembers how much longer the longest of the others was, as that may have
+//      been too long a row.
 //   3. Changes meet the rows, both in the order of their numbers, and a new table is written.
 //
 // Where there are few updates for the size of the file, step 2 looks each one up in the index, and
