@@ -76,13 +76,13 @@ void KeyBatch::Clear() {
 void KeyBatch::SortByHeads(std::span<Entry> entries, std::size_t depth, int steps) {
   for (; entries.size() > kFewEntries && steps > 0; --steps) {
     const std::uint64_t pivot = MiddleHead(entries);
-    const auto from =
-        std::ranges::partition(entries, [pivot](const Entry& entry) { return entry.head < pivot; });
-    const auto after =
-        std::ranges::partition(from, [pivot](const Entry& entry) { return entry.head == pivot; });
-    SortByHeads({entries.begin(), from.begin()}, depth, steps - 1);
-    SortAlike({from.begin(), after.begin()}, depth + kHeadSize);
-    entries = {after.begin(), after.end()};
+    const auto from = std::partition(entries.begin(), entries.end(),
+                                     [pivot](const Entry& entry) { return entry.head < pivot; });
+    const auto after = std::partition(from, entries.end(),
+                                      [pivot](const Entry& entry) { return entry.head == pivot; });
+    SortByHeads({entries.begin(), from}, depth, steps - 1);
+    SortAlike({from, after}, depth + kHeadSize);
+    entries = {after, entries.end()};
   }
   std::ranges::sort(entries, [this](const Entry& left, const Entry& right) {
     return left.head != right.head ? left.head < right.head : TextOf(left) < TextOf(right);
@@ -92,9 +92,10 @@ void KeyBatch::SortByHeads(std::span<Entry> entries, std::size_t depth, int step
 /// Sorts texts whose first `depth` bytes are alike, zeros taken for what is after an end: a head
 /// doesn't show whether a text ends within it or goes on with NUL bytes, but the length does.
 void KeyBatch::SortAlike(std::span<Entry> entries, std::size_t depth) {
-  const auto longer = std::ranges::partition(
-      entries, [depth](const Entry& entry) { return entry.length <= depth; });
-  std::ranges::sort(entries.begin(), longer.begin(), {}, &Entry::length);
+  const auto ended = [depth](const Entry& entry) { return entry.length <= depth; };
+  const auto first = std::partition(entries.begin(), entries.end(), ended);
+  std::ranges::sort(entries.begin(), first, {}, &Entry::length);
+  const std::span<Entry> longer(first, entries.end());
   if (depth > kDeepest) {
     std::ranges::sort(longer, {}, [this](const Entry& entry) { return TextOf(entry); });
     return;
@@ -102,7 +103,7 @@ void KeyBatch::SortAlike(std::span<Entry> entries, std::size_t depth) {
   for (Entry& entry : longer) {
     entry.head = HeadOf(TextOf(entry).substr(depth));
   }
-  SortByHeads({longer.begin(), longer.end()}, depth, StepsFor(longer.size()));
+  SortByHeads(longer, depth, StepsFor(longer.size()));
 }
 
 /// Twice as many steps as it takes to part entries in halves: bad luck is granted, bad faith not.
