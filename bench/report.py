@@ -8,6 +8,8 @@ import subprocess
 import contenders as names
 
 MEGABYTE = 1e6
+# Entries of the reference and of the untranslated dictionary, and the most of any process, in MB.
+PEAK_GOALS = [((1_000_000, 100_000), 32), ((1_000_000, 1_000_000), 64)]
 
 
 def machine():
@@ -59,7 +61,8 @@ def runs_table(results):
                   "Peak MB"], rows)
 
 
-def growth_table(results, small, large):
+def growth_table(results):
+    small, large = min(results), max(results)
     rows = []
     for name, figure in results[large].items():
         before = results[small][name]
@@ -102,25 +105,24 @@ class Goals:
                    names.TEXT_RUN, names.PLAIN_TEXT, 0.40)
 
 
-def goals_table(results, long_strings, many_hits, square_peak):
+def goals_table(results, long_strings, many_hits, peaks):
     goals = Goals()
     for kind, measured in (("", results), (" of longer strings", long_strings)):
         for entries in [entries for entries in measured if entries >= 300_000]:
             goals.runs(f", {grouped(entries)} entries{kind}", measured[entries])
-    small, large = 100_000, max(results)
-    if large >= 1_000_000 and small in results:
+    small, large = min(results), max(results)
+    goals.ratio(f"whole run, of msgmerge, {grouped(large)} entries", results[large],
+                names.GLOSSARY_RUN, names.MSGMERGE, 0.20)
+    if small < large:
         run, before = results[large][names.GLOSSARY_RUN], results[small][names.GLOSSARY_RUN]
-        goals.ratio("whole run, of msgmerge, 1,000,000 entries", results[large],
-                    names.GLOSSARY_RUN, names.MSGMERGE, 0.20)
-        runs = [names.GLOSSARY_RUN, names.PURIFIED_RUN, names.TEXT_RUN]
-        largest = max(peak(results[large][name]) for name in runs)
-        goals.most("peak of any process, 1,000,000 x 100,000", largest / MEGABYTE, 32, " MB")
-        goals.most("growth of processor time from 100,000 to 1,000,000",
+        growth = f"from {grouped(small)} to {grouped(large)} entries, as exponent"
+        goals.most("growth of processor time " + growth,
                    exponent(before["cpu"], run["cpu"], large / small), 1.05)
-        goals.most("growth of memory from 100,000 to 1,000,000",
+        goals.most("growth of memory " + growth,
                    exponent(peak(before), peak(run), large / small), 0.1)
-    if square_peak:
-        goals.most("peak of any process, 1,000,000 x 1,000,000", square_peak / MEGABYTE, 64, " MB")
+    for ((reference, untranslated), most), (_, measured) in zip(PEAK_GOALS, peaks):
+        goals.most(f"peak of any process, {grouped(reference)} x {grouped(untranslated)}",
+                   measured / MEGABYTE, most, " MB")
     goals.ratio("100,000 untranslated strings that nearly all match, of the plain shell",
                 many_hits, names.GLOSSARY_RUN, names.PLAIN_GLOSSARY, 0.35)
     return goals.table()
