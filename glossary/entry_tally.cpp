@@ -46,16 +46,18 @@ void EntryTally::Untranslated(std::u16string_view source, std::u16string_view ta
   if (TakeHead(source, target)) {
     return;
   }
-  if (source != target) {
+  // Sides that a row was made of are equal; comparing them once more would be felt.
+  if (!searched && source != target) {
     ++counts_->alreadyTranslated;
     return;
   }
-  if (TheRun().strings != nullptr) {
-    TheRun().strings->AddEntry(AsStored(source), !searched);
+  RunState& run = TheRun();
+  if (run.strings != nullptr) {
+    run.strings->AddEntry(AsStored(source), !searched);
   }
   if (searched) {
     ++counts_->searched;
-    TheRun().untranslated.Add(source);
+    run.untranslated.Add(source);
   } else {
     ++counts_->tooLong;
   }
