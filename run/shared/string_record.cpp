@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "run/shared/string_record.h"
 
+#include "foundation/entry_point.h"
+#include "platform/failure.h"
+
 namespace lexmill {
 namespace {
 
@@ -23,18 +26,31 @@ StringRecord::StringRecord()
                       "SELECT translation FROM Translations WHERE source=? ORDER BY rowid") {}
 
 void StringRecord::AddEntry(std::u16string_view source, bool tooLong) {
-  addEntry_.Bind(1, source);
-  addEntry_.Bind(2, tooLong ? 1 : 0);
-  addEntry_.Run();
+  AddRow(addEntry_, [&] {
+    addEntry_.Bind(1, source);
+    addEntry_.Bind(2, tooLong ? 1 : 0);
+  });
 }
 
 void StringRecord::AddTranslation(std::u16string_view source, std::u16string_view translation) {
-  addTranslation_.Bind(1, source);
-  addTranslation_.Bind(2, translation);
-  addTranslation_.Run();
+  AddRow(addTranslation_, [&] {
+    addTranslation_.Bind(1, source);
+    addTranslation_.Bind(2, translation);
+  });
+}
+
+void StringRecord::AddRow(platform::ScratchStatement& insert,
+                          const std::function<void()>& bindValues) {
+  isComplete_ = isComplete_ && IgnoreFailures([&] {
+                  bindValues();
+                  insert.Run();
+                });
 }
 
 void StringRecord::ForEach(const std::function<void(const RecordedString&)>& onString) {
+  if (!isComplete_) {
+    throw platform::Failure(platform::FailureNumber::DiskFull, platform::FailureOrigin::Runtime);
+  }
   database_.Execute("CREATE INDEX TranslationsBySource ON Translations(source); COMMIT");
   platform::ScratchStatement strings(
       database_,

@@ -21,22 +21,27 @@ struct RecordedString {
   std::vector<std::u16string> translations;  ///< in the order of the ready dictionary
 };
 
-/// Takes down the strings of a run as its stages pass them, on the disk rather than in memory.
-/// Failures: as ScratchDatabase
+/// Takes down the strings of a run as its stages pass them, on the disk rather than in memory. A
+/// disk that is full ends the record, not the run.
 class StringRecord {
  public:
+  /// @throws as ScratchDatabase
   StringRecord();
 
-  /// An untranslated entry, in the order of the dictionary.
+  /// An untranslated entry, in the order of the dictionary. Never fails, nor does the next.
   void AddEntry(std::u16string_view source, bool tooLong);
   /// A row of the ready dictionary that goes into the result.
   void AddTranslation(std::u16string_view source, std::u16string_view translation);
   /// Reports each different string once, in the order of its first entry. Ends the record.
+  /// @throws as ScratchDatabase, also for what failed before, and whatever `onString` throws
   void ForEach(const std::function<void(const RecordedString&)>& onString);
 
  private:
   [[nodiscard]] std::vector<std::u16string> TranslationsOf(std::u16string_view source);
 
+  void AddRow(platform::ScratchStatement& insert, const std::function<void()>& bindValues);
+
+  bool isComplete_ = true;
   platform::ScratchDatabase database_;
   platform::ScratchStatement addEntry_;
   platform::ScratchStatement addTranslation_;
