@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -39,35 +38,18 @@ const std::array<char16_t, kUnits>& Capitals() {
 }
 
 /// Units that are looked at in one step.
-constexpr std::size_t kBlockUnits = 8;
-using Block [[gnu::vector_size(kBlockUnits * sizeof(char16_t))]] = std::uint16_t;
+constexpr std::size_t kBlockUnits = 4;
+/// One in each unit of a block.
+constexpr std::uint64_t kOnes = 0x0001'0001'0001'0001;
 
-Block EightTimes(char16_t unit) {
-  return Block{unit, unit, unit, unit, unit, unit, unit, unit};
-}
-
-/// Position of the first unit equal to those in `sought`; kBlockUnits if there is none.
-std::size_t FindInBlock(const char16_t* units, Block sought) {
-  constexpr std::size_t kUnitBits = 16;
-  Block block;
+/// True if one of the block's units is that of which `sought` holds four. A unit that is equal
+/// becomes zero, and subtracting one borrows from its highest bit, which was not set.
+bool HoldsUnit(const char16_t* units, std::uint64_t sought) {
+  constexpr std::uint64_t kHighest = kOnes << 15U;
+  std::uint64_t block = 0;
   std::memcpy(&block, units, sizeof block);
-  const auto equal = block == sought;
-  std::array<std::uint64_t, 2> halves{};
-  static_assert(sizeof halves == sizeof equal);
-  std::memcpy(halves.data(), &equal, sizeof equal);
-  if ((halves[0] | halves[1]) == 0) {
-    return kBlockUnits;
-  }
-  if constexpr (std::endian::native == std::endian::little) {
-    const auto inLow = static_cast<std::size_t>(std::countr_zero(halves[0]));
-    const auto inHigh = static_cast<std::size_t>(std::countr_zero(halves[1]));
-    return (halves[0] != 0 ? inLow : inLow + inHigh) / kUnitBits;
-  }
-  std::size_t at = 0;
-  while (block[at] != sought[at]) {
-    ++at;
-  }
-  return at;
+  block ^= sought;
+  return ((block - kOnes) & ~block & kHighest) != 0;
 }
 
 }  // namespace
@@ -86,17 +68,10 @@ std::u16string_view Trim(std::u16string_view text) {
 }
 
 std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start) {
+  const std::uint64_t sought = unit * kOnes;
   std::size_t at = start;
-  if (at + kBlockUnits <= text.size()) {
-    const Block sought = EightTimes(unit);
-    const std::size_t lastBlock = text.size() - kBlockUnits;
-    for (; at < lastBlock; at += kBlockUnits) {
-      if (const std::size_t found = FindInBlock(text.data() + at, sought); found < kBlockUnits) {
-        return at + found;
-      }
-    }
-    // The last block may begin in the one before, where nothing is.
-    return lastBlock + FindInBlock(text.data() + lastBlock, sought);
+  while (at + kBlockUnits <= text.size() && !HoldsUnit(text.data() + at, sought)) {
+    at += kBlockUnits;
   }
   while (at < text.size() && text[at] != unit) {
     ++at;
