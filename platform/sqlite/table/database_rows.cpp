@@ -28,6 +28,7 @@ void Database::Irrevocably(Work work) {
     work();
   } catch (const DatabaseError& error) {
     brokenBy_ = error;
+    DropWaiting();  // so that the next call asks whether there is sense in going on
     throw;
   }
 }

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/shell/shell.h"
 
-#include <sys/resource.h>
-#include <csignal>
-
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "tests/sqlite/file_size_limit.h"
 #include "tests/sqlite/foreign_object.h"
 #include "tests/sqlite/shell_world.h"
 
@@ -269,26 +267,6 @@ TEST(SqliteShell, ReportsDamageByItsExitCodeWhoeverReadsTheTable) {
   }
 }
 
-/// While it lives, no file of this process grows beyond a size, as on a disk that is full.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit = {bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  void (*handler_)(int);
-  rlimit before_{};
-};
-
 TEST(SqliteShell, EndsAScriptWhenTheDiskIsFull) {
   const struct {
     int rows;
@@ -305,7 +283,7 @@ TEST(SqliteShell, EndsAScriptWhenTheDiskIsFull) {
     script += "COMMIT;\nSELECT 1;\n";
     ShellOutcome outcome;
     {
-      const FileSizeLimit limit(64 * 1024);
+      const test::FileSizeLimit limit(64 * 1024);
       outcome = world.Run({""}, script);
     }
     EXPECT_EQ(outcome.code, 74);

@@ -7,6 +7,7 @@
 
 #include "platform/sqlite/table/database.h"
 #include "tests/sqlite/database_world.h"
+#include "tests/sqlite/file_size_limit.h"
 #include "tests/support/files.h"
 
 namespace lexmill::test {
@@ -101,6 +102,21 @@ TEST_F(Transactions, FailedStatementUndoesItselfOnly) {
   });
   EXPECT_EQ(Findings(), "");
   EXPECT_EQ(CheckFile(Bytes()).tables.at("R").size(), 20001U);
+}
+
+TEST_F(Transactions, BrokenInTheMiddleCanOnlyBeRolledBack) {
+  constexpr const char* kFull = "database or disk is full";
+  Change([](Database& database) { MakeR(database, true); });
+  const std::string before = Bytes();
+  Database database(path_);
+  database.Begin();
+  {
+    const FileSizeLimit limit(64 * 1024);
+    EXPECT_EQ(ErrorOf([&] { AppendMany(database); }), kFull);
+  }
+  EXPECT_EQ(ErrorOf([&] { Append(database, "R", {"there is", "room again"}); }), kFull);
+  EXPECT_EQ(ErrorOf([&] { database.Commit(); }), kFull);
+  EXPECT_EQ(Bytes(), before);
 }
 
 TEST_F(Transactions, WriterLocksOthersOut) {
