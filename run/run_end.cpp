@@ -30,6 +30,9 @@ void frmMain::EndRun() {
     NoteHints();
     WriteReportFile();
   }
+  if (!TheRun().counts.Complete()) {
+    TheRun().strings = nullptr;  // nobody will ask for it
+  }
   ShowSummary();
 }
 

@@ -15,7 +15,7 @@ namespace lexmill {
 [[nodiscard]] std::u16string_view AsStored(std::u16string_view value);
 
 /// Keeps the strings that a run looks for as 64-bit hashes, 8 to 16 bytes for each different one,
-/// so that no dictionary is held in memory. Of a million strings two meet in a hash once in ten
+/// so that no dictionary is held in memory. Of a million strings two meet in a hash once in four
 /// million runs; a count is then wrong by one.
 class StringTally {
  public:
