@@ -4,7 +4,6 @@
 #include <charconv>
 #include <optional>
 
-#include "platform/host/host_path.h"
 #include "platform/text/text.h"
 
 namespace lexmill::platform {

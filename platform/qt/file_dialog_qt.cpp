@@ -9,6 +9,7 @@
 #include <QLayout>
 
 #include "platform/controls/dialogs.h"
+#include "platform/qt/foreign_names.h"
 #include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 
@@ -97,14 +98,14 @@ QString JoinPaths(const QStringList& paths) {
   return joined;
 }
 
-std::optional<FileDialogAnswer> Ask(const FileDialogRequest& request,
-                                    QFileDialog::AcceptMode mode) {
+QWidget* ParentOf(const FileDialogRequest& request) {
+  return request.overActiveWindow ? QApplication::activeWindow() : nullptr;
+}
+
+std::optional<FileDialogAnswer> Ask(QFileDialog& dialog, const FileDialogRequest& request) {
   if (qt::ProgramEnd::IsAsked()) {
     return std::nullopt;
   }
-  QFileDialog dialog(request.overActiveWindow ? QApplication::activeWindow() : nullptr);
-  dialog.setAcceptMode(mode);
-  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? OpenMode(request) : QFileDialog::AnyFile);
   SetUp(dialog, request);
   const QCheckBox* readOnly = AddReadOnlyBox(dialog, request);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
@@ -121,11 +122,20 @@ std::optional<FileDialogAnswer> Ask(const FileDialogRequest& request,
 }  // namespace
 
 std::optional<FileDialogAnswer> ShowOpenDialog(const FileDialogRequest& request) {
-  return Ask(request, QFileDialog::AcceptOpen);
+  qt::OpenDialog dialog(ParentOf(request));
+  dialog.setFileMode(OpenMode(request));
+  auto answer = Ask(dialog, request);
+  if (const auto path = dialog.ForeignChoice(); answer && !path.empty()) {
+    answer->path = path;
+  }
+  return answer;
 }
 
 std::optional<FileDialogAnswer> ShowSaveDialog(const FileDialogRequest& request) {
-  return Ask(request, QFileDialog::AcceptSave);
+  QFileDialog dialog(ParentOf(request));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  return Ask(dialog, request);
 }
 
 }  // namespace lexmill::platform

@@ -59,6 +59,7 @@ Screen::Screen(int& argc, char** argv) : QApplication(argc, argv) {
   setStyle(new WindowStyle);
   // The end is the form's matter: a message may be shown while there is no window.
   setQuitOnLastWindowClosed(false);
+  installEventFilter(&heldKeys_);
   LoadTranslation();
   SetWaiting(RepaintWhileWaiting);
 }

@@ -9,6 +9,7 @@
 #include <QTranslator>
 
 #include "platform/controls/form.h"
+#include "platform/qt/held_keys.h"
 
 namespace lexmill::platform::qt {
 
@@ -35,6 +36,7 @@ class Screen final : public QApplication {
   void LoadTranslation();
 
   QTranslator translator_;
+  HeldKeys heldKeys_;
 };
 
 }  // namespace lexmill::platform::qt

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <vector>
 
+#include <QLineEdit>
+
 #include "platform/qt/label_widget.h"
 #include "platform/qt/qt_text.h"
 
@@ -24,14 +26,32 @@ bool IsField(const Control& control) {
   return control.Kind() == ControlKind::TextBox || control.Kind() == ControlKind::ComboBox;
 }
 
+// A label that has nothing to say as yet.
+bool IsOutput(const Control& control) {
+  return control.Kind() == ControlKind::Label && control.Caption().empty();
+}
+
 bool NamesFields(const Control& control) {
   return control.Kind() == ControlKind::Label || control.Kind() == ControlKind::CheckBox;
 }
 
+QString NameFrom(const ControlMirror& namer) {
+  return ToQt(namer.Shown().Caption()).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
 void NameField(const ControlMirror& field, const ControlMirror& namer) {
-  QString name = ToQt(namer.Shown().Caption());
-  name.replace(QStringLiteral("&&"), QStringLiteral("&"));
-  field.Widget().setAccessibleName(name);
+  field.Widget().setAccessibleName(NameFrom(namer));
+  // A list's field has a part for typing, where the focus is.
+  if (auto* part = field.Widget().findChild<QLineEdit*>()) {
+    part->setAccessibleName(NameFrom(namer));
+  }
+}
+
+// A button whose caption says nothing.
+void NameByHint(const ControlMirror& button) {
+  if (button.Shown().Caption() == u"...") {
+    button.Widget().setAccessibleName(ToQt(button.Shown().ToolTipText()));
+  }
 }
 
 }  // namespace
@@ -55,7 +75,10 @@ void NameFields(Mirrors mirrors) {
   const ControlMirror* before = nullptr;
   for (const ControlMirror* mirror : ByTabIndex(mirrors)) {
     const Control& control = mirror->Shown();
-    if (NamesFields(control)) {
+    NameByHint(*mirror);
+    if (IsOutput(control) && namer != nullptr && namer == before) {
+      mirror->Widget().setAccessibleDescription(NameFrom(*namer));
+    } else if (NamesFields(control)) {
       namer = mirror;
     } else if (IsField(control) && namer != nullptr &&
                namer->Shown().Container() == control.Container()) {

@@ -17,7 +17,9 @@ using Mirrors = std::span<const std::unique_ptr<ControlMirror>>;
 void ChainTabOrder(Mirrors mirrors);
 
 /// Gives each field that has no caption the name of the label or box that stands before it in the
-/// same group, by TabIndex, and makes it the field of a label that stands directly before it.
+/// same group, by TabIndex, and makes it the field of a label that stands directly before it. A
+/// label without a text as yet is described by the one directly before it, a button "..." named by
+/// its tool tip.
 void NameFields(Mirrors mirrors);
 
 }  // namespace lexmill::platform::qt

@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: MIT
 // Dialogs, answered as a user answers them.
+#include <fstream>
+
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "platform/controls/dialogs.h"
+#include "platform/files/file_system.h"
+#include "platform/text/text.h"
 #include "tests/support/readable_text.h"
 #include "tests/window_qt/window_world.h"
 
@@ -107,6 +114,28 @@ TEST_F(Dialogs, HandBackSeveralFilesAndTheReadOnlyBox) {
   EXPECT_EQ(answer->path, platform::FromUtf8(dictionaries_.Path().string()) +
                               std::u16string(u"\0a.glo\0b.glo", 12));
   EXPECT_TRUE(answer->readOnly);
+}
+
+TEST_F(Dialogs, ListAndOpenFilesWhoseNamesAreNoUtf8) {
+  const std::string bytes = Ansi("字典.glo");
+  for (const std::string& name : {bytes, Ansi("字典.doc"), std::string("plain.glo")}) {
+    std::ofstream(dictionaries_.Path() / name) << "x";
+  }
+  frmMain::Instance().cboToDo.Text(dictionaries_.File("plain.glo"));
+  std::string listed;
+  Answer([&](QWidget& dialog) {
+    auto& names = *dialog.findChild<QListWidget*>(QStringLiteral("foreignNames"));
+    for (int i = 0; i < names.count(); ++i) {
+      listed += names.item(i)->text().toStdString() + "\n";
+    }
+    names.setCurrentRow(0);
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+  });
+  Click("cmdOpen(0)");
+  EXPECT_EQ(listed, "字典.glo\n");
+  EXPECT_EQ(platform::ToUtf8(frmMain::Instance().cboToDo.Text()),
+            (dictionaries_.Path() / bytes).string());
+  EXPECT_EQ(platform::ReadBinary(frmMain::Instance().cboToDo.Text(), 0, 1), "x");
 }
 
 TEST_F(Dialogs, PutThePathOfTheDatabaseAndTheFocusIntoItsField) {
