@@ -21,7 +21,7 @@ struct BatchLine {
   bool isSilent = false;    ///< begins with '@': never shown before it runs
   bool isComplete = true;   ///< false if a redirection lacks its path
   std::u16string name;      ///< of the command, as written, quotes included; empty if there is none
-  std::u16string argument;  ///< all behind the name, with its blanks and quotes
+  std::u16string argument;  ///< all after the name, with its blanks and quotes
   std::vector<Redirection> redirections;  ///< in the order of the line
 };
 

@@ -41,7 +41,7 @@ HostOutcome CopyContent(HostFile& from, HostFile& to) {
 }
 
 /// A database that is empty was never filled, since its writer died or met no end of its script.
-/// One beside which a journal stands was being changed then: its pages make sense with the journal
+/// One beside which a journal lies was being changed then: its pages make sense with the journal
 /// alone. A copy of either would pass for a whole one.
 bool IsUnfinished(const HostFile& file, const std::u16string& source) {
   const auto status = file.Status();

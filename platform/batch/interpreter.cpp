@@ -148,7 +148,7 @@ void Interpreter::Echo(std::u16string_view argument, HostFile& output) {
   } else if (word.empty()) {
     PrintLine(output, isEchoOn_ ? kEchoIsOn : kEchoIsOff);
   } else {
-    // The blank or the point behind the name belongs to the command.
+    // The blank or the point after the name belongs to the command.
     PrintLine(output, argument.substr(1));
   }
 }

@@ -34,7 +34,7 @@ std::optional<char16_t> Number(std::u16string_view text, std::size_t count, unsi
   return static_cast<char16_t>(number);
 }
 
-/// \x41 and \u0041: the digits behind the letter, or the letter itself.
+/// \x41 and \u0041: the digits after the letter, or the letter itself.
 Escape Hexadecimal(std::u16string_view pattern, std::size_t& at, std::size_t digits) {
   if (const auto number = Number(pattern.substr(at + 1), digits, 16)) {
     at += 1 + digits;

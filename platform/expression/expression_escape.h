@@ -13,8 +13,8 @@ struct Escape {
   bool isSet = false;
 };
 
-/// Reads the escape whose backslash stands at `at` and moves `at` behind it. Control, hexadecimal
-/// and octal forms that are not complete, and every other escape, stand for the unit behind the
+/// Reads the escape whose backslash stands at `at` and moves `at` past it. Control, hexadecimal
+/// and octal forms that are not complete, and every other escape, stand for the unit after the
 /// backslash. Assertions and references to groups mean something outside sets only and are the
 /// caller's.
 /// @param[in,out] at  index of the backslash

@@ -162,7 +162,7 @@ class Translation {
     Copy(1, true);
   }
 
-  /// One member or one range of a set. A hyphen at the end of the set, or behind a named set, is a
+  /// One member or one range of a set. A hyphen at the end of the set, or after a named set, is a
   /// member of its own.
   void Member() {
     const Escape lowest = MemberUnit();

@@ -35,7 +35,7 @@ class RegExp {
   [[nodiscard]] bool Test(std::u16string_view text) const;
 
   /// `text` with its first match replaced; `text` itself if there is none. In `replacement` $1 to
-  /// $99 stand for groups, $& $` $' for the match and what is before and behind it, $$ for a
+  /// $99 stand for groups, $& $` $' for the match and what is before and after it, $$ for a
   /// dollar; anything else is literal. @throws as Test
   [[nodiscard]] std::u16string Replace(std::u16string_view text,
                                        std::u16string_view replacement) const;

@@ -4,7 +4,7 @@
 namespace lexmill::platform {
 namespace {
 
-/// What a $ and the units behind it give, and how many units that form has with its $.
+/// What a $ and the units after it give, and how many units that form has with its $.
 struct Expansion {
   std::u16string_view text;
   std::size_t length = 1;

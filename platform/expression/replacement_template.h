@@ -9,7 +9,7 @@
 
 namespace lexmill::platform {
 
-/// A match in a text: the groups, group 0 being the whole, and what is before and behind it.
+/// A match in a text: the groups, group 0 being the whole, and what is before and after it.
 struct ExpressionMatch {
   std::u16string_view before;
   std::span<const std::u16string_view> groups;

@@ -29,7 +29,7 @@ void LineBytes::Close() {
   begin_ = end_;
 }
 
-/// Reads more behind `end_`, after making room. @return false at the end of the file
+/// Reads more after `end_`, after making room. @return false at the end of the file
 bool LineBytes::Fill() {
   if (!file_.IsOpen()) {
     throw Failure(FailureNumber::ObjectNotSet, FailureOrigin::ScriptLibrary);

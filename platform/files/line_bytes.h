@@ -25,7 +25,7 @@ class LineBytes {
 
   /// The next line with its end, good until the next call; empty if none is left. A last line
   /// without an end counts.
-  /// @throws Failure DeviceError if the host can't read, ObjectNotSet behind Close
+  /// @throws Failure DeviceError if the host can't read, ObjectNotSet after Close
   [[nodiscard]] std::string_view Next() { return Take(LineLength()); }
 
   /// Bytes of the file that the lines so far took, a mark included.

@@ -152,7 +152,7 @@ std::optional<ProfileText::Line> ProfileText::FindKey(const Section& section,
   return std::nullopt;
 }
 
-/// Where a new key of the section goes: behind its last line that is neither blank nor a comment.
+/// Where a new key of the section goes: after its last line that is neither blank nor a comment.
 std::size_t ProfileText::EndOfKeys(const Section& section) const {
   std::size_t end = section.header.end;
   for (std::size_t at = section.header.end; at < section.end;) {

@@ -30,7 +30,7 @@ class ProfileText {
   [[nodiscard]] std::optional<std::vector<std::u16string>> Keys(std::u16string_view section) const;
   [[nodiscard]] std::vector<std::u16string> Sections() const;
 
-  /// Puts the value into the key's line. A new key goes behind the section's last one, a new
+  /// Puts the value into the key's line. A new key goes after the section's last one, a new
   /// section to the end.
   /// @return false if the encoding lacks a character; nothing has changed then
   [[nodiscard]] bool Set(std::u16string_view section, std::u16string_view key,

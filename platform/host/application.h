@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/host: what the platform tells a program of itself.
+// platform/host: what a program knows of itself.
 // Stands for: the application object and its string resources.
 #pragma once
 

@@ -29,7 +29,7 @@ inline constexpr std::u16string_view kBlanks = u" \t";
 
 /// What to run for a command line: a line that as a whole names an existing `.bat` file, quoted or
 /// not, relative to `currentDirectory`, is run by the batch interpreter beside this program; any
-/// other is split. What stands behind `batch /c` stays one word with its quotes, since it is a line
+/// other is split. What follows `batch /c` stays one word with its quotes, since it is a line
 /// for the interpreter to read.
 /// @return program and arguments; empty for a line without a word
 [[nodiscard]] std::vector<std::u16string> CommandLine(std::u16string_view line,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/host: what the host tells of itself to programs that run others.
+// platform/host: what a program knows of its host.
 // Stands for: GetVersion, OemToCharBuffA, the environment.
 #pragma once
 

@@ -74,7 +74,7 @@ namespace lexmill::platform {
 
 /// Appends the text of `bytes` to `text`.
 /// @param takeCharacter  called as (bytes, at, out) at a byte that is not ASCII: converts one
-///   character, moves `at` behind it and `out` behind its units; never more units than bytes
+///   character, moves `at` past it and `out` after its units; never more units than bytes
 template <class TakeCharacter>
 void DecodeRuns(std::string_view bytes, std::u16string& text, TakeCharacter takeCharacter) {
   const auto before = text.size();

@@ -46,7 +46,7 @@ class NumberReader {
     return sign;
   }
 
-  /// Digits with at most one point; behind the first digit commas may stand anywhere.
+  /// Digits with at most one point; after the first digit commas may stand anywhere.
   [[nodiscard]] bool TakeDigits() {
     bool hasDigit = false;
     bool hasPoint = false;
@@ -66,7 +66,7 @@ class NumberReader {
     return hasDigit;
   }
 
-  /// An exponent, if there is one. @return false for a letter without digits behind it
+  /// An exponent, if there is one. @return false for a letter without digits after it
   [[nodiscard]] bool TakeExponent() {
     if (!Next(IsExponentLetter)) {
       return true;

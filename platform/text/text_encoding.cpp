@@ -17,7 +17,7 @@ namespace {
 /// Sequences of two bytes that are no chance any more.
 constexpr int kTellingPairs = 10;
 
-/// Length of `bytes` without a character that may go on behind their end.
+/// Length of `bytes` without a character that may go on after their end.
 std::size_t WithoutCutOff(std::string_view bytes) {
   auto length = std::ssize(bytes);
   U8_TRUNCATE_IF_INCOMPLETE(bytes, 0, length);

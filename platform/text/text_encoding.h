@@ -11,7 +11,7 @@ namespace lexmill::platform {
 enum class TextEncoding {
   Ansi,          ///< the system's code page
   Utf8,          ///< UTF-8 without a mark
-  Utf8WithMark,  ///< UTF-8 behind the mark EF BB BF
+  Utf8WithMark,  ///< UTF-8 after the mark EF BB BF
 };
 
 /// Appends the text of `bytes`, which holds whole characters and no mark, to `text`. Never fails.

@@ -10,7 +10,7 @@
 namespace lexmill::platform {
 
 /// Takes the character at `at` of `bytes`, or the one byte there if no valid character begins at
-/// it, and moves `at` behind.
+/// it, and moves `at` past that.
 /// @return its code point; negative for a byte that is no valid UTF-8: of too long a form, of half
 ///   a pair, beyond U+10FFFF, or cut off
 [[nodiscard]] std::int32_t NextUtf8(std::string_view bytes, std::size_t& at);
