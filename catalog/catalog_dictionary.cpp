@@ -18,6 +18,11 @@ bool IsReference(const CatalogEntry& entry) {
   return entry.kind == EntryKind::Plain && entry.state == EntryState::Translated;
 }
 
+void CountPassedOver(const CatalogEntry& entry, EntryCounts& counts) {
+  counts.plural += entry.kind == EntryKind::Plural ? 1 : 0;
+  counts.inlined += entry.kind == EntryKind::Inline ? 1 : 0;
+}
+
 void ReadGlossaryPairs(platform::TextReader& input, const OnPair& onPair) {
   while (!input.AtEndOfStream()) {
     const std::u16string_view line = input.ReadLine();
@@ -39,22 +44,33 @@ void ReadTextPairs(platform::TextReader& input, const OnPair& onPair) {
 
 }  // namespace
 
-void ReadUntranslated(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair) {
+EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& options,
+                             const OnPair& onPair) {
+  EntryCounts others;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
     if (IsToFill(entry, options)) {
       const std::u16string source = ToDictionary(entry.source, catalog.accelerator);
       onPair(source, source);
+    } else if (entry.state == EntryState::Open) {
+      CountPassedOver(entry, others);
+    } else if (IsReference(entry)) {
+      ++others.translated;
     }
   });
+  return others;
 }
 
-void ReadTranslated(const Catalog& catalog, const OnPair& onPair) {
+EntryCounts ReadTranslated(const Catalog& catalog, const OnPair& onPair) {
+  EntryCounts others;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
     if (IsReference(entry)) {
       onPair(ToDictionary(entry.source, catalog.accelerator),
              ToDictionary(entry.target, catalog.accelerator));
+    } else if (entry.state == EntryState::Translated) {
+      CountPassedOver(entry, others);
     }
   });
+  return others;
 }
 
 void ReadAll(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair) {

@@ -3,6 +3,7 @@
 // A catalog as a dictionary of the system, and what such a dictionary says of translations.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string_view>
 
@@ -14,12 +15,25 @@ namespace lexmill {
 /// Sees the two sides of an entry of a dictionary; they are good until it returns.
 using OnPair = std::function<void(std::u16string_view source, std::u16string_view target)>;
 
-/// Reports the entries of a catalog that wait for a target, with the source on either side.
-/// @throws platform::Failure as ReadCatalog
-void ReadUntranslated(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair);
+/// Entries of a catalog that are not reported.
+struct EntryCounts {
+  std::int64_t translated = 0;
+  std::int64_t plural = 0;   ///< passed over for their forms
+  std::int64_t inlined = 0;  ///< passed over for the elements in them
 
-/// Reports the translated entries of a catalog. @throws platform::Failure as ReadCatalog
-void ReadTranslated(const Catalog& catalog, const OnPair& onPair);
+  bool operator==(const EntryCounts&) const = default;
+};
+
+/// Reports the entries of a catalog that wait for a target, with the source on either side.
+/// @return what else it has, open plural and inline entries alone
+/// @throws platform::Failure as ReadCatalog
+EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& options,
+                             const OnPair& onPair);
+
+/// Reports the translated entries of a catalog.
+/// @return its translated plural and inline entries
+/// @throws platform::Failure as ReadCatalog
+EntryCounts ReadTranslated(const Catalog& catalog, const OnPair& onPair);
 
 /// Reports the entries of both kinds in their order.
 /// @throws platform::Failure as ReadCatalog

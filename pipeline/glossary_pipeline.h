@@ -40,12 +40,13 @@ class GlossaryPipeline {
     const frmMain& window = frmMain::Instance();
     BuildBatScript();
     if (TheRun().RefDbPath.empty()) {
-      RunStage<typename Pair::ReferenceStage>(*oAwk, 0, window.cboRefer.Text(),
+      RunStage<typename Pair::ReferenceStage>(*oAwk, 0, ReferenceInput(),
                                               InWorkFolder(files_.sRefSqlFile));
     }
-    RunStage<clsLexGLO2>(*oAwk, 1, window.cboToDo.Text(), InWorkFolder(files_.sToDoSqlFile));
+    RunStage<clsLexGLO2>(*oAwk, 1, ToDoInput(), InWorkFolder(files_.sToDoSqlFile));
     RunBatch();
-    RunStage<clsLexGLO3>(*oAwk, 3, InWorkFolder(files_.sReadyFile), window.cboFinal.Text());
+    RunStage<clsLexGLO3>(*oAwk, 3, OwnInput(InWorkFolder(files_.sReadyFile)),
+                         TheRun().standIns.ForResult(window.cboFinal.Text()));
     if (!RunOptions().chkaKeepTmpFile) {
       TheRun().abandoned ? DeleteAllFiles(files_) : DeleteTempFiles();
     }

@@ -54,11 +54,31 @@ inline void SetOutputs(TwoOutputStage auto& stage, const std::u16string& output1
   stage.OutputFile2(output2);
 }
 
-/// Runs a stage from `input` to `outputs`, shows its time and the size of `input` in row `row`, and
-/// releases it. Nothing in a run that has been abandoned. The scanner is reset first, whether the
-/// stage uses it or not.
+/// What a stage reads.
+struct StageInput {
+  std::u16string file;
+  std::u16string shown;  ///< the file whose size the user sees; the same unless one stands in
+};
+
+/// A temporary file of the run.
+[[nodiscard]] inline StageInput OwnInput(const std::u16string& path) {
+  return {path, path};
+}
+/// The untranslated dictionary and the reference that stand in the window.
+[[nodiscard]] inline StageInput ToDoInput() {
+  const std::u16string path = frmMain::Instance().cboToDo.Text();
+  return {TheRun().standIns.ForToDo(path), path};
+}
+[[nodiscard]] inline StageInput ReferenceInput() {
+  const std::u16string path = frmMain::Instance().cboRefer.Text();
+  return {TheRun().standIns.ForReference(path), path};
+}
+
+/// Runs a stage from `input` to `outputs`, shows its time and the size of its input in row `row`,
+/// and releases it. Nothing in a run that has been abandoned. The scanner is reset first, whether
+/// the stage uses it or not.
 template <Stage S, class... Outputs>
-void RunStage(RecordScanner& scanner, std::int16_t row, const std::u16string& input,
+void RunStage(RecordScanner& scanner, std::int16_t row, const StageInput& input,
               const Outputs&... outputs) {
   if (TheRun().abandoned) {
     return;
@@ -70,10 +90,10 @@ void RunStage(RecordScanner& scanner, std::int16_t row, const std::u16string& in
     stage.AwkControl(scanner);
   }
   stage.StateLabel(window.lblState(row));
-  stage.InputFile(input);
+  stage.InputFile(input.file);
   SetOutputs(stage, outputs...);
   stage.DoItNow();
-  window.UpdateStateLabel(row, stage.ProcessTime(), input);
+  window.UpdateStateLabel(row, stage.ProcessTime(), input.shown);
 }
 
 }  // namespace lexmill

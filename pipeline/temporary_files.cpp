@@ -11,23 +11,8 @@
 namespace lexmill {
 namespace {
 
-using Reservations = std::vector<platform::NameReservation>;
-
 // There are a million names. Where so many draws find none, the folder is not ours to judge.
 constexpr int kMostDraws = 1000;
-
-std::u16string DrawName(const std::u16string& extension, Reservations& reservations) {
-  const platform::FileSystemObject files;
-  std::u16string name;
-  for (int i = 0; i < kMostDraws; ++i) {
-    name = modMain::ChangeFileExtension(files.GetTempName(), extension);
-    if (auto taken = platform::NameReservation::Take(InWorkFolder(name))) {
-      reservations.push_back(std::move(*taken));
-      break;
-    }
-  }
-  return name;
-}
 
 // A shell that was ended leaves the journal of its transaction.
 void DeleteDatabase(const std::u16string& name) {
@@ -48,6 +33,19 @@ void Restart(Reservations& reservations) {
 }
 
 }  // namespace
+
+std::u16string DrawName(const std::u16string& extension, Reservations& reservations) {
+  const platform::FileSystemObject files;
+  std::u16string name;
+  for (int i = 0; i < kMostDraws; ++i) {
+    name = modMain::ChangeFileExtension(files.GetTempName(), extension);
+    if (auto taken = platform::NameReservation::Take(InWorkFolder(name))) {
+      reservations.push_back(std::move(*taken));
+      break;
+    }
+  }
+  return name;
+}
 
 void DrawNames(GlossaryRunFiles& files) {
   Restart(files.reservations);

@@ -39,6 +39,11 @@ struct TextRunFiles {
   std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 
+using Reservations = std::vector<platform::NameReservation>;
+
+/// Draws a bare name that is kept until its reservation, which is added to `reservations`, goes.
+[[nodiscard]] std::u16string DrawName(const std::u16string& extension, Reservations& reservations);
+
 /// Draws every name anew, in the order of the members. No file of these names is created, and none
 /// is there: a name that another run in this folder keeps, or that a killed run has left a file
 /// under, is drawn again.

@@ -42,15 +42,15 @@ class TextPipeline {
     const frmMain& window = frmMain::Instance();
     BuildBatScript();
     if (TheRun().RefDbPath.empty()) {
-      RunStage<typename Pair::ReferenceStage>(*oAwk, 0, window.cboRefer.Text(),
+      RunStage<typename Pair::ReferenceStage>(*oAwk, 0, ReferenceInput(),
                                               InWorkFolder(files_.sRefSqlFile));
     }
-    RunStage<clsLexUPB2>(*oAwk, 1, window.cboToDo.Text(), InWorkFolder(files_.sEntrySqlFile),
+    RunStage<clsLexUPB2>(*oAwk, 1, ToDoInput(), InWorkFolder(files_.sEntrySqlFile),
                          InWorkFolder(files_.sToDoSqlFile));
     const SavedDatabase saved(files_.sSavedDb);
     RunBatch(files_.sBatFile);
     saved.NoteIfMissing();
-    RunStage<clsLexUPB3>(*oAwk, 3, InWorkFolder(files_.sReadyFile),
+    RunStage<clsLexUPB3>(*oAwk, 3, OwnInput(InWorkFolder(files_.sReadyFile)),
                          InWorkFolder(files_.sUpdateSqlFile));
     RunBatch(files_.sBatFile2);
     ConvertLineListing(InWorkFolder(files_.sLineFile), window.cboFinal.Text());

@@ -11,6 +11,7 @@
 #include "platform/host/application.h"
 #include "platform/host/host_path.h"
 #include "platform/text/text.h"
+#include "run/catalog_arguments.h"
 
 namespace lexmill {
 namespace {
@@ -61,11 +62,13 @@ class Reader {
     if (!wanted_.empty()) {
       return WantedText{wanted_};
     }
-    if (reason_.empty() && paths_.size() != 3) {
-      reason_ = "three dictionaries are wanted: TODO, REFER, FINAL";
-    }
+    CheckPaths();
     if (!reason_.empty()) {
       return WrongArguments{reason_};
+    }
+    if (arguments_.task != ConsoleTask::Run) {
+      arguments_.paths = paths_;
+      return arguments_;
     }
     arguments_.toDo = paths_[0];
     arguments_.refer = paths_[1];
@@ -74,6 +77,20 @@ class Reader {
   }
 
  private:
+  void CheckPaths() {
+    const std::size_t count = paths_.size();
+    if (!reason_.empty()) {
+      return;
+    }
+    if (arguments_.task == ConsoleTask::Convert && count < 2) {
+      reason_ = "--convert wants one or more catalogs and a dictionary";
+    } else if (arguments_.task == ConsoleTask::Fill && count != 3) {
+      reason_ = "--fill wants three paths: CATALOG, RESULT, OUT";
+    } else if (arguments_.task == ConsoleTask::Run && count != 3) {
+      reason_ = "three dictionaries are wanted: TODO, REFER, FINAL";
+    }
+  }
+
   void ReadWord(std::string_view word) {
     if (onlyPaths_ || !word.starts_with("--")) {
       paths_.push_back(AbsolutePath(word));
@@ -93,8 +110,14 @@ class Reader {
       ReadReport(Value(word));
     } else if (word == "--fail-below") {
       ReadShare(Value(word));
+    } else if (word == "--convert") {
+      arguments_.task = ConsoleTask::Convert;
+    } else if (word == "--fill") {
+      arguments_.task = ConsoleTask::Fill;
+    } else if (IsCatalogOption(word)) {
+      reason_ = SetCatalogOption(word, WantsValue(word) ? Value(word) : "", arguments_.catalogs);
     } else if (word == "--help") {
-      wanted_.assign(kConsoleUsage).append(kHelp);
+      wanted_.assign(kConsoleUsage).append(kHelp).append(kCatalogHelp);
     } else if (word == "--version") {
       wanted_ = Version();
     } else {

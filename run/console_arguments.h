@@ -11,12 +11,24 @@
 #include <variant>
 #include <vector>
 
+#include "run/shared/catalog_options.h"
+
 namespace lexmill {
 
 enum class Preset { Full, Minimal };
 
+/// What lexmill-run does.
+enum class ConsoleTask {
+  Run,
+  Convert,  ///< catalogs to a dictionary
+  Fill,     ///< a catalog from a dictionary
+};
+
 /// What a command line of lexmill-run asks for. Paths are absolute.
 struct ConsoleArguments {
+  ConsoleTask task = ConsoleTask::Run;
+  std::vector<std::u16string> paths;  ///< of another task than a run, as many as it takes
+  CatalogOptions catalogs;
   std::u16string toDo;
   std::u16string refer;
   std::u16string result;
@@ -44,6 +56,7 @@ inline constexpr std::string_view kConsoleUsage =
     "Usage: lexmill-run TODO REFER FINAL [--settings FILE.ini] [--preset full|minimal]\n"
     "                   [--set NAME=VALUE]... [--encoding auto|utf-8|936] [--work-dir DIR]\n"
     "                   [--report FILE] [--fail-below PERCENT]\n"
+    "       lexmill-run --convert FILE... OUT | --fill CATALOG RESULT OUT\n"
     "       lexmill-run --help | --version\n";
 
 /// Reads the words after the program's name. Relative paths are taken from the current directory.

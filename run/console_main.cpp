@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "foundation/entry_point.h"
 #include "platform/files/platform_settings.h"
 #include "platform/files/profile_file.h"
 #include "platform/headless/headless.h"
@@ -17,6 +18,7 @@
 #include "platform/host/standard_streams.h"
 #include "platform/host/termination.h"
 #include "platform/text/text.h"
+#include "run/catalog_task.h"
 #include "run/console_arguments.h"
 #include "run/console_run.h"
 #include "run/modMain.h"
@@ -107,6 +109,18 @@ void ClearProgress() {
   }
 }
 
+// Converts or fills without a run.
+int PerformTask(const lexmill::ConsoleArguments& arguments) {
+  const bool isDone = lexmill::ReportFailures(u"Module 'catalog_task' -> 'PerformTask'", [&] {
+    if (arguments.task == lexmill::ConsoleTask::Convert) {
+      lexmill::ConvertCatalogs(arguments.paths);
+    } else {
+      std::cout << lexmill::platform::ToUtf8(lexmill::FillCatalogFrom(arguments.paths)) << "\n";
+    }
+  });
+  return isDone ? 0 : kFailed;
+}
+
 int PerformRun(const lexmill::ConsoleArguments& arguments) {
   auto& session = lexmill::platform::headless::TheSession();
   session.messagesToStandardError = true;
@@ -117,6 +131,10 @@ int PerformRun(const lexmill::ConsoleArguments& arguments) {
   }
   if (const std::string wrong = lexmill::SetOptions(arguments); !wrong.empty()) {
     return RefuseArguments(wrong);
+  }
+  lexmill::TheRun().catalogOptions = arguments.catalogs;
+  if (arguments.task != lexmill::ConsoleTask::Run) {
+    return PerformTask(arguments);
   }
   const bool programsThere = ReportMissingPrograms();
   EndChildrenWithUs();

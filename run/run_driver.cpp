@@ -12,6 +12,7 @@
 #include "platform/controls/desktop.h"
 #include "platform/failure.h"
 #include "platform/host/process.h"
+#include "run/catalog_run.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/failure_notice.h"
@@ -32,14 +33,18 @@ constexpr platform::Color kWaitingText = 0xC56A31;
 // format. Returns the language pair; of two heads with known languages the later one's counts.
 std::u16string KeepKinds(std::initializer_list<std::u16string> paths) {
   auto& dictionaries = TheRun().dictionaries;
-  dictionaries.clear();
   for (const auto& path : paths) {
-    dictionaries[path] = RecogniseEncoding(path);
-    dictionaries[path].facts = InspectFile(path);
+    if (!dictionaries.contains(path)) {
+      dictionaries[path] = RecogniseEncoding(path);
+      dictionaries[path].facts = InspectFile(path);
+    }
   }
   std::u16string pair;
   for (const auto& path : paths) {
-    dictionaries[path].format = modMain::DetectDictionaryFormat(path, pair);
+    DictionaryKind& kind = dictionaries[path];
+    if (kind.format == DictionaryFormat::Unknown) {
+      kind.format = modMain::DetectDictionaryFormat(path, pair);
+    }
   }
   return pair;
 }
@@ -124,9 +129,18 @@ void frmMain::ClearProgress() {
 
 void frmMain::RunDictionaries() {
   RunState& run = TheRun();
+  run.dictionaries.clear();
+  CatalogRun catalogs;
   run.RefDbPath = modMain::IsPurifiedDatabase(cboRefer.Text()) ? cboRefer.Text() : u"";
+  catalogs.TakeUntranslated(cboToDo.Text(), cboFinal.Text(), {cboRefer.Text()});
+  if (run.RefDbPath.empty()) {
+    catalogs.TakeReference(cboRefer.Text());
+  }
   const std::u16string pair = run.RefDbPath.empty() ? KeepKinds({cboToDo.Text(), cboRefer.Text()})
                                                     : KeepKinds({cboToDo.Text()});
+  if (FormatOfReference(cboRefer.Text()) == DictionaryFormat::Unknown) {
+    catalogs.TakeTable(cboRefer.Text());
+  }
   run.resultEncoding = ResultEncoding(cboToDo.Text(), std::array{cboRefer.Text()});
   const DictionaryFormat toDo = KindOf(cboToDo.Text()).format;
   const DictionaryFormat refer = FormatOfReference(cboRefer.Text());
@@ -135,6 +149,8 @@ void frmMain::RunDictionaries() {
                             toDo == DictionaryFormat::Unknown ? cboToDo.Text() : cboRefer.Text());
   }
   Dispatch(toDo, refer, pair);
+  catalogs.SettleCounts();
+  catalogs.WriteResult(cboFinal.Text());
 }
 
 }  // namespace lexmill

@@ -39,8 +39,12 @@ void frmMain::EndRun() {
 void frmMain::NoteHints() {
   const std::u16string& toDo = cboToDo.Text();
   const std::u16string& refer = cboRefer.Text();
+  // A catalog that is partly translated serves as its own reference.
+  const bool isUseful = KindOf(toDo).isCatalog && TheRun().counts.referenceEntries > 0;
   const std::vector<HintedDictionary> references{
-      {.path = refer, .kind = KindOf(refer), .isToDoFile = platform::IsSameFile(toDo, refer)}};
+      {.path = refer,
+       .kind = KindOf(refer),
+       .isToDoFile = !isUseful && platform::IsSameFile(toDo, refer)}};
   for (auto& hint : HintsOf(TheRun().counts, {.path = toDo, .kind = KindOf(toDo)}, references)) {
     NoteHint(std::move(hint));
   }

@@ -48,7 +48,8 @@ std::vector<NamedCount> NamedReasons(const DroppedEntries& dropped) {
   std::vector<NamedCount> reasons;
   for (const NamedCount& reason :
        {NamedCount{u"moreColumns", dropped.moreColumns},
-        NamedCount{u"equalSides", dropped.equalSides}, NamedCount{u"tooLong", dropped.tooLong}}) {
+        NamedCount{u"equalSides", dropped.equalSides}, NamedCount{u"tooLong", dropped.tooLong},
+        NamedCount{u"plural", dropped.plural}, NamedCount{u"inline", dropped.inlined}}) {
     if (reason.count > 0) {
       reasons.push_back(reason);
     }
@@ -66,11 +67,16 @@ std::u16string_view StateOf(const RecordedString& string) {
   return string.translations.size() == 1 ? u"filled" : u"several";
 }
 
-/// What of a string's translations is in the result: a text has room for the last one only.
+/// What of a string's translations is in the result: a text has room for the last one only, a
+/// catalog for the first.
 std::span<const std::u16string> WrittenOf(const RecordedString& string) {
   const std::span<const std::u16string> all = string.translations;
-  const auto format = KindOf(frmMain::Instance().cboToDo.Text()).format;
-  return format == modMain::DictionaryFormat::DianjingText && !all.empty() ? all.last(1) : all;
+  const DictionaryKind kind = KindOf(frmMain::Instance().cboToDo.Text());
+  if (kind.isCatalog) {
+    const bool isLeftOpen = all.size() > 1 && TheRun().catalogOptions.skipSeveral;
+    return all.first(all.empty() || isLeftOpen ? 0 : 1);
+  }
+  return kind.format == modMain::DictionaryFormat::DianjingText && !all.empty() ? all.last(1) : all;
 }
 
 /// `text` with U+FFFD for what isn't text, such as a byte that the code page could not decode.

@@ -25,6 +25,7 @@ struct DictionaryKind {
   platform::TextEncoding encoding = platform::TextEncoding::Ansi;
   bool isPlainAscii = false;  ///< of ASCII alone, as far as the run has looked for that
   modMain::DictionaryFormat format = modMain::DictionaryFormat::Unknown;
+  bool isCatalog = false;  ///< it is one, and a glossary stands in for it
   FileFacts facts{};
 
   bool operator==(const DictionaryKind&) const = default;

@@ -15,14 +15,17 @@ struct DroppedEntries {
   std::int64_t moreColumns = 0;  ///< a line of a glossary with more than two columns
   std::int64_t equalSides = 0;   ///< of a reference: not translated
   std::int64_t tooLong = 0;      ///< of a reference: a source longer than txtLenLimit
+  std::int64_t plural = 0;       ///< of a catalog: an entry with several forms
+  std::int64_t inlined = 0;      ///< of a catalog: an entry with elements in its strings
 
   bool operator==(const DroppedEntries&) const = default;
 };
 
 struct RunCounts {
   std::int64_t searched = 0;           ///< untranslated entries that were looked for: rows of S
-  std::int64_t filled = 0;             ///< those of them that have a translation
+  std::int64_t filled = 0;             ///< those of them that got a translation
   std::int64_t several = 0;            ///< those of them that have different ones
+  std::int64_t leftOpen = 0;           ///< those with different ones that are left open for it
   std::int64_t tooLong = 0;            ///< untranslated entries longer than txtLenLimit
   std::int64_t alreadyTranslated = 0;  ///< entries whose sides differ
   std::int64_t referenceEntries = 0;   ///< rows of R that this run wrote
@@ -35,7 +38,7 @@ struct RunCounts {
   /// Untranslated entries in all.
   [[nodiscard]] std::int64_t ToDo() const { return searched + tooLong; }
   /// Those that were looked for and not found.
-  [[nodiscard]] std::int64_t Unknown() const { return searched - filled; }
+  [[nodiscard]] std::int64_t Unknown() const { return searched - filled - leftOpen; }
   /// True once the counts are those of a whole run.
   [[nodiscard]] bool Complete() const { return untranslatedRead && readyRead && resultWritten; }
 };

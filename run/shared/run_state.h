@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/text/text_encoding.h"
+#include "run/shared/catalog_options.h"
 #include "run/shared/dictionary_kind.h"
 #include "run/shared/run_counts.h"
 #include "run/shared/run_notice.h"
@@ -20,6 +21,18 @@ namespace lexmill {
 
 /// As a path: lexmill-run writes there itself, after all rows.
 inline constexpr std::u16string_view kStandardOutput = u"-";
+
+/// Temporary glossaries of a run, which stand in for the user's catalogs. Where there is none, a
+/// function gives `path` itself, which is the user's.
+struct StandIns {
+  std::u16string toDo;    ///< what is read for the untranslated dictionary; may be empty
+  std::u16string result;  ///< what is written for the result; may be empty
+  std::map<std::u16string, std::u16string, std::less<>> references;  ///< by the user's path
+
+  [[nodiscard]] std::u16string ForToDo(std::u16string_view path) const;
+  [[nodiscard]] std::u16string ForReference(std::u16string_view path) const;
+  [[nodiscard]] std::u16string ForResult(std::u16string_view path) const;
+};
 
 struct RunState {
   /// The program's folder with one separator at its end; set by Main.
@@ -34,6 +47,10 @@ struct RunState {
   std::u16string LanguagePair;
   /// The dictionaries that the run reads, by path; a purified database is none of them.
   std::map<std::u16string, DictionaryKind, std::less<>> dictionaries;
+  /// What a user chose for catalogs.
+  CatalogOptions catalogOptions;
+  /// The temporary glossaries that stand in for catalogs.
+  StandIns standIns;
   /// The user wants the run's end more than its result: no further step begins, the present one
   /// ends at its next refresh of the window, and an earlier result stays. False at each start.
   bool abandoned = false;

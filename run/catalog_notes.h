@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+// What is said of the entries of a catalog.
+#pragma once
+
+#include <string>
+
+#include "catalog/catalog_dictionary.h"
+
+namespace lexmill {
+
+/// What has become of a catalog's entries: a Chinese sentence that names the file.
+[[nodiscard]] std::u16string FillSentence(const Catalog& catalog, const FillCounts& counts);
+
+/// What of a reference is of no use; empty if all of it is.
+[[nodiscard]] std::u16string UnusedSentence(const Catalog& catalog, const EntryCounts& counts);
+
+}  // namespace lexmill

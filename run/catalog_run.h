@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+// Catalogs in a run: each stands in it as a temporary glossary.
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalog/catalog.h"
+#include "catalog/catalog_dictionary.h"
+#include "pipeline/temporary_files.h"
+
+namespace lexmill {
+
+/// The catalogs of one run. Keeps their stand-ins and their kinds in the run's state; when it goes,
+/// the stand-ins go, and their files unless temporary files are kept.
+class CatalogRun {
+ public:
+  CatalogRun();
+  ~CatalogRun();
+  CatalogRun(const CatalogRun&) = delete;
+  CatalogRun& operator=(const CatalogRun&) = delete;
+
+  /// Lets a glossary of its open entries stand in for `toDo` if that is a catalog, and one that is
+  /// still to be written for `result`.
+  /// @throws platform::Failure with file, line and reason for a catalog that doesn't parse; for one
+  ///   of a format that is only read; if `result` is one of `references`
+  void TakeUntranslated(const std::u16string& toDo, const std::u16string& result,
+                        std::initializer_list<std::u16string> references);
+  /// Lets a glossary of its translated entries stand in for `path` if that is a catalog.
+  /// @throws platform::Failure for a catalog that doesn't parse
+  void TakeReference(const std::u16string& path);
+  /// As TakeReference, for a table; to be asked for a file that is no dictionary of another format.
+  void TakeTable(const std::u16string& path);
+
+  /// Gives what the run has counted for stand-ins to their catalogs.
+  void SettleCounts() const;
+
+  /// Fills the catalog that TakeUntranslated found from the glossary that the run has written, and
+  /// notes what has become of it. Nothing if there is no such catalog or no such glossary.
+  /// @throws platform::Failure if the result can't be written
+  void WriteResult(const std::u16string& result);
+
+ private:
+  /// A file that stands in for a catalog.
+  struct StandIn {
+    std::u16string catalog;
+    std::u16string glossary;  ///< full path
+  };
+
+  [[nodiscard]] std::u16string DrawGlossary(const std::u16string& catalog);
+  void AddReference(const Catalog& catalog);
+
+  std::optional<Catalog> toDo_;
+  std::vector<StandIn> standIns_;
+  Reservations reservations_;
+};
+
+}  // namespace lexmill
