@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 #include "catalog/catalog.h"
@@ -32,6 +33,7 @@ Catalog OpenAny(const std::u16string& path) {
   if (const auto format = DetectCatalog(path)) {
     return OpenCatalog(path, *format, options);
   }
+  std::ignore = platform::FileSystemObject().FileSize(path);  // a missing file is told as such
   auto table = OpenTable(path, options);
   if (!table) {
     Refuse(path, u"不是 PO、TS、XLIFF、TMX、CSV 或 TSV 文件");

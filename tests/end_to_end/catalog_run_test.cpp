@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// Runs whose dictionaries are catalogs.
+#include <tuple>
+
+#include "run/shared/run_state.h"
+#include "tests/end_to_end/whole_run.h"
+#include "tests/support/readable_text.h"
+
+namespace lexmill::test {
+namespace {
+
+class CatalogRunTest : public WholeRun {
+ protected:
+  /// Runs over two files given by their bytes. @return the bytes of the result; "" if there is none
+  std::string Run(const std::string& toDo, const std::string& refer) {
+    WriteBytes(Dictionary("todo"), toDo);
+    WriteBytes(Dictionary("refer"), refer);
+    Press("todo", "refer", "final");
+    ExpectNoTemporaryFiles();
+    return ReadBytes(Dictionary("final"));
+  }
+
+  /// What the run has noted, joined by "; ".
+  static std::string Notices() {
+    std::string all;
+    for (const RunNotice& notice : TheRun().notices) {
+      all += (all.empty() ? "" : "; ") + Readable(notice.text);
+    }
+    return all;
+  }
+};
+
+const std::string kPo =
+    "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\n"
+    "msgid \"&Open...\"\nmsgstr \"\"\n\n"
+    "msgid \"%n file\"\nmsgid_plural \"%n files\"\nmsgstr[0] \"\"\n\n"
+    "msgid \"Save\\tCtrl+S\"\nmsgstr \"\"\n";
+const std::string kFilledPo =
+    "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\n"
+    "#, fuzzy\nmsgid \"&Open...\"\nmsgstr \"打开(&O)...\"\n\n"
+    "msgid \"%n file\"\nmsgid_plural \"%n files\"\nmsgstr[0] \"\"\n\n"
+    "#, fuzzy\nmsgid \"Save\\tCtrl+S\"\nmsgstr \"保存\\tCtrl+S\"\n";
+
+TEST_F(CatalogRunTest, FillsAPoFromEachKindOfReference) {
+  const std::string references[] = {
+      "Open\t打开\nSave\t保存\n",
+      "1:Open\n打开\n2:Save\n保存\n",
+      "msgid \"\"\nmsgstr \"X-Accelerator-Marker: _\\n\"\nmsgid \"_Open\"\nmsgstr "
+      "\"打开(_O)\"\nmsgid \"Save\"\nmsgstr \"保存\"\n"
+      "#, fuzzy\nmsgid \"Save\"\nmsgstr \"存\"\n",
+      "<TS><message><source>Open</source><translation>打开</translation></message><message>"
+      "<source>Save</source><translation>保存</translation></message></TS>",
+      "<xliff><trans-unit><source>Open</source><target>打开</target></trans-unit><trans-unit>"
+      "<source>Save</source><target>保存</target></trans-unit></xliff>",
+      "<tmx><header srclang=\"en\"/><tu><tuv xml:lang=\"en\"><seg>Open</seg></tuv>"
+      "<tuv xml:lang=\"zh\"><seg>打开</seg></tuv></tu><tu><tuv "
+      "xml:lang=\"en\"><seg>Save</seg></tuv>"
+      "<tuv xml:lang=\"zh\"><seg>保存</seg></tuv></tu></tmx>",
+      "source,target\nOpen,打开\nSave,保存\n",
+  };
+  for (const std::string& refer : references) {
+    EXPECT_EQ(Run(kPo, refer), kFilledPo) << refer;
+  }
+}
+
+TEST_F(CatalogRunTest, GivesAGlossaryTheEncodingOfItsCatalog) {
+  EXPECT_EQ(Run("&Open\t&Open\n", "msgid \"Open\"\nmsgstr \"打开\"\n"), "&Open\t打开(&O)\r\n");
+}
+
+TEST_F(CatalogRunTest, FillsACatalogInPlaceFromItself) {
+  const std::string before = "msgid \"&Open\"\nmsgstr \"\"\nmsgid \"Open\"\nmsgstr \"打开\"\n";
+  WriteBytes(Dictionary("todo"), before);
+  Press("todo", "todo", "copy");
+  const std::string after =
+      "#, fuzzy\nmsgid \"&Open\"\nmsgstr \"打开(&O)\"\nmsgid \"Open\"\nmsgstr \"打开\"\n";
+  EXPECT_EQ(ReadBytes(Dictionary("copy")), after);
+  WriteBytes(Dictionary("refer"), "Open\tOpen\n");
+  Press("copy", "refer", "copy");
+  EXPECT_EQ(ReadBytes(Dictionary("copy")), after);
+}
+
+TEST_F(CatalogRunTest, SaysWhatWasFilledAndPassedOver) {
+  std::ignore = Run(kPo,
+                    "msgid \"a\"\nmsgid_plural \"b\"\nmsgstr[0] \"c\"\nmsgid \"Open\"\n"
+                    "msgstr \"打开\"\nmsgid \"&Open\"\nmsgstr \"开启(&O)\"\n");
+  EXPECT_EQ(Notices(),
+            "“refer”：跳过复数条目 1 条; “todo”：译出 1 条，有多种译法 1 条，跳过复数条目 1 条");
+  EXPECT_EQ(Readable(world_.window.cboToDo.Text()), Readable(Dictionary("todo")));
+}
+
+TEST_F(CatalogRunTest, LeavesTheResultAloneWhenACatalogIsWrong) {
+  struct Case {
+    const char* toDo;
+    const char* refer;
+    const char* complaint;
+  };
+  const Case cases[] = {
+      {"msgid \"a\"\nmsgstr \"\"\n", "msgid \"a\"\n", "”第 2 行：条目没有 msgstr"},
+      {"<TS><message>", "a\tb\n", "”第 1 行：文件不完整"},
+      {"<tmx/>", "a\tb\n", "”只能作“参照字典”"},
+  };
+  for (const Case& row : cases) {
+    WriteBytes(Dictionary("final"), "older");
+    EXPECT_EQ(Run(row.toDo, row.refer), "older");
+    const std::string message = Readable(world_.session.messages.back().text);
+    EXPECT_NE(message.find(row.complaint), std::string::npos) << message;
+    world_.session.messages.clear();
+  }
+  WriteBytes(Dictionary("todo"), kPo);
+  WriteBytes(Dictionary("refer"), kPo);
+  Press("todo", "refer", "refer");
+  EXPECT_EQ(ReadBytes(Dictionary("refer")), kPo);
+  world_.session.messages.clear();
+}
+
+}  // namespace
+}  // namespace lexmill::test
