@@ -68,7 +68,7 @@ void OpenDialog::accept() {
   if (ForeignChoice().empty()) {
     QFileDialog::accept();
   } else {
-    QDialog::accept();
+    done(QDialog::Accepted);
   }
 }
 
