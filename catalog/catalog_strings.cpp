@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "catalog/catalog_strings.h"
 
-#include "platform/text/text.h"
+#include <algorithm>
 
 namespace lexmill {
 namespace {
@@ -28,6 +28,11 @@ std::u16string ExchangeMarks(std::u16string_view text, char16_t mark, char16_t o
     }
   }
   return exchanged;
+}
+
+// Cheaper to ask of every unit than which escape it is.
+bool MayNeedEscape(char16_t unit) {
+  return unit < u' ' || unit == u'\\';
 }
 
 std::u16string Escaped(std::u16string_view text) {
@@ -64,8 +69,7 @@ std::u16string ToDictionary(std::u16string_view text, char16_t accelerator) {
   if (accelerator != kAmpersand) {
     return Escaped(ExchangeMarks(text, accelerator, kAmpersand));
   }
-  return text.find_first_of(kEscaped) == std::u16string_view::npos ? std::u16string(text)
-                                                                   : Escaped(text);
+  return std::ranges::any_of(text, MayNeedEscape) ? Escaped(text) : std::u16string(text);
 }
 
 std::u16string FromDictionary(std::u16string_view text, char16_t accelerator) {

@@ -47,8 +47,11 @@ PoToken PoTokens::Take(std::u16string& text) {
 PoToken PoTokens::TakeText(std::u16string& text) {
   const std::size_t begin = at_++;
   while (true) {
-    const std::size_t stop = line_.find_first_of(u"\"\\", at_);
-    if (stop == std::u16string_view::npos) {
+    std::size_t stop = at_;
+    while (stop < line_.size() && line_[stop] != u'"' && line_[stop] != u'\\') {
+      ++stop;
+    }
+    if (stop == line_.size()) {
       return {PoTokenKind::OpenText, begin, line_.size()};
     }
     text += line_.substr(at_, stop - at_);

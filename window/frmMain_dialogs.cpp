@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The buttons of the window that ask for a file.
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -8,6 +10,7 @@
 #include "foundation/entry_point.h"
 #include "platform/controls/dialogs.h"
 #include "platform/files/file_system.h"
+#include "platform/host/host_path.h"
 #include "platform/text/text.h"
 #include "run/shared/run_state.h"
 #include "window/GCommonDialog.h"
@@ -26,7 +29,13 @@ constexpr std::u16string_view kDatabaseFilter = u"已净化数据库(*.db)|*.db"
 constexpr std::u16string_view kGlossaryFilter = u"PASSOLO字典(*.glo)|*.glo";
 constexpr std::u16string_view kTextFilter = u"点睛文本(*.a.txt;*.u.txt)|*.txt";
 constexpr std::u16string_view kPlainTextFilter = u"文本格式文件(*.txt)|*.txt";
-constexpr std::int32_t kPlainTextIndex = 1;  ///< among the filters for the result
+constexpr std::u16string_view kCatalogFilter =
+    u"软件语言文件(*.po;*.pot;*.ts;*.xlf)|*.po;*.pot;*.ts;*.xlf;*.xliff";
+constexpr std::u16string_view kReferenceFilter =
+    u"软件语言文件(*.po;*.ts;*.xlf;*.tmx;*.csv)|*.po;*.ts;*.xlf;*.xliff;*.tmx;*.csv;*.tsv";
+// Among the filters for the result:
+constexpr std::int32_t kPlainTextIndex = 1;
+constexpr std::int32_t kCatalogIndex = 3;
 constexpr std::u16string_view kSavedDatabaseFilter = u"数据库文件(*.db)|*.db";
 constexpr std::u16string_view kSettingsFilter = u"配置文件(*.ini)|*.ini";
 constexpr std::u16string_view kAllFilesFilter = u"所有文件(*.*)|*.*";
@@ -100,6 +109,20 @@ bool EndsInAnyCase(std::u16string_view path, std::u16string_view extension) {
   return platform::LowerCase(path).ends_with(extension);
 }
 
+bool IsNamedAsCatalog(std::u16string_view path) {
+  constexpr std::array<std::u16string_view, 5> kExtensions{u".po", u".pot", u".ts", u".xlf",
+                                                           u".xliff"};
+  return std::ranges::any_of(
+      kExtensions, [&](std::u16string_view extension) { return EndsInAnyCase(path, extension); });
+}
+
+// The extension of the file's name, with its point; empty if it has none.
+std::u16string_view ExtensionOf(std::u16string_view path) {
+  const std::u16string_view name = platform::FileName(path);
+  const std::size_t point = name.rfind(u'.');
+  return point == std::u16string_view::npos ? std::u16string_view() : name.substr(point);
+}
+
 std::u16string WithExtension(const std::u16string& path, std::u16string_view extension) {
   return EndsInAnyCase(path, extension) ? path : path + std::u16string(extension);
 }
@@ -116,31 +139,37 @@ std::u16string AskForFileToSaveAs(std::u16string_view title, std::u16string_view
 }  // namespace
 
 void frmMain::TakeResultPath(const std::u16string& path, std::int32_t filterIndex) {
-  const bool isComplete = EndsInAnyCase(path, u".txt") || EndsInAnyCase(path, u".glo");
-  const auto* extension = filterIndex == kPlainTextIndex ? u".txt" : u".glo";
+  const bool isCatalog = filterIndex == kCatalogIndex;
+  const bool isComplete = EndsInAnyCase(path, u".txt") || EndsInAnyCase(path, u".glo") ||
+                          (isCatalog && IsNamedAsCatalog(path));
+  const std::u16string toDo = cboToDo.Text();
+  const std::u16string extension(isCatalog                        ? ExtensionOf(toDo)
+                                 : filterIndex == kPlainTextIndex ? u".txt"
+                                                                  : u".glo");
   modMain::AddComboHistory(cboFinal, Confirmed(path, isComplete ? path : path + extension));
 }
 
 void frmMain::cmdOpen_Click(std::int16_t Index) {
   if (Index == 0) {
     modMain::AddComboHistory(
-        cboToDo, AskForFileToOpen(u"选择未译字典",
-                                  JoinFilters({kDictionaryFilter, kGlossaryFilter, kTextFilter}),
-                                  cboToDo.Text()));
+        cboToDo, AskForFileToOpen(
+                     u"选择未译字典",
+                     JoinFilters({kDictionaryFilter, kGlossaryFilter, kTextFilter, kCatalogFilter}),
+                     cboToDo.Text()));
   } else {
     modMain::AddComboHistory(
         cboRefer, AskForFileToOpen(u"选择参照字典",
                                    JoinFilters({kDictionaryFilter, kDatabaseFilter, kGlossaryFilter,
-                                                kTextFilter}),
+                                                kTextFilter, kReferenceFilter}),
                                    cboRefer.Text()));
   }
 }
 
 void frmMain::cmdSave_Click() {
   std::int32_t filterIndex = 0;
-  const auto path =
-      AskForFileToSave(u"选择已译字典的保存文件", JoinFilters({kPlainTextFilter, kGlossaryFilter}),
-                       filterIndex, cboFinal.Text());
+  const auto path = AskForFileToSave(
+      u"选择已译字典的保存文件", JoinFilters({kPlainTextFilter, kGlossaryFilter, kCatalogFilter}),
+      filterIndex, cboFinal.Text());
   if (!path.empty()) {
     TakeResultPath(path, filterIndex);
   }
@@ -190,13 +219,14 @@ void frmMain::optXRefDB_Click() {
   IgnoreFailures([this] { txtSaveRefDB.SetFocus(); });
 }
 
-// A dropped file counts as chosen in the dialog of its box, with the first filter.
+// A dropped file counts as chosen in the dialog of its box, with the first filter, a catalog with
+// the filter of its own.
 void frmMain::TakeDroppedFile(platform::ComboBox& combo, const std::u16string& path) {
   if (platform::FileSystemObject().FolderExists(path)) {
     platform::ShowMessageBox(u"这是文件夹，请拖放一个文件:\r\n" + path,
                              platform::MessageIcon::Critical, platform::MessageButtons::Ok);
   } else if (&combo == &cboFinal) {
-    TakeResultPath(path, kPlainTextIndex);
+    TakeResultPath(path, IsNamedAsCatalog(path) ? kCatalogIndex : kPlainTextIndex);
   } else {
     modMain::AddComboHistory(combo, path);
   }

@@ -125,11 +125,12 @@ TEST_F(MainWindow, AsksForDictionariesWithTheirFilters) {
   EXPECT_EQ(Readable(toDo.title), "选择未译字典");
   EXPECT_TRUE(toDo.fileMustExist);
   EXPECT_FALSE(toDo.readOnlyBox);
-  ASSERT_EQ(toDo.filters.size(), 3U);
+  ASSERT_EQ(toDo.filters.size(), 4U);
   EXPECT_EQ(Readable(toDo.filters[0].description), "PASSOLO字典/点睛文本(*.glo;*.a.txt;*.u.txt)");
   EXPECT_EQ(Readable(toDo.filters[0].patterns), "*.glo;*.txt");
   EXPECT_EQ(Readable(toDo.filters[2].patterns), "*.txt");
-  ASSERT_EQ(session.openDialogs[1].filters.size(), 4U);
+  EXPECT_EQ(Readable(toDo.filters[3].description), "软件语言文件(*.po;*.pot;*.ts;*.xlf)");
+  ASSERT_EQ(session.openDialogs[1].filters.size(), 5U);
   EXPECT_EQ(Readable(session.openDialogs[1].filters[1].description), "已净化数据库(*.db)");
   ASSERT_EQ(session.saveDialogs.size(), 1U);
   EXPECT_TRUE(session.saveDialogs[0].overwritePrompt);
@@ -152,7 +153,12 @@ TEST_F(MainWindow, CompletesTheNameOfTheResult) {
       {u"/a.Glo", 1, "/a.Glo"},
       {u"/a.ini", 2, "/a.ini.glo"},
       {u"/a.glossar", 1, "/a.glossar.txt"},
+      {u"/a.po", 1, "/a.po.txt"},
+      {u"/a.PO", 3, "/a.PO"},
+      {u"/a", 3, "/a.ts"},
+      {u"/a.txt", 3, "/a.txt"},
   };
+  window.cboToDo.Text(u"/b.c/todo.ts");
   for (const Case& row : cases) {
     AnswerFileDialog(row.chosen, row.filterIndex);
     window.cmdSave.UserClicks();
