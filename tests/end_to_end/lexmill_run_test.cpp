@@ -51,6 +51,29 @@ class LexmillRun : public testing::Test {
   TemporaryFolder folder_;
 };
 
+TEST_F(LexmillRun, ConvertsACatalogAndFillsItAgain) {
+  const std::string catalog =
+      "msgid \"\"\nmsgstr \"Language: zh_CN\\nContent-Type: text/plain; charset=UTF-8\\n\"\n"
+      "msgid \"Open:\"\nmsgstr \"\"\n";
+  WriteBytes(folder_.File("a.po"), catalog);
+  EXPECT_EQ(Run({u"--convert", u"a.po", u"a.glo"}), 0) << Errors();
+  EXPECT_EQ(ReadBytes(folder_.File("a.glo")),
+            "\xEF\xBB\xBF"
+            "9 1\t4 2\r\nOpen:\tOpen:\r\n");
+  EXPECT_EQ(Run({u"a.po", u"--convert", u"a.u.txt"}), 0) << Errors();
+  EXPECT_EQ(ReadBytes(folder_.File("a.u.txt")),
+            "\xEF\xBB\xBF"
+            "1:Open:\r\nOpen:\r\n\r\n");
+  WriteBytes(folder_.File("a.u.txt"), "1:Open:\n打开:\n");
+  EXPECT_EQ(Run({u"--fill", u"a.po", u"a.u.txt", u"b.po", u"--trusted", u"--ending", u":=："}), 0);
+  EXPECT_EQ(Output(), "“a.po”：译出 1 条，有多种译法 0 条\n");
+  EXPECT_EQ(ReadBytes(folder_.File("b.po")),
+            catalog.substr(0, catalog.size() - 3) + "\"打开：\"\n");
+  EXPECT_EQ(Run({u"--fill", u"refer", u"a.u.txt", u"b.po"}), 1);
+  EXPECT_EQ(Run({u"--fill", u"a.po", u"b.po"}), 2);
+  EXPECT_EQ(Run({u"--fill", u"a.po", u"a.u.txt", u"b.po", u"--several", u"all"}), 2);
+}
+
 TEST_F(LexmillRun, CarriesARunAndPrintsTheRows) {
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--preset", u"full"}), 0) << Errors();
   EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "9 1\t4 2\n&Open\t打开(&O)\n");
