@@ -8,7 +8,6 @@
 #include "run/shared/file_extension.h"
 #include "run/shared/option_set.h"
 #include "run/shared/run_state.h"
-#include "window/frmMain.h"
 
 namespace lexmill {
 namespace {
@@ -78,11 +77,27 @@ void WriteDeletes(platform::TextWriter& script, std::initializer_list<std::u16st
   }
 }
 
+// Each further reference in a database of its own, with the untranslated script once more.
+void WriteMoreReferences(platform::TextWriter& script, const auto& files) {
+  for (const MoreReferenceFiles& more : files.more) {
+    if (more.isDatabase) {
+      script.WriteLine(u"copy " + QuotedPath(more.path) + u" " + more.sDbFile + u">nul");
+    } else {
+      WriteEchoAndLoad(script, more.sDbFile, more.sRefSqlFile);
+      WriteDeletes(script, {more.sRefSqlFile});
+    }
+    WriteEchoAndLoad(script, more.sDbFile, files.sToDoSqlFile);
+    WriteJoin(script, more.sDbFile, more.sReadyFile);
+    WriteDeletes(script, {more.sDbFile});
+  }
+}
+
 void WriteGlossaryScript(GlossaryRunFiles& files) {
   auto script = CreateScript(files.sBatFile);
   WriteReferenceLines(script, files);
   WriteEchoAndLoad(script, files.sDbFile, files.sToDoSqlFile);
   WriteJoin(script, files.sDbFile, files.sReadyFile);
+  WriteMoreReferences(script, files);
   WriteDeletes(script, {files.sRefSqlFile, files.sToDoSqlFile, files.sDbFile});
   script.Close();
 }
@@ -93,6 +108,7 @@ void WriteFirstTextScript(TextRunFiles& files) {
   WriteEchoAndLoad(script, files.sDbFile, files.sEntrySqlFile);
   WriteEchoAndLoad(script, files.sDbFile, files.sToDoSqlFile);
   WriteJoin(script, files.sDbFile, files.sReadyFile);
+  WriteMoreReferences(script, files);
   WriteDeletes(script, {files.sRefSqlFile, files.sEntrySqlFile, files.sToDoSqlFile});
   script.Close();
 }
@@ -130,8 +146,7 @@ std::u16string SavedDatabasePath() {
   if (!chosen.empty()) {
     return chosen;
   }
-  return modMain::ChangeFileExtension(frmMain::Instance().cboRefer.Text(),
-                                      u"_" + platform::DayAndHour() + u".db");
+  return modMain::ChangeFileExtension(TheRun().reference, u"_" + platform::DayAndHour() + u".db");
 }
 
 std::u16string QuotedPath(std::u16string_view path) {

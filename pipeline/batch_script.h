@@ -12,8 +12,9 @@ namespace lexmill {
 
 /// Draws the names of a run and writes its batch script: load R (or copy a purified database), save
 /// the purified database if the options want it, load S, join into the ready dictionary, clean up.
-/// Reads the options, the run's state and the path of the reference in the window. Shows its own
-/// failures in a message box and returns normally; names drawn and lines written so far stay.
+/// Further references follow, each with a database and a ready dictionary of its own. Reads the
+/// options and the run's state. Shows its own failures in a message box and returns normally; names
+/// drawn and lines written so far stay.
 void BuildBatScript(GlossaryRunFiles& files);
 
 /// The same for a run that ends in a text: a first script that also loads O and leaves the

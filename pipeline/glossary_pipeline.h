@@ -14,6 +14,7 @@
 #include "glossary/record_scanner.h"
 #include "pipeline/batch_script.h"
 #include "pipeline/console_step.h"
+#include "pipeline/more_references.h"
 #include "pipeline/saved_database.h"
 #include "pipeline/stage_run.h"
 #include "pipeline/temporary_files.h"
@@ -43,8 +44,10 @@ class GlossaryPipeline {
       RunStage<typename Pair::ReferenceStage>(*oAwk, 0, ReferenceInput(),
                                               InWorkFolder(files_.sRefSqlFile));
     }
+    PurifyMoreReferences(*oAwk, files_.more);
     RunStage<clsLexGLO2>(*oAwk, 1, ToDoInput(), InWorkFolder(files_.sToDoSqlFile));
     RunBatch();
+    JoinReadyDictionaries(InWorkFolder(files_.sReadyFile), files_.more);
     RunStage<clsLexGLO3>(*oAwk, 3, OwnInput(InWorkFolder(files_.sReadyFile)),
                          TheRun().standIns.ForResult(window.cboFinal.Text()));
     if (!RunOptions().chkaKeepTmpFile) {

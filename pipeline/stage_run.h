@@ -64,19 +64,37 @@ struct StageInput {
 [[nodiscard]] inline StageInput OwnInput(const std::u16string& path) {
   return {path, path};
 }
-/// The untranslated dictionary and the reference that stand in the window.
+/// The untranslated dictionary and the first reference.
 [[nodiscard]] inline StageInput ToDoInput() {
   const std::u16string path = frmMain::Instance().cboToDo.Text();
   return {TheRun().standIns.ForToDo(path), path};
 }
 [[nodiscard]] inline StageInput ReferenceInput() {
-  const std::u16string path = frmMain::Instance().cboRefer.Text();
+  const std::u16string& path = TheRun().reference;
   return {TheRun().standIns.ForReference(path), path};
 }
 
-/// Runs a stage from `input` to `outputs`, shows its time and the size of its input in row `row`,
-/// and releases it. Nothing in a run that has been abandoned. The scanner is reset first, whether
-/// the stage uses it or not.
+/// Runs a stage from `input` to `outputs` and releases it. The scanner is reset first, whether the
+/// stage uses it or not.
+/// @param progress  the label whose caption shows the progress
+/// @return the stage's time in milliseconds
+template <Stage S, class... Outputs>
+std::int32_t CarryStage(RecordScanner& scanner, platform::Label& progress, const StageInput& input,
+                        const Outputs&... outputs) {
+  scanner.ScanAction(RecordScanner::kReset);
+  S stage;
+  if constexpr (ScannerStage<S>) {
+    stage.AwkControl(scanner);
+  }
+  stage.StateLabel(progress);
+  stage.InputFile(input.file);
+  SetOutputs(stage, outputs...);
+  stage.DoItNow();
+  return stage.ProcessTime();
+}
+
+/// Does so with row `row`, which shows the stage's time and the size of its input in the end.
+/// Nothing in a run that has been abandoned.
 template <Stage S, class... Outputs>
 void RunStage(RecordScanner& scanner, std::int16_t row, const StageInput& input,
               const Outputs&... outputs) {
@@ -84,16 +102,8 @@ void RunStage(RecordScanner& scanner, std::int16_t row, const StageInput& input,
     return;
   }
   frmMain& window = frmMain::Instance();
-  scanner.ScanAction(RecordScanner::kReset);
-  S stage;
-  if constexpr (ScannerStage<S>) {
-    stage.AwkControl(scanner);
-  }
-  stage.StateLabel(window.lblState(row));
-  stage.InputFile(input.file);
-  SetOutputs(stage, outputs...);
-  stage.DoItNow();
-  window.UpdateStateLabel(row, stage.ProcessTime(), input.shown);
+  const std::int32_t time = CarryStage<S>(scanner, window.lblState(row), input, outputs...);
+  window.UpdateStateLabel(row, time, input.shown);
 }
 
 }  // namespace lexmill

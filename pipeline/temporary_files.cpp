@@ -27,6 +27,27 @@ void DeleteListing(const std::u16string& name) {
   DeleteFiles({InWorkFolder(name)});
 }
 
+void DrawNames(std::vector<MoreReferenceFiles>& more, Reservations& reservations) {
+  more.clear();
+  for (const MoreReference& reference : TheRun().moreReferences) {
+    MoreReferenceFiles files;
+    files.path = reference.path;
+    files.isDatabase = reference.isDatabase;
+    files.sDbFile = DrawName(u".db", reservations);
+    files.sRefSqlFile = files.isDatabase ? u"" : DrawName(u".sql", reservations);
+    files.sReadyFile = DrawName(u".txt", reservations);
+    more.push_back(std::move(files));
+  }
+}
+
+void DeleteAllFiles(const std::vector<MoreReferenceFiles>& more) {
+  for (const MoreReferenceFiles& files : more) {
+    DeleteFiles({InWorkFolder(files.sRefSqlFile)});
+    DeleteListing(files.sReadyFile);
+    DeleteDatabase(files.sDbFile);
+  }
+}
+
 void Restart(Reservations& reservations) {
   reservations.clear();
   platform::RemoveStaleReservations(WorkFolder());
@@ -54,6 +75,7 @@ void DrawNames(GlossaryRunFiles& files) {
   files.sToDoSqlFile = DrawName(u".sql", files.reservations);
   files.sReadyFile = DrawName(u".txt", files.reservations);
   files.sBatFile = InWorkFolder(DrawName(u".bat", files.reservations));
+  DrawNames(files.more, files.reservations);
 }
 
 void DrawNames(TextRunFiles& files) {
@@ -67,6 +89,7 @@ void DrawNames(TextRunFiles& files) {
   files.sLineFile = DrawName(u".txt", files.reservations);
   files.sBatFile = InWorkFolder(DrawName(u".bat", files.reservations));
   files.sBatFile2 = InWorkFolder(DrawName(u".bat", files.reservations));
+  DrawNames(files.more, files.reservations);
 }
 
 std::u16string InWorkFolder(std::u16string_view name) {
@@ -77,6 +100,7 @@ void DeleteAllFiles(const GlossaryRunFiles& files) {
   DeleteFiles({InWorkFolder(files.sRefSqlFile), InWorkFolder(files.sToDoSqlFile), files.sBatFile});
   DeleteListing(files.sReadyFile);
   DeleteDatabase(files.sDbFile);
+  DeleteAllFiles(files.more);
 }
 
 void DeleteAllFiles(const TextRunFiles& files) {
@@ -86,6 +110,7 @@ void DeleteAllFiles(const TextRunFiles& files) {
   DeleteListing(files.sReadyFile);
   DeleteListing(files.sLineFile);
   DeleteDatabase(files.sDbFile);
+  DeleteAllFiles(files.more);
 }
 
 void DeleteFiles(std::initializer_list<std::u16string> paths) {

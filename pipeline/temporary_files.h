@@ -12,6 +12,16 @@
 
 namespace lexmill {
 
+/// The temporary files of a reference that is asked after the first one. It has a database of its
+/// own, so that its rows come after all those of the references before it.
+struct MoreReferenceFiles {
+  std::u16string path;         ///< of the reference
+  bool isDatabase = false;     ///< it is a purified one
+  std::u16string sDbFile;      ///< work database
+  std::u16string sRefSqlFile;  ///< reference script; empty for a purified database
+  std::u16string sReadyFile;   ///< ready dictionary
+};
+
 /// The temporary files of a run that ends in a glossary. Names are bare, since the batch runs in
 /// the work folder; only the batch script is a full path.
 struct GlossaryRunFiles {
@@ -21,6 +31,7 @@ struct GlossaryRunFiles {
   std::u16string sReadyFile;                            ///< ready dictionary
   std::u16string sBatFile;                              ///< batch script, full path
   std::u16string sSavedDb;                              ///< to be saved by it; no temporary file
+  std::vector<MoreReferenceFiles> more;                 ///< of the references after the first
   std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 
@@ -36,6 +47,7 @@ struct TextRunFiles {
   std::u16string sBatFile;                              ///< first batch script, full path
   std::u16string sBatFile2;                             ///< second batch script, full path
   std::u16string sSavedDb;                              ///< to be saved by the first one
+  std::vector<MoreReferenceFiles> more;                 ///< of the references after the first
   std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 

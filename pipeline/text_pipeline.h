@@ -13,6 +13,7 @@
 #include "pipeline/batch_script.h"
 #include "pipeline/console_step.h"
 #include "pipeline/line_listing.h"
+#include "pipeline/more_references.h"
 #include "pipeline/saved_database.h"
 #include "pipeline/stage_run.h"
 #include "pipeline/temporary_files.h"
@@ -45,11 +46,13 @@ class TextPipeline {
       RunStage<typename Pair::ReferenceStage>(*oAwk, 0, ReferenceInput(),
                                               InWorkFolder(files_.sRefSqlFile));
     }
+    PurifyMoreReferences(*oAwk, files_.more);
     RunStage<clsLexUPB2>(*oAwk, 1, ToDoInput(), InWorkFolder(files_.sEntrySqlFile),
                          InWorkFolder(files_.sToDoSqlFile));
     const SavedDatabase saved(files_.sSavedDb);
     RunBatch(files_.sBatFile);
     saved.NoteIfMissing();
+    JoinReadyDictionaries(InWorkFolder(files_.sReadyFile), files_.more);
     RunStage<clsLexUPB3>(*oAwk, 3, OwnInput(InWorkFolder(files_.sReadyFile)),
                          InWorkFolder(files_.sUpdateSqlFile));
     RunBatch(files_.sBatFile2);

@@ -66,7 +66,7 @@ std::u16string CatalogRun::DrawGlossary(const std::u16string& catalog) {
 }
 
 void CatalogRun::TakeUntranslated(const std::u16string& toDo, const std::u16string& result,
-                                  std::initializer_list<std::u16string> references) {
+                                  std::span<const std::u16string> references) {
   const auto format = DetectCatalog(toDo);
   if (!format) {
     return;

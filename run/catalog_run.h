@@ -3,8 +3,8 @@
 // Catalogs in a run: each stands in it as a temporary glossary.
 #pragma once
 
-#include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +29,7 @@ class CatalogRun {
   /// @throws platform::Failure with file, line and reason for a catalog that doesn't parse; for one
   ///   of a format that is only read; if `result` is one of `references`
   void TakeUntranslated(const std::u16string& toDo, const std::u16string& result,
-                        std::initializer_list<std::u16string> references);
+                        std::span<const std::u16string> references);
   /// Lets a glossary of its translated entries stand in for `path` if that is a catalog.
   /// @throws platform::Failure for a catalog that doesn't parse
   void TakeReference(const std::u16string& path);

@@ -30,6 +30,9 @@ constexpr std::string_view kHelp =
     "  --preset full|minimal  then set all rules on without a length limit, or all off\n"
     "  --set NAME=VALUE       then set one option by its name: 0 or 1 for a check box such\n"
     "                         as chkaUpperCase, a text for a box such as txtLenLimit\n"
+    "  --refer MORE           also ask MORE, a dictionary or a purified database, after REFER;\n"
+    "                         may be given several times\n"
+    "  --first-reference-only ask no reference for a string that one before it knows\n"
     "  --encoding auto|utf-8|936\n"
     "                         go by each dictionary's content for its encoding, or take all\n"
     "                         for UTF-8 or code page 936, whatever the key CodePage says\n"
@@ -71,7 +74,7 @@ class Reader {
       return arguments_;
     }
     arguments_.toDo = paths_[0];
-    arguments_.refer = paths_[1];
+    arguments_.references.insert(arguments_.references.begin(), paths_[1]);
     arguments_.result = paths_[2];
     return arguments_;
   }
@@ -102,6 +105,10 @@ class Reader {
       ReadPreset(Value(word));
     } else if (word == "--set") {
       ReadOption(Value(word));
+    } else if (word == "--refer") {
+      arguments_.references.push_back(AbsolutePath(Value(word)));
+    } else if (word == "--first-reference-only") {
+      arguments_.firstReferenceOnly = true;
     } else if (word == "--encoding") {
       ReadEncoding(Value(word));
     } else if (word == "--work-dir") {

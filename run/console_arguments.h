@@ -30,7 +30,8 @@ struct ConsoleArguments {
   std::vector<std::u16string> paths;  ///< of another task than a run, as many as it takes
   CatalogOptions catalogs;
   std::u16string toDo;
-  std::u16string refer;
+  std::vector<std::u16string> references;  ///< REFER, then those asked after it
+  bool firstReferenceOnly = false;
   std::u16string result;
   std::u16string settings;    ///< empty for the settings file of the program's folder
   std::u16string workFolder;  ///< empty for that of the settings, or the program's
@@ -56,6 +57,7 @@ inline constexpr std::string_view kConsoleUsage =
     "Usage: lexmill-run TODO REFER FINAL [--settings FILE.ini] [--preset full|minimal]\n"
     "                   [--set NAME=VALUE]... [--encoding auto|utf-8|936] [--work-dir DIR]\n"
     "                   [--report FILE] [--fail-below PERCENT]\n"
+    "                   [--refer MORE]... [--first-reference-only]\n"
     "       lexmill-run --convert FILE... OUT | --fill CATALOG RESULT OUT\n"
     "       lexmill-run --help | --version\n";
 

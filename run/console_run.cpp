@@ -65,13 +65,18 @@ std::string SetOptions(const ConsoleArguments& arguments) {
       return "no such option or value: " + platform::ToUtf8(name) + "=" + platform::ToUtf8(value);
     }
   }
+  if (arguments.references.size() > 1 && window.chkSaveRefDB.Value() != 0) {
+    return "chkSaveRefDB saves one reference, so it can't be set with --refer";
+  }
   return {};
 }
 
 void PressStart(const ConsoleArguments& arguments) {
   frmMain& window = frmMain::Instance();
   window.cboToDo.Text(arguments.toDo);
-  window.cboRefer.Text(arguments.refer);
+  window.cboRefer.Text(arguments.references.front());
+  TheRun().givenReferences = arguments.references;
+  TheRun().firstReferenceOnly = TheRun().firstReferenceOnly || arguments.firstReferenceOnly;
   window.cboFinal.Text(arguments.result);
   TheRun().reportPath = arguments.report;
   window.cmdStart.UserClicks();

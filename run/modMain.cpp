@@ -14,6 +14,7 @@ void Main() {
   if (const std::u16string folder = platform::PlatformSetting(u"WorkDir"); !folder.empty()) {
     TheRun().WorkDir = platform::WithSeparator(platform::PathFrom(TheRun().AppPath, folder));
   }
+  TheRun().firstReferenceOnly = platform::PlatformSetting(u"FirstReferenceOnly") == u"1";
   frmMain::Create().Show();
 }
 

@@ -4,8 +4,8 @@
 
 namespace lexmill::modMain {
 
-/// The program's entry: fixes AppPath and the work folder, and makes and shows the window, whose
-/// load event runs inside.
+/// The program's entry: fixes AppPath and the run's settings that no control shows, and makes and
+/// shows the window, whose load event runs inside.
 void Main();
 
 }  // namespace lexmill::modMain

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "foundation/entry_point.h"
 #include "pipeline/clsLexGenOO.h"
@@ -17,7 +18,7 @@
 #include "run/dictionary_format.h"
 #include "run/failure_notice.h"
 #include "run/file_inspection.h"
-#include "run/purified_database.h"
+#include "run/reference_list.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
 #include "window/path_history.h"
@@ -29,10 +30,43 @@ using modMain::DictionaryFormat;
 
 constexpr platform::Color kWaitingText = 0xC56A31;
 
+// All references, in the order in which they are asked.
+std::vector<std::u16string> PathsOfReferences() {
+  std::vector<std::u16string> paths = {TheRun().reference};
+  for (const MoreReference& more : TheRun().moreReferences) {
+    paths.push_back(more.path);
+  }
+  return paths;
+}
+
+// Those of them that are no purified databases.
+std::vector<std::u16string> ReferenceDictionaries() {
+  const RunState& run = TheRun();
+  std::vector<std::u16string> paths;
+  if (run.RefDbPath.empty()) {
+    paths.push_back(run.reference);
+  }
+  for (const MoreReference& more : run.moreReferences) {
+    if (!more.isDatabase) {
+      paths.push_back(more.path);
+    }
+  }
+  return paths;
+}
+
+// The dictionaries that the run reads, the untranslated one first.
+std::vector<std::u16string> PathsOfDictionaries(const std::u16string& toDo) {
+  std::vector<std::u16string> paths = ReferenceDictionaries();
+  paths.insert(paths.begin(), toDo);
+  return paths;
+}
+
 // Works out what each dictionary is: first the encoding, in which its lines are then read for its
-// format. Returns the language pair; of two heads with known languages the later one's counts.
-std::u16string KeepKinds(std::initializer_list<std::u16string> paths) {
+// format. Returns the language pair; of the heads of the untranslated dictionary and the first
+// reference, if both name known languages, the reference's counts.
+std::u16string KeepKinds(const std::u16string& toDo) {
   auto& dictionaries = TheRun().dictionaries;
+  const auto paths = PathsOfDictionaries(toDo);
   for (const auto& path : paths) {
     if (!dictionaries.contains(path)) {
       dictionaries[path] = RecogniseEncoding(path);
@@ -40,18 +74,29 @@ std::u16string KeepKinds(std::initializer_list<std::u16string> paths) {
     }
   }
   std::u16string pair;
+  std::u16string ignored;
   for (const auto& path : paths) {
     DictionaryKind& kind = dictionaries[path];
+    const bool decides = path == toDo || path == TheRun().reference;
     if (kind.format == DictionaryFormat::Unknown) {
-      kind.format = modMain::DetectDictionaryFormat(path, pair);
+      kind.format = modMain::DetectDictionaryFormat(path, decides ? pair : ignored);
     }
   }
   return pair;
 }
 
 // A purified database is taken for a glossary without a look at the file.
-DictionaryFormat FormatOfReference(const std::u16string& path) {
-  return TheRun().RefDbPath.empty() ? KindOf(path).format : DictionaryFormat::PassoloGlossary;
+DictionaryFormat FormatOfReference() {
+  const RunState& run = TheRun();
+  return run.RefDbPath.empty() ? KindOf(run.reference).format : DictionaryFormat::PassoloGlossary;
+}
+
+void RefuseUnknownFormats(const std::u16string& toDo) {
+  for (const auto& path : PathsOfDictionaries(toDo)) {
+    if (KindOf(path).format == DictionaryFormat::Unknown) {
+      throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式", path);
+    }
+  }
 }
 
 void Dispatch(DictionaryFormat toDo, DictionaryFormat refer, const std::u16string& pair) {
@@ -128,27 +173,24 @@ void frmMain::ClearProgress() {
 }
 
 void frmMain::RunDictionaries() {
-  RunState& run = TheRun();
-  run.dictionaries.clear();
+  const std::u16string toDo = cboToDo.Text();
+  TheRun().dictionaries.clear();
   CatalogRun catalogs;
-  run.RefDbPath = modMain::IsPurifiedDatabase(cboRefer.Text()) ? cboRefer.Text() : u"";
-  catalogs.TakeUntranslated(cboToDo.Text(), cboFinal.Text(), {cboRefer.Text()});
-  if (run.RefDbPath.empty()) {
-    catalogs.TakeReference(cboRefer.Text());
+  KeepReferences(cboRefer.Text());
+  catalogs.TakeUntranslated(toDo, cboFinal.Text(), PathsOfReferences());
+  const auto references = ReferenceDictionaries();
+  for (const auto& path : references) {
+    catalogs.TakeReference(path);
   }
-  const std::u16string pair = run.RefDbPath.empty() ? KeepKinds({cboToDo.Text(), cboRefer.Text()})
-                                                    : KeepKinds({cboToDo.Text()});
-  if (FormatOfReference(cboRefer.Text()) == DictionaryFormat::Unknown) {
-    catalogs.TakeTable(cboRefer.Text());
+  const std::u16string pair = KeepKinds(toDo);
+  for (const auto& path : references) {
+    if (KindOf(path).format == DictionaryFormat::Unknown) {
+      catalogs.TakeTable(path);
+    }
   }
-  run.resultEncoding = ResultEncoding(cboToDo.Text(), std::array{cboRefer.Text()});
-  const DictionaryFormat toDo = KindOf(cboToDo.Text()).format;
-  const DictionaryFormat refer = FormatOfReference(cboRefer.Text());
-  if (toDo == DictionaryFormat::Unknown || refer == DictionaryFormat::Unknown) {
-    throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式",
-                            toDo == DictionaryFormat::Unknown ? cboToDo.Text() : cboRefer.Text());
-  }
-  Dispatch(toDo, refer, pair);
+  TheRun().resultEncoding = ResultEncoding(toDo, PathsOfReferences());
+  RefuseUnknownFormats(toDo);
+  Dispatch(KindOf(toDo).format, FormatOfReference(), pair);
   catalogs.SettleCounts();
   catalogs.WriteResult(cboFinal.Text());
 }

@@ -38,13 +38,18 @@ void frmMain::EndRun() {
 
 void frmMain::NoteHints() {
   const std::u16string& toDo = cboToDo.Text();
-  const std::u16string& refer = cboRefer.Text();
   // A catalog that is partly translated serves as its own reference.
   const bool isUseful = KindOf(toDo).isCatalog && TheRun().counts.referenceEntries > 0;
-  const std::vector<HintedDictionary> references{
-      {.path = refer,
-       .kind = KindOf(refer),
-       .isToDoFile = !isUseful && platform::IsSameFile(toDo, refer)}};
+  std::vector<HintedDictionary> references;
+  const auto add = [&](const std::u16string& path) {
+    references.push_back({.path = path,
+                          .kind = KindOf(path),
+                          .isToDoFile = !isUseful && platform::IsSameFile(toDo, path)});
+  };
+  add(TheRun().reference);
+  for (const MoreReference& more : TheRun().moreReferences) {
+    add(more.path);
+  }
   for (auto& hint : HintsOf(TheRun().counts, {.path = toDo, .kind = KindOf(toDo)}, references)) {
     NoteHint(std::move(hint));
   }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "run/run_report.h"
 
-#include <array>
 #include <cstdint>
 #include <initializer_list>
 #include <span>
@@ -27,20 +26,30 @@ struct NamedCount {
 };
 
 std::int64_t ReferenceEntries() {
-  const std::u16string& database = TheRun().RefDbPath;
-  return database.empty() ? TheRun().counts.referenceEntries
-                          : modMain::RowsOfPurifiedDatabase(database);
+  const RunState& run = TheRun();
+  std::int64_t entries = run.counts.referenceEntries;
+  if (!run.RefDbPath.empty()) {
+    entries += modMain::RowsOfPurifiedDatabase(run.RefDbPath);
+  }
+  for (const MoreReference& more : run.moreReferences) {
+    entries += more.isDatabase ? modMain::RowsOfPurifiedDatabase(more.path) : 0;
+  }
+  return entries;
 }
 
-std::array<NamedCount, 7> NamedCounts() {
+std::vector<NamedCount> NamedCounts() {
   const RunCounts& counts = TheRun().counts;
-  return {{{u"toDo", counts.ToDo()},
-           {u"filled", counts.filled},
-           {u"several", counts.several},
-           {u"unknown", counts.Unknown()},
-           {u"tooLong", counts.tooLong},
-           {u"alreadyTranslated", counts.alreadyTranslated},
-           {u"referenceEntries", ReferenceEntries()}}};
+  std::vector<NamedCount> named = {{u"toDo", counts.ToDo()},
+                                   {u"filled", counts.filled},
+                                   {u"several", counts.several},
+                                   {u"unknown", counts.Unknown()},
+                                   {u"tooLong", counts.tooLong},
+                                   {u"alreadyTranslated", counts.alreadyTranslated},
+                                   {u"referenceEntries", ReferenceEntries()}};
+  if (TheRun().firstReferenceOnly && !TheRun().moreReferences.empty()) {
+    named.push_back({u"settledEarly", counts.settledEarly});
+  }
+  return named;
 }
 
 /// The reasons that dropped entries at all.

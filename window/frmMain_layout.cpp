@@ -183,6 +183,7 @@ void frmMain::DressInput() {
   lalFinal.ForeColor(platform::kHighlightColor);
   lalFinal.ToolTipText(u"双击浏览文件夹");
   txtSaveRefDB.HoldsPath(true);
+  cboRefer.TakesSeveralFiles(true);
   optXRefDB.ToolTipText(u"选择数据库的保存文件");
   LabelDoing.Alignment(platform::Alignment::Center);
   DressSeparator(Line2, Line1);

@@ -85,6 +85,10 @@ class ComboBox : public Control {
   Event<std::u16string_view> FileDropped;  ///< the user has dropped a file of that path on the box
   /// The user chooses entry `position`, which becomes the text. Nothing if there is none.
   void UserChooses(std::size_t position);
+  /// True if the box takes several dropped files at a time, as one text of their paths with ";"
+  /// between two; otherwise the first of them counts.
+  [[nodiscard]] bool TakesSeveralFiles() const { return takesSeveralFiles_; }
+  void TakesSeveralFiles(bool several) { takesSeveralFiles_ = several; }
   /// The user drops a file. The box itself stays as it is.
   void UserDropsFile(std::u16string_view path);
 
@@ -106,6 +110,7 @@ class ComboBox : public Control {
   void RemoveItem(std::size_t position);
 
  private:
+  bool takesSeveralFiles_ = false;
   std::u16string text_;
   std::vector<std::u16string> list_;
 };

@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QStringList>
 #include <QUrl>
 
 #include "platform/controls/entered_path.h"
@@ -12,14 +13,15 @@
 namespace lexmill::platform::qt {
 namespace {
 
-// The path of the first file that is dragged; empty if what is dragged is no file here.
-QString DraggedFile(const QDropEvent& event) {
+// The paths of the files that are dragged; none if what is dragged is no file here.
+QStringList DraggedFiles(const QDropEvent& event) {
+  QStringList paths;
   for (const QUrl& address : event.mimeData()->urls()) {
     if (address.isLocalFile()) {
-      return qt::ToQt(EnteredPath(qt::FromQt(QString::fromLatin1(address.toEncoded()))));
+      paths += qt::ToQt(EnteredPath(qt::FromQt(QString::fromLatin1(address.toEncoded()))));
     }
   }
-  return {};
+  return paths;
 }
 
 // A field takes dropped text by itself; a file would come in as its address.
@@ -40,10 +42,11 @@ class FileDropFilter final : public QObject {
 
  private:
   bool TakeFile(QDropEvent& event) {
-    const QString file = DraggedFile(event);
-    if (file.isEmpty()) {
+    const QStringList files = DraggedFiles(event);
+    if (files.isEmpty()) {
       return false;
     }
+    const QString file = combo_.TakesSeveralFiles() ? files.join(QLatin1Char(';')) : files.front();
     event.acceptProposedAction();
     if (event.type() == QEvent::Drop) {
       // Who dragged it waits for this event's end, and the control may show a message.

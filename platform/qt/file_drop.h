@@ -9,7 +9,7 @@
 
 namespace lexmill::platform::qt {
 
-/// Hands `combo` each file that is dropped on `field`, as a path. Of several the first counts.
+/// Hands `combo` each file that is dropped on `field`, as a path; several ones as it takes them.
 void TakeDroppedFiles(ComboBox& combo, QComboBox& field);
 
 }  // namespace lexmill::platform::qt

@@ -29,6 +29,9 @@ struct RunCounts {
   std::int64_t tooLong = 0;            ///< untranslated entries longer than txtLenLimit
   std::int64_t alreadyTranslated = 0;  ///< entries whose sides differ
   std::int64_t referenceEntries = 0;   ///< rows of R that this run wrote
+  /// Untranslated entries that a reference before the last one knew, so that no further one was
+  /// asked; counted if the run asks so.
+  std::int64_t settledEarly = 0;
   std::map<std::u16string, DroppedEntries> dropped{};  ///< by path of the dictionary
 
   bool untranslatedRead = false;  ///< the untranslated dictionary was read to its end

@@ -34,13 +34,27 @@ struct StandIns {
   [[nodiscard]] std::u16string ForResult(std::u16string_view path) const;
 };
 
+/// A reference that is asked after the first one.
+struct MoreReference {
+  std::u16string path;
+  bool isDatabase = false;  ///< a purified database, not a dictionary
+};
+
 struct RunState {
   /// The program's folder with one separator at its end; set by Main.
   std::u16string AppPath;
   /// The folder chosen for temporary files and the language table, with one separator at its end;
   /// empty if that is the program's folder.
   std::u16string WorkDir;
-  /// Path of the reference if that is a purified database, else empty; set at each run.
+  /// References given from outside, in place of those that the window's field names; may be empty.
+  std::vector<std::u16string> givenReferences;
+  /// A string that one reference knows isn't asked of those after it.
+  bool firstReferenceOnly = false;
+  /// Path of the first reference, which alone decides the pair of formats and the head line, and of
+  /// the others in the order in which they are asked; set at each run.
+  std::u16string reference;
+  std::vector<MoreReference> moreReferences;
+  /// Path of the first reference if that is a purified database, else empty; set at each run.
   std::u16string RefDbPath;
   /// Two language keys joined by a TAB, or empty: the head line of a translated glossary. A run
   /// with two texts leaves it as it was.

@@ -50,20 +50,30 @@ StringTally::Gained StringTally::Translate(std::u16string_view string) {
     return {};
   }
   ++slot;
-  const auto repeated = repeated_.find(key);
-  const std::int64_t entries = repeated == repeated_.end() ? 1 : repeated->second + 1;
+  const std::int64_t entries = EntriesOf(key);
   return before == 0 ? Gained{.filled = entries} : Gained{.several = entries};
 }
 
-// The slot that holds `key`, or the free one where it would be.
-std::uint64_t& StringTally::SlotOf(std::uint64_t key) {
+std::int64_t StringTally::Entries(std::u16string_view string) const {
+  const std::uint64_t key = KeyOf(string);
+  return slots_.empty() || slots_[PlaceOf(key)] == 0 ? 0 : EntriesOf(key);
+}
+
+// Of a key that a slot holds.
+std::int64_t StringTally::EntriesOf(std::uint64_t key) const {
+  const auto repeated = repeated_.find(key);
+  return repeated == repeated_.end() ? 1 : repeated->second + 1;
+}
+
+// Where the slot is that holds `key`, or the free one where it would stand.
+std::size_t StringTally::PlaceOf(std::uint64_t key) const {
   constexpr int kBitsBelow = 3;
   const std::size_t mask = slots_.size() - 1;
   std::size_t at = (key >> kBitsBelow) & mask;
   while (slots_[at] != 0 && (slots_[at] & ~kTranslations) != key) {
     at = (at + 1) & mask;
   }
-  return slots_[at];
+  return at;
 }
 
 void StringTally::Grow() {

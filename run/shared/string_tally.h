@@ -29,12 +29,16 @@ class StringTally {
 
   /// One more entry of this string.
   void Add(std::u16string_view string);
+  /// How often this string was added.
+  [[nodiscard]] std::int64_t Entries(std::u16string_view string) const;
   /// One more translation of this string, different from all others of it. A string that was never
   /// added gains nothing.
   [[nodiscard]] Gained Translate(std::u16string_view string);
 
  private:
-  [[nodiscard]] std::uint64_t& SlotOf(std::uint64_t key);
+  [[nodiscard]] std::size_t PlaceOf(std::uint64_t key) const;
+  [[nodiscard]] std::uint64_t& SlotOf(std::uint64_t key) { return slots_[PlaceOf(key)]; }
+  [[nodiscard]] std::int64_t EntriesOf(std::uint64_t key) const;
   void Grow();
 
   /// A slot holds a key and, in its two lowest bits, how many translations the string has: 0, 1 or

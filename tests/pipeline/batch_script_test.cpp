@@ -22,7 +22,7 @@ class BatchScript : public testing::Test {
     platform::OverrideClock({.tickCount = {}, .dayAndHour = u"1714", .random = [this] {
                                return ++drawn_ / 1048576.0;
                              }});
-    world_.window.cboRefer.Text(u"/dict/ref.glo");
+    TheRun().reference = u"/dict/ref.glo";
   }
   ~BatchScript() override { platform::OverrideClock({}); }
 
@@ -135,7 +135,7 @@ TEST_F(BatchScript, MakesUpTheSavedNameFromTheReference) {
        {Case{u"", u"/dict/ref.glo", u"/dict/ref_1714.db"},
         Case{u"", u"/dict.old/ref", u"/dict_1714.db"}, Case{u"mine", u"/dict/ref.glo", u"mine"}}) {
     RunOptions().txtSaveRefDB = row.chosen;
-    world_.window.cboRefer.Text(row.reference);
+    TheRun().reference = row.reference;
     EXPECT_EQ(Readable(SavedDatabasePath()), Readable(row.saved));
   }
 }
@@ -154,7 +154,7 @@ TEST_F(BatchScript, ShowsAPathThatCannotBeCarriedAndLeavesTheLinesBeforeIt) {
     world_.session.messages.clear();
     RunOptions().chkSaveRefDB = true;
     RunOptions().txtSaveRefDB = row.saved;
-    world_.window.cboRefer.Text(row.reference);
+    TheRun().reference = row.reference;
     EXPECT_EQ(GlossaryScript(), "@echo off\necho rad00002.sql\nsqlite rad00001.db<rad00002.sql\n");
     ASSERT_EQ(world_.session.messages.size(), 1U);
     EXPECT_EQ(Readable(world_.session.messages[0].text), row.message);

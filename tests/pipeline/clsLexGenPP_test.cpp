@@ -26,7 +26,7 @@ class RunWithoutPrograms : public testing::Test {
                              .random = [this] { return ++drawn_ / 1048576.0; }});
     RunOptions().txtLenLimit = 50;
     world_.window.cboToDo.Text(world_.folder.File("todo"));
-    world_.window.cboRefer.Text(world_.folder.File("ref"));
+    TheRun().reference = world_.folder.File("ref");
     world_.window.cboFinal.Text(world_.folder.File("final"));
   }
   ~RunWithoutPrograms() override { platform::OverrideClock({}); }

@@ -144,6 +144,12 @@ TEST_F(Fields, TakeADroppedFileAsChosen) {
   Drop(Find<QComboBox>("cboRefer"), mime);
   EXPECT_EQ(Readable(frmMain::Instance().cboRefer.Text()), "/tmp/a 字.glo");
   EXPECT_EQ(Readable(frmMain::Instance().cboRefer.List(0)), "/tmp/a 字.glo");
+
+  mime.setUrls({QUrl(QStringLiteral("file:///tmp/a")), QUrl(QStringLiteral("file:///tmp/b"))});
+  Drop(Find<QComboBox>("cboRefer"), mime);
+  EXPECT_EQ(Readable(frmMain::Instance().cboRefer.Text()), "/tmp/a;/tmp/b");
+  Drop(Find<QComboBox>("cboToDo"), mime);
+  EXPECT_EQ(Readable(frmMain::Instance().cboToDo.Text()), "/tmp/a");
 }
 
 TEST_F(Fields, TakeDroppedTextAsTyped) {

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// run: carries one press of the start command from the options on screen to a finished run.
+// Which references a run asks.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lexmill {
+
+/// The paths that the text of the reference's field names: several ones are separated by ";" unless
+/// a file of that whole name exists. At least one, which may be empty.
+[[nodiscard]] std::vector<std::u16string> ReferencePaths(std::u16string_view field);
+
+/// Keeps the references of a run in its state: those given from outside or, if there are none,
+/// those of the window's field.
+/// @throws platform::Failure of the system's own if there are several and the options ask for the
+///   purified database of one
+void KeepReferences(std::u16string_view field);
+
+}  // namespace lexmill
