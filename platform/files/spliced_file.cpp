@@ -6,11 +6,22 @@
 
 #include "platform/files/opened_file.h"
 #include "platform/host/host_failure.h"
+#include "platform/host/host_path.h"
+#include "platform/host/same_file.h"
 
 namespace lexmill::platform {
 namespace {
 
 constexpr std::int64_t kBlock = 256 * 1024;
+
+// In a folder that can't take a new file the target would be written in place, and the original is
+// gone then before it has been copied.
+void RefuseToOverwrite(std::u16string_view original, std::u16string_view target) {
+  const std::u16string folder = ParentFolder(target);
+  if (!folder.empty() && IsSameFile(original, target) && !MayWrite(HostPath(folder))) {
+    throw FileFailure(HostError::Denied, target);
+  }
+}
 
 }  // namespace
 
@@ -22,6 +33,7 @@ SplicedFile::SplicedFile(std::u16string_view original, std::u16string_view targe
         OpenedFile opened = OpenToRead(original);
         original_ = std::move(opened.file);
         size_ = opened.size;
+        RefuseToOverwrite(original, target);
         return OpenToReplace(target);
       }()),
       page_(page) {}

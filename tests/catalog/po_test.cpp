@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // PO files: what is read of them, and what they look like when they have been filled.
+#include <filesystem>
+#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -128,6 +130,21 @@ TEST(Po, KeepsItsOwnEncoding) {
             latin.substr(0, latin.size() - 3) + "\"\xE9\"\n");
   EXPECT_EQ(Po(latin).Complaint({{u"a", {u"甲", u"", u"", false}}}),
             "第 4 行：文件的字符集中没有译文所需的字符");
+}
+
+TEST(Po, IsNotFilledInPlaceWhereItsFolderTakesNoNewFile) {
+  const test::OrdinaryUser user;
+  const test::TemporaryFolder folder;
+  const std::u16string path = folder.File("a.po");
+  const std::string bytes = "msgid \"a\"\nmsgstr \"\"\n";
+  test::WriteBytes(path, bytes);
+  namespace fs = std::filesystem;
+  fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
+  const CatalogHead head = ReadCatalogHead(CatalogFormat::Po, path);
+  const auto none = [](const CatalogEntry&) { return std::optional<Filling>(); };
+  EXPECT_THROW(FillCatalog(CatalogFormat::Po, path, path, head, none), platform::Failure);
+  EXPECT_EQ(test::ReadBytes(path), bytes);
+  fs::permissions(folder.Path(), fs::perms::owner_all);
 }
 
 TEST(Po, IsRefusedWithLineAndReason) {
