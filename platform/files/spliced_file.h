@@ -19,8 +19,8 @@ namespace lexmill::platform {
 class SplicedFile {
  public:
   /// @param page  how replacements are encoded; kept by reference
-  /// @throws Failure as OpenToRead for the original, as OpenToReplace for the target; PermissionDenied
-  ///   if the two are one file and its folder takes no new file
+  /// @throws Failure as OpenToRead for the original, as OpenToReplace for the target;
+  ///   PermissionDenied if the two are one file and its folder takes no new file
   SplicedFile(std::u16string_view original, std::u16string_view target, const CodePage& page);
 
   /// Puts `text` in the place of `range`, which lies after all ranges replaced before.
