@@ -30,8 +30,10 @@ template <class T>
 class HostResult {
  public:
   // Implicit, so that a function returns either with a plain `return`.
+  // NOLINTBEGIN(google-explicit-constructor)
   HostResult(T value) : outcome_(std::move(value)) {}
   HostResult(HostError error) : outcome_(error) {}
+  // NOLINTEND(google-explicit-constructor)
 
   [[nodiscard]] explicit operator bool() const { return outcome_.index() == 0; }
 

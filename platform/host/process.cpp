@@ -108,10 +108,11 @@ bool CreateProcess(const ProcessStart& start) {
     return false;
   }
   auto child = system::Start(program, system::Family::Own);
-  if (child) {
-    Children().push_back(*std::move(child));
+  if (!child) {
+    return false;
   }
-  return static_cast<bool>(child);
+  Children().push_back(*std::move(child));
+  return true;
 }
 
 void EndChildProcesses() {
