@@ -59,7 +59,8 @@ TEST_F(Dialogs, ShowTitleAndFilters) {
   });
   Click("cmdSave");
   EXPECT_EQ(title, "选择已译字典的保存文件");
-  EXPECT_EQ(filters, "文本格式文件(*.txt)\nPASSOLO字典(*.glo)\n");
+  EXPECT_EQ(filters,
+            "文本格式文件(*.txt)\nPASSOLO字典(*.glo)\n软件语言文件(*.po;*.pot;*.ts;*.xlf)\n");
   EXPECT_EQ(Readable(frmMain::Instance().cboFinal.Text()), "");
 }
 

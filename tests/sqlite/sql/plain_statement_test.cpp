@@ -71,7 +71,8 @@ TEST(PlainQueries, AreKnownByTheirWholeText) {
 
 TEST(PlainQueries, JoinGivesTheNamesInIt) {
   const std::string head = "SELECT DISTINCT B.x,a.y,B.k FROM a INNER JOIN B ON ";
-  const auto join = ReadPlainJoin(head + "Upper(a.k)=B.z;");
+  const std::string statement = head + "Upper(a.k)=B.z;";
+  const auto join = ReadPlainJoin(statement);
   ASSERT_TRUE(join);
   ASSERT_EQ(join->columns.size(), 3U);
   EXPECT_EQ(join->columns[1].written, "a.y");
@@ -79,7 +80,8 @@ TEST(PlainQueries, JoinGivesTheNamesInIt) {
   EXPECT_EQ(join->outer.column, "k");
   EXPECT_EQ(join->inner.column, "z");
   EXPECT_TRUE(join->isUpper);
-  EXPECT_FALSE(ReadPlainJoin(head + "a.k=B.z").value().isUpper);
+  const std::string plain = head + "a.k=B.z";
+  EXPECT_FALSE(ReadPlainJoin(plain).value().isUpper);
   for (const char* on : {"a.k=B.z AND 1;", "B.z=a.k;", "a.k=c.z;", "k=B.z;", "Upper(a.k=B.z);",
                          "a.k=Upper(B.z);", "a.k=B."}) {
     EXPECT_FALSE(ReadPlainJoin(head + on)) << on;
