@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "run/catalog_run.h"
 
-#include <algorithm>
 #include <string>
+#include <utility>
 
 #include "foundation/entry_point.h"
 #include "platform/failure.h"
 #include "platform/files/file_system.h"
+#include "platform/host/same_file.h"
 #include "platform/text/ansi_text.h"
 #include "run/catalog_notes.h"
 #include "run/shared/option_set.h"
@@ -47,11 +48,12 @@ OnPair WriterOf(platform::TextWriter& writer) {
 
 }  // namespace
 
-CatalogRun::CatalogRun() {
+CatalogRun::CatalogRun(std::u16string result) : result_(std::move(result)) {
   TheRun().standIns = {};
 }
 
 CatalogRun::~CatalogRun() {
+  SettleCounts();
   for (const StandIn& standIn : standIns_) {
     if (!RunOptions().chkaKeepTmpFile) {
       DeleteFiles({standIn.glossary});
@@ -65,7 +67,14 @@ std::u16string CatalogRun::DrawGlossary(const std::u16string& catalog) {
   return standIns_.back().glossary;
 }
 
-void CatalogRun::TakeUntranslated(const std::u16string& toDo, const std::u16string& result,
+// It may be reached by another name, too.
+void CatalogRun::RefuseAsResult(const std::u16string& reference) const {
+  if (result_ == reference || platform::IsSameFile(result_, reference)) {
+    throw platform::Failure(kOwnFailure, u"“" + result_ + u"”是“参照字典”，不能写入译文");
+  }
+}
+
+void CatalogRun::TakeUntranslated(const std::u16string& toDo,
                                   std::span<const std::u16string> references) {
   const auto format = DetectCatalog(toDo);
   if (!format) {
@@ -74,8 +83,8 @@ void CatalogRun::TakeUntranslated(const std::u16string& toDo, const std::u16stri
   if (!CanBeFilled(*format)) {
     throw platform::Failure(kOwnFailure, u"“" + toDo + u"”只能作“参照字典”");
   }
-  if (std::find(references.begin(), references.end(), result) != references.end()) {
-    throw platform::Failure(kOwnFailure, u"“" + result + u"”是“参照字典”，不能写入译文");
+  for (const std::u16string& reference : references) {
+    RefuseAsResult(reference);
   }
   const CatalogOptions& options = TheRun().catalogOptions;
   toDo_ = OpenCatalog(toDo, *format, options);
@@ -87,7 +96,7 @@ void CatalogRun::TakeUntranslated(const std::u16string& toDo, const std::u16stri
   AddPassedOver(toDo, others);
   TheRun().standIns.toDo = glossary;
   KeepKindsOf(toDo, glossary);
-  TheRun().standIns.result = DrawGlossary(result);
+  TheRun().standIns.result = DrawGlossary(result_);
 }
 
 void CatalogRun::TakeReference(const std::u16string& path) {
@@ -103,6 +112,10 @@ void CatalogRun::TakeTable(const std::u16string& path) {
 }
 
 void CatalogRun::AddReference(const Catalog& catalog) {
+  RefuseAsResult(catalog.path);
+  if (TheRun().standIns.references.contains(catalog.path)) {
+    return;
+  }
   const std::u16string glossary = DrawGlossary(catalog.path);
   auto writer = platform::FileSystemObject().CreateTextFile(glossary, true);
   const EntryCounts unused = ReadTranslated(catalog, WriterOf(writer));
@@ -125,7 +138,7 @@ void CatalogRun::SettleCounts() const {
   }
 }
 
-void CatalogRun::WriteResult(const std::u16string& result) {
+void CatalogRun::WriteResult() {
   RunState& run = TheRun();
   if (!toDo_ || run.abandoned || !platform::FileSystemObject().FileExists(run.standIns.result)) {
     return;
@@ -135,7 +148,7 @@ void CatalogRun::WriteResult(const std::u16string& result) {
   kind.encoding = run.resultEncoding;
   const Translations translations = ReadTranslations(run.standIns.result, kind);
   run.counts.resultWritten = false;
-  const FillCounts counts = FillFrom(*toDo_, result, run.catalogOptions, translations);
+  const FillCounts counts = FillFrom(*toDo_, result_, run.catalogOptions, translations);
   run.counts.resultWritten = true;
   if (run.catalogOptions.skipSeveral) {
     run.counts.leftOpen = run.counts.several;

@@ -16,33 +16,31 @@
 namespace lexmill {
 
 /// The catalogs of one run. Keeps their stand-ins and their kinds in the run's state; when it goes,
-/// the stand-ins go, and their files unless temporary files are kept.
+/// the stand-ins go, and their files unless temporary files are kept, and what the run has counted
+/// for them counts for their catalogs.
 class CatalogRun {
  public:
-  CatalogRun();
+  /// @param result  where the run's result goes
+  explicit CatalogRun(std::u16string result);
   ~CatalogRun();
   CatalogRun(const CatalogRun&) = delete;
   CatalogRun& operator=(const CatalogRun&) = delete;
 
   /// Lets a glossary of its open entries stand in for `toDo` if that is a catalog, and one that is
-  /// still to be written for `result`.
+  /// still to be written for the result.
   /// @throws platform::Failure with file, line and reason for a catalog that doesn't parse; for one
-  ///   of a format that is only read; if `result` is one of `references`
-  void TakeUntranslated(const std::u16string& toDo, const std::u16string& result,
-                        std::span<const std::u16string> references);
+  ///   of a format that is only read; if the result is one of `references`
+  void TakeUntranslated(const std::u16string& toDo, std::span<const std::u16string> references);
   /// Lets a glossary of its translated entries stand in for `path` if that is a catalog.
-  /// @throws platform::Failure for a catalog that doesn't parse
+  /// @throws platform::Failure for a catalog that doesn't parse, and if the result would replace it
   void TakeReference(const std::u16string& path);
   /// As TakeReference, for a table; to be asked for a file that is no dictionary of another format.
   void TakeTable(const std::u16string& path);
 
-  /// Gives what the run has counted for stand-ins to their catalogs.
-  void SettleCounts() const;
-
   /// Fills the catalog that TakeUntranslated found from the glossary that the run has written, and
   /// notes what has become of it. Nothing if there is no such catalog or no such glossary.
   /// @throws platform::Failure if the result can't be written
-  void WriteResult(const std::u16string& result);
+  void WriteResult();
 
  private:
   /// A file that stands in for a catalog.
@@ -52,8 +50,11 @@ class CatalogRun {
   };
 
   [[nodiscard]] std::u16string DrawGlossary(const std::u16string& catalog);
+  void RefuseAsResult(const std::u16string& reference) const;
   void AddReference(const Catalog& catalog);
+  void SettleCounts() const;
 
+  std::u16string result_;
   std::optional<Catalog> toDo_;
   std::vector<StandIn> standIns_;
   Reservations reservations_;

@@ -175,9 +175,9 @@ void frmMain::ClearProgress() {
 void frmMain::RunDictionaries() {
   const std::u16string toDo = cboToDo.Text();
   TheRun().dictionaries.clear();
-  CatalogRun catalogs;
+  CatalogRun catalogs(cboFinal.Text());
   KeepReferences(cboRefer.Text());
-  catalogs.TakeUntranslated(toDo, cboFinal.Text(), PathsOfReferences());
+  catalogs.TakeUntranslated(toDo, PathsOfReferences());
   const auto references = ReferenceDictionaries();
   for (const auto& path : references) {
     catalogs.TakeReference(path);
@@ -191,8 +191,7 @@ void frmMain::RunDictionaries() {
   TheRun().resultEncoding = ResultEncoding(toDo, PathsOfReferences());
   RefuseUnknownFormats(toDo);
   Dispatch(KindOf(toDo).format, FormatOfReference(), pair);
-  catalogs.SettleCounts();
-  catalogs.WriteResult(cboFinal.Text());
+  catalogs.WriteResult();
 }
 
 }  // namespace lexmill

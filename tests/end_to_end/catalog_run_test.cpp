@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Runs whose dictionaries are catalogs.
+#include <filesystem>
 #include <tuple>
+#include <utility>
 
+#include "platform/files/file_system.h"
+#include "platform/host/host_path.h"
 #include "run/shared/run_state.h"
 #include "tests/end_to_end/whole_run.h"
 #include "tests/support/readable_text.h"
@@ -63,6 +67,65 @@ TEST_F(CatalogRunTest, FillsAPoFromEachKindOfReference) {
   }
 }
 
+TEST_F(CatalogRunTest, AsksMoreCatalogsAndCallsThemByTheirOwnPaths) {
+  const std::pair<std::string, std::string> references[] = {
+      {"a.po", "msgid \"&Open\"\nmsgstr \"打开(&O)\"\nmsgid \"same\"\nmsgstr \"same\"\n"},
+      {"b.ts",
+       "<TS><message><source>Open</source><translation>开启</translation></message>"
+       "<message><source>same</source><translation>same</translation></message></TS>"},
+      {"c.tmx",
+       "<tmx><header srclang=\"en\"/><tu><tuv xml:lang=\"en\"><seg>Open<ph/></seg></tuv>"
+       "<tuv xml:lang=\"zh\"><seg>打开<ph/></seg></tuv></tu></tmx>"},
+      {"d.csv", "source,target\nSave,保存\nsame,same\n"},
+  };
+  WriteBytes(Dictionary("todo"), kPo);
+  for (const auto& [name, bytes] : references) {
+    WriteBytes(Dictionary(name), bytes);
+    TheRun().givenReferences.push_back(Dictionary(name));
+  }
+  Press("todo", "a.po", "final");
+  EXPECT_EQ(ReadBytes(Dictionary("final")),
+            std::string(kFilledPo).replace(kFilledPo.find("#, fuzzy\nmsgid \"&Open"), 0,
+                                           "# Lexmill: 打开(&O)... | 开启(&O)...\n"));
+  std::string dropped;
+  for (const auto& [path, counts] : TheRun().counts.dropped) {
+    dropped += Readable(platform::FileName(path)) + " " +
+               std::to_string(counts.equalSides + counts.inlined + counts.plural) + "; ";
+    EXPECT_TRUE(platform::FileSystemObject().FileExists(path)) << Readable(path);
+  }
+  EXPECT_EQ(dropped, "a.po 1; b.ts 1; c.tmx 1; d.csv 1; todo 1; ");
+  EXPECT_EQ(
+      Notices(),
+      "“c.tmx”：跳过含行内元素的条目 1 条; “todo”：译出 2 条，有多种译法 1 条，跳过复数条目 1 条");
+  ExpectNoTemporaryFiles();
+}
+
+TEST_F(CatalogRunTest, NeverReplacesAReference) {
+  struct Case {
+    const char* toDo;
+    const char* reference;
+    const char* result;
+  };
+  std::filesystem::create_symlink("more", dictionaries_.Path() / "link");
+  for (const Case& row : {Case{"todo.po", "refer", "refer"}, Case{"todo.po", "refer", "more"},
+                          Case{"todo.po", "refer", "link"}, Case{"todo.glo", "refer", "more"},
+                          Case{"todo.glo", "table", "table"}}) {
+    WriteBytes(Dictionary("todo.po"), kPo);
+    WriteBytes(Dictionary("todo.glo"), "Open\tOpen\n");
+    WriteBytes(Dictionary("refer"), "Open\t开\n");
+    WriteBytes(Dictionary("more"), kFilledPo);
+    WriteBytes(Dictionary("table"), "source,target\nOpen,开\n");
+    const std::string before = ReadBytes(Dictionary(row.result));
+    TheRun().givenReferences = {Dictionary(row.reference), Dictionary("more")};
+    Press(row.toDo, row.reference, row.result);
+    EXPECT_EQ(ReadBytes(Dictionary(row.result)), before) << row.result;
+    ASSERT_EQ(world_.session.messages.size(), 1U) << row.result;
+    const std::string message = Readable(world_.session.messages[0].text);
+    EXPECT_NE(message.find("不能写入译文"), std::string::npos) << message;
+    world_.session.messages.clear();
+  }
+}
+
 TEST_F(CatalogRunTest, GivesAGlossaryTheEncodingOfItsCatalog) {
   EXPECT_EQ(Run("&Open\t&Open\n", "msgid \"Open\"\nmsgstr \"打开\"\n"), "&Open\t打开(&O)\r\n");
 }
@@ -106,11 +169,6 @@ TEST_F(CatalogRunTest, LeavesTheResultAloneWhenACatalogIsWrong) {
     EXPECT_NE(message.find(row.complaint), std::string::npos) << message;
     world_.session.messages.clear();
   }
-  WriteBytes(Dictionary("todo"), kPo);
-  WriteBytes(Dictionary("refer"), kPo);
-  Press("todo", "refer", "refer");
-  EXPECT_EQ(ReadBytes(Dictionary("refer")), kPo);
-  world_.session.messages.clear();
 }
 
 }  // namespace
