@@ -11,10 +11,6 @@ namespace {
 using platform::MarkupEvent;
 using platform::MarkupKind;
 
-bool IsBlank(std::u16string_view text) {
-  return text.find_first_not_of(u" \t\r\n") == std::u16string_view::npos;
-}
-
 // The unit that an element such as <byte value="x1f"/> stands for, which has a character that XML
 // can't write.
 std::optional<char16_t> ByteOf(const MarkupEvent& event, const platform::MarkupReader& reader) {
@@ -76,14 +72,6 @@ void MarkupCapture::TakeEnd(const MarkupEvent& event) {
   if (--depth_ == 0) {
     element_.content.end = event.range.begin;
     element_.end = event.range.end;
-  }
-}
-
-void MarkupIndent::Take(const MarkupEvent& event) {
-  if (event.kind == MarkupKind::Text && IsBlank(event.text)) {
-    blanks_ += reader_.Written();
-  } else {
-    blanks_.clear();
   }
 }
 

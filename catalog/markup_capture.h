@@ -45,19 +45,4 @@ class MarkupCapture {
   bool escapesQuotes_;
 };
 
-/// Remembers the blanks in front of a tag: the line end and the indent.
-class MarkupIndent {
- public:
-  explicit MarkupIndent(const platform::MarkupReader& reader) : reader_(reader) {}
-
-  /// Sees each event.
-  void Take(const platform::MarkupEvent& event);
-  /// The blanks in front of the tag that comes next, as written; empty if there is none.
-  [[nodiscard]] const std::u16string& Blanks() const { return blanks_; }
-
- private:
-  const platform::MarkupReader& reader_;
-  std::u16string blanks_;
-};
-
 }  // namespace lexmill

@@ -5,30 +5,45 @@
 #include <string>
 
 #include "catalog/language_tag.h"
-#include "catalog/markup_capture.h"
 #include "catalog/markup_head.h"
+#include "catalog/markup_walk.h"
 
 namespace lexmill {
 namespace {
 
 using platform::MarkupEvent;
-using platform::MarkupKind;
 
 class TmxParser {
  public:
-  TmxParser(const CatalogHead& head, const platform::MarkupReader& reader, const OnEntry& onEntry)
-      : head_(head), reader_(reader), onEntry_(onEntry), capture_(reader, false) {}
+  TmxParser(const CatalogHead& head, MarkupWalk& walk, const OnEntry& onEntry)
+      : head_(head), walk_(walk), onEntry_(onEntry) {}
 
-  void Take(const MarkupEvent& event) {
-    if (capture_.IsOpen()) {
-      capture_.Take(event);
-      if (!capture_.IsOpen()) {
-        KeepCaptured();
-      }
-    } else if (event.kind == MarkupKind::Start) {
-      TakeStart(event);
-    } else if (event.kind == MarkupKind::End && event.name == u"tu") {
+  void TakeStart(const MarkupEvent& event) {
+    const platform::MarkupReader& reader = walk_.Reader();
+    if (event.name == u"tu") {
+      source_.reset();
+      target_.reset();
+      line_ = reader.Line();
+      context_ = reader.Attribute(u"tuid").value_or(u"");
+    } else if (event.name == u"tuv") {
+      language_ = reader.Attribute(u"xml:lang").value_or(reader.Attribute(u"lang").value_or(u""));
+    } else if (event.name == u"seg") {
+      walk_.Capture().Begin(event);
+    }
+  }
+
+  void TakeEnd(const MarkupEvent& event) {
+    if (event.name == u"tu") {
       CompleteUnit();
+    }
+  }
+
+  void KeepCaptured() {
+    const MarkupCapture& capture = walk_.Capture();
+    if (!source_ && IsLanguage(language_, head_.sourceLanguage)) {
+      source_ = {capture.Text(), capture.IsMixed()};
+    } else if (!target_ && IsLanguage(language_, head_.targetLanguage)) {
+      target_ = {capture.Text(), capture.IsMixed()};
     }
   }
 
@@ -38,27 +53,6 @@ class TmxParser {
     std::u16string text;
     bool isMixed = false;
   };
-
-  void TakeStart(const MarkupEvent& event) {
-    if (event.name == u"tu") {
-      source_.reset();
-      target_.reset();
-      line_ = reader_.Line();
-      context_ = reader_.Attribute(u"tuid").value_or(u"");
-    } else if (event.name == u"tuv") {
-      language_ = reader_.Attribute(u"xml:lang").value_or(reader_.Attribute(u"lang").value_or(u""));
-    } else if (event.name == u"seg") {
-      capture_.Begin(event);
-    }
-  }
-
-  void KeepCaptured() {
-    if (!source_ && IsLanguage(language_, head_.sourceLanguage)) {
-      source_ = {capture_.Text(), capture_.IsMixed()};
-    } else if (!target_ && IsLanguage(language_, head_.targetLanguage)) {
-      target_ = {capture_.Text(), capture_.IsMixed()};
-    }
-  }
 
   void CompleteUnit() {
     if (!source_ || !target_) {
@@ -75,9 +69,8 @@ class TmxParser {
   }
 
   const CatalogHead& head_;
-  const platform::MarkupReader& reader_;
+  MarkupWalk& walk_;
   const OnEntry& onEntry_;
-  MarkupCapture capture_;
   std::u16string context_;
   std::u16string language_;
   std::optional<Variant> source_;
@@ -97,9 +90,9 @@ CatalogHead ReadTmxHead(std::u16string_view path) {
 }
 
 void ReadTmx(std::u16string_view path, const CatalogHead& head, const OnEntry& onEntry) {
-  platform::MarkupReader reader(path);
-  TmxParser parser(head, reader, onEntry);
-  ReadMarkupCatalog(path, reader, [&](const MarkupEvent& event) { parser.Take(event); });
+  MarkupWalk walk(path, false);
+  TmxParser parser(head, walk, onEntry);
+  walk.Read(parser);
 }
 
 }  // namespace lexmill

@@ -3,49 +3,33 @@
 
 #include <string>
 
-#include "catalog/markup_capture.h"
+#include "catalog/markup_entry.h"
 #include "catalog/markup_head.h"
+#include "catalog/markup_walk.h"
 
 namespace lexmill {
 namespace {
 
 using platform::MarkupEvent;
-using platform::MarkupKind;
 
 class TsParser {
  public:
-  TsParser(const CatalogHead& head, const platform::MarkupReader& reader, const OnEntry& onEntry)
-      : head_(head), reader_(reader), onEntry_(onEntry), capture_(reader, true), indent_(reader) {}
+  TsParser(const CatalogHead& head, MarkupWalk& walk, const OnEntry& onEntry)
+      : walk_(walk), onEntry_(onEntry), message_(MarkupPlace::Language::Ts, head, walk) {}
 
-  void Take(const MarkupEvent& event) {
-    if (capture_.IsOpen()) {
-      capture_.Take(event);
-      if (!capture_.IsOpen()) {
-        KeepCaptured();
-      }
-    } else if (event.kind == MarkupKind::Start) {
-      TakeStart(event);
-    } else if (event.kind == MarkupKind::End && event.name == u"message") {
-      CompleteEntry();
-    }
-    indent_.Take(event);
-  }
+  void TakeStart(const MarkupEvent& event);
+  void TakeEnd(const MarkupEvent& event);
+  void KeepCaptured();
 
  private:
-  void TakeStart(const MarkupEvent& event);
   void BeginMessage();
-  void KeepCaptured();
-  void CompleteEntry();
+  void CompleteMessage();
 
-  const CatalogHead& head_;
-  const platform::MarkupReader& reader_;
+  MarkupWalk& walk_;
   const OnEntry& onEntry_;
-  MarkupCapture capture_;
-  MarkupIndent indent_;
+  MarkupEntry message_;
   std::u16string captured_;  ///< the name of the element under capture
   std::u16string context_;
-  CatalogEntry entry_;
-  MarkupPlace place_;
   std::u16string type_;  ///< of the translation
 };
 
@@ -56,57 +40,52 @@ void TsParser::TakeStart(const MarkupEvent& event) {
   }
   const bool isTarget = event.name == u"translation";
   if (isTarget) {
-    type_ = reader_.Attribute(u"type").value_or(u"");
+    type_ = walk_.Reader().Attribute(u"type").value_or(u"");
   }
   if (isTarget || event.name == u"source") {
-    place_.indent = indent_.Blanks();
+    message_.Place().indent = walk_.Indent();
   }
   if (isTarget || event.name == u"source" || event.name == u"name" || event.name == u"comment" ||
       event.name == u"translatorcomment") {
     captured_ = event.name;
-    capture_.Begin(event);
+    walk_.Capture().Begin(event);
+  }
+}
+
+void TsParser::TakeEnd(const MarkupEvent& event) {
+  if (event.name == u"message") {
+    CompleteMessage();
   }
 }
 
 void TsParser::BeginMessage() {
-  entry_ = {};
-  entry_.context = context_;
-  entry_.kind = reader_.Attribute(u"numerus") == u"yes" ? EntryKind::Plural : EntryKind::Plain;
-  entry_.line = reader_.Line();
-  place_ = {};
-  place_.language = MarkupPlace::Language::Ts;
-  place_.page = head_.page;
+  message_.Begin();
+  message_.Entry().context = context_;
+  if (walk_.Reader().Attribute(u"numerus") == u"yes") {
+    message_.Entry().kind = EntryKind::Plural;
+  }
   type_.clear();
 }
 
 void TsParser::KeepCaptured() {
   if (captured_ == u"name") {
-    context_ = capture_.Text();
+    context_ = walk_.Capture().Text();
   } else if (captured_ == u"comment") {
-    entry_.context += u" / " + capture_.Text();
+    message_.Entry().context += u" / " + walk_.Capture().Text();
   } else if (captured_ == u"translatorcomment") {
-    place_.comment = capture_.Element();
+    message_.Place().comment = walk_.Capture().Element();
+  } else if (captured_ == u"source") {
+    message_.TakeSource();
   } else {
-    const bool isSource = captured_ == u"source";
-    (isSource ? entry_.source : entry_.target) = capture_.Text();
-    (isSource ? place_.source : place_.target.emplace()) = capture_.Element();
-    place_.afterSource = isSource ? capture_.Element().end : place_.afterSource;
-    if (capture_.IsMixed() && entry_.kind == EntryKind::Plain) {
-      entry_.kind = EntryKind::Inline;
-    }
+    message_.TakeTarget();
   }
 }
 
-void TsParser::CompleteEntry() {
-  if (type_ == u"obsolete" || type_ == u"vanished" || entry_.source.empty()) {
-    entry_.kind = EntryKind::Fixed;
+void TsParser::CompleteMessage() {
+  if (type_ == u"obsolete" || type_ == u"vanished") {
+    message_.Entry().kind = EntryKind::Fixed;
   }
-  if (!entry_.target.empty()) {
-    entry_.state = type_ == u"unfinished" ? EntryState::Marked : EntryState::Translated;
-  }
-  place_.escapesQuotes = capture_.EscapesQuotes();
-  entry_.place = place_;
-  onEntry_(entry_);
+  message_.Complete(type_ == u"unfinished", onEntry_);
 }
 
 }  // namespace
@@ -116,9 +95,9 @@ CatalogHead ReadTsHead(std::u16string_view path) {
 }
 
 void ReadTs(std::u16string_view path, const CatalogHead& head, const OnEntry& onEntry) {
-  platform::MarkupReader reader(path);
-  TsParser parser(head, reader, onEntry);
-  ReadMarkupCatalog(path, reader, [&](const MarkupEvent& event) { parser.Take(event); });
+  MarkupWalk walk(path, true);
+  TsParser parser(head, walk, onEntry);
+  walk.Read(parser);
 }
 
 }  // namespace lexmill

@@ -5,14 +5,14 @@
 #include <vector>
 
 #include "catalog/catalog_failure.h"
-#include "catalog/markup_capture.h"
+#include "catalog/markup_entry.h"
 #include "catalog/markup_head.h"
+#include "catalog/markup_walk.h"
 
 namespace lexmill {
 namespace {
 
 using platform::MarkupEvent;
-using platform::MarkupKind;
 
 /// What a group says of the units in it.
 struct UnitRules {
@@ -22,61 +22,39 @@ struct UnitRules {
 
 class XliffParser {
  public:
-  XliffParser(std::u16string_view path, const CatalogHead& head,
-              const platform::MarkupReader& reader, const OnEntry& onEntry)
-      : path_(path),
-        head_(head),
-        reader_(reader),
-        onEntry_(onEntry),
-        capture_(reader, false),
-        indent_(reader) {}
+  XliffParser(const CatalogHead& head, MarkupWalk& walk, const OnEntry& onEntry)
+      : walk_(walk), onEntry_(onEntry), unit_(MarkupPlace::Language::Xliff, head, walk) {}
 
-  void Take(const MarkupEvent& event) {
-    if (capture_.IsOpen()) {
-      capture_.Take(event);
-      if (!capture_.IsOpen()) {
-        KeepCaptured();
-      }
-    } else if (event.kind == MarkupKind::Start) {
-      TakeStart(event);
-    } else if (event.kind == MarkupKind::End) {
-      TakeEnd(event);
-    }
-    indent_.Take(event);
-  }
-
- private:
   void TakeStart(const MarkupEvent& event);
   void TakeEnd(const MarkupEvent& event);
+  void KeepCaptured();
+
+ private:
   void TakeVersion() const;
   void BeginUnit();
   void BeginCapture(const MarkupEvent& event);
-  void KeepCaptured();
   void CompleteUnit();
   [[nodiscard]] bool IsToReview() const;
   [[nodiscard]] UnitRules RulesHere() const;
+  /// True between the tags of a unit, but for those of other targets than its own.
+  [[nodiscard]] bool IsInUnit() const { return isInUnit_ && alternatives_ == 0; }
 
-  std::u16string_view path_;
-  const CatalogHead& head_;
-  const platform::MarkupReader& reader_;
+  MarkupWalk& walk_;
   const OnEntry& onEntry_;
-  MarkupCapture capture_;
-  MarkupIndent indent_;
+  MarkupEntry unit_;
   std::vector<UnitRules> groups_;  ///< those that are open
   bool isInUnit_ = false;
-  int alternatives_ = 0;   ///< elements open within the unit that may hold other targets
+  int alternatives_ = 0;   ///< elements open that may hold other targets
   bool isTarget_ = false;  ///< which element is under capture
-  CatalogEntry entry_;
-  MarkupPlace place_;
   bool isApproved_ = true;
   std::u16string state_;
 };
 
 UnitRules XliffParser::RulesHere() const {
   UnitRules rules = groups_.empty() ? UnitRules() : groups_.back();
-  const auto translate = reader_.Attribute(u"translate");
+  const auto translate = walk_.Reader().Attribute(u"translate");
   rules.isTranslated = translate ? *translate != u"no" : rules.isTranslated;
-  rules.isPlural = rules.isPlural || reader_.Attribute(u"restype") == u"x-gettext-plurals";
+  rules.isPlural = rules.isPlural || walk_.Reader().Attribute(u"restype") == u"x-gettext-plurals";
   return rules;
 }
 
@@ -89,14 +67,14 @@ void XliffParser::TakeStart(const MarkupEvent& event) {
     BeginUnit();
   } else if (event.name == u"alt-trans") {
     ++alternatives_;
-  } else if (isInUnit_ && alternatives_ == 0) {
+  } else if (IsInUnit()) {
     BeginCapture(event);
   }
 }
 
 void XliffParser::TakeVersion() const {
-  if (!reader_.Attribute(u"version").value_or(u"1").starts_with(u"1")) {
-    RefuseCatalog(path_, reader_.Line(), u"只支持 XLIFF 1.2 及更早的版本");
+  if (!walk_.Reader().Attribute(u"version").value_or(u"1").starts_with(u"1")) {
+    RefuseCatalog(walk_.Path(), walk_.Reader().Line(), u"只支持 XLIFF 1.2 及更早的版本");
   }
 }
 
@@ -105,46 +83,43 @@ void XliffParser::TakeEnd(const MarkupEvent& event) {
     groups_.pop_back();
   } else if (event.name == u"alt-trans") {
     --alternatives_;
-  } else if (event.name == u"seg-source" && isInUnit_ && alternatives_ == 0) {
-    place_.afterSource = event.range.end;
+  } else if (event.name == u"seg-source" && IsInUnit()) {
+    unit_.Place().afterSource = event.range.end;
   } else if (event.name == u"trans-unit") {
     CompleteUnit();
   }
 }
 
 void XliffParser::BeginUnit() {
+  const platform::MarkupReader& reader = walk_.Reader();
   const UnitRules rules = RulesHere();
   isInUnit_ = true;
-  entry_ = {};
-  entry_.context = reader_.Attribute(u"resname").value_or(reader_.Attribute(u"id").value_or(u""));
-  entry_.kind = !rules.isTranslated ? EntryKind::Fixed
-                : rules.isPlural    ? EntryKind::Plural
-                                    : EntryKind::Plain;
-  entry_.line = reader_.Line();
-  place_ = {};
-  place_.language = MarkupPlace::Language::Xliff;
-  place_.page = head_.page;
-  isApproved_ = reader_.Attribute(u"approved") != u"no";
+  unit_.Begin();
+  CatalogEntry& entry = unit_.Entry();
+  entry.context = reader.Attribute(u"resname").value_or(reader.Attribute(u"id").value_or(u""));
+  entry.kind = !rules.isTranslated ? EntryKind::Fixed
+               : rules.isPlural    ? EntryKind::Plural
+                                   : EntryKind::Plain;
+  isApproved_ = reader.Attribute(u"approved") != u"no";
   state_.clear();
 }
 
 void XliffParser::BeginCapture(const MarkupEvent& event) {
   isTarget_ = event.name == u"target";
   if (isTarget_) {
-    state_ = reader_.Attribute(u"state").value_or(u"");
-    capture_.Begin(event);
+    state_ = walk_.Reader().Attribute(u"state").value_or(u"");
+    walk_.Capture().Begin(event);
   } else if (event.name == u"source") {
-    place_.indent = indent_.Blanks();
-    capture_.Begin(event);
+    unit_.Place().indent = walk_.Indent();
+    walk_.Capture().Begin(event);
   }
 }
 
 void XliffParser::KeepCaptured() {
-  (isTarget_ ? entry_.target : entry_.source) = capture_.Text();
-  (isTarget_ ? place_.target.emplace() : place_.source) = capture_.Element();
-  place_.afterSource = isTarget_ ? place_.afterSource : capture_.Element().end;
-  if (capture_.IsMixed() && entry_.kind == EntryKind::Plain) {
-    entry_.kind = EntryKind::Inline;
+  if (isTarget_) {
+    unit_.TakeTarget();
+  } else {
+    unit_.TakeSource();
   }
 }
 
@@ -154,15 +129,7 @@ bool XliffParser::IsToReview() const {
 
 void XliffParser::CompleteUnit() {
   isInUnit_ = false;
-  if (entry_.source.empty() && entry_.kind == EntryKind::Plain) {
-    entry_.kind = EntryKind::Fixed;
-  }
-  if (!entry_.target.empty()) {
-    entry_.state = IsToReview() ? EntryState::Marked : EntryState::Translated;
-  }
-  place_.escapesQuotes = capture_.EscapesQuotes();
-  entry_.place = place_;
-  onEntry_(entry_);
+  unit_.Complete(IsToReview(), onEntry_);
 }
 
 }  // namespace
@@ -172,9 +139,9 @@ CatalogHead ReadXliffHead(std::u16string_view path) {
 }
 
 void ReadXliff(std::u16string_view path, const CatalogHead& head, const OnEntry& onEntry) {
-  platform::MarkupReader reader(path);
-  XliffParser parser(path, head, reader, onEntry);
-  ReadMarkupCatalog(path, reader, [&](const MarkupEvent& event) { parser.Take(event); });
+  MarkupWalk walk(path, false);
+  XliffParser parser(head, walk, onEntry);
+  walk.Read(parser);
 }
 
 }  // namespace lexmill
