@@ -5,11 +5,11 @@
 #include <system_error>
 
 #include "platform/controls/dialogs.h"
+#include "platform/controls/screen.h"
 #include "platform/files/platform_settings.h"
 #include "platform/host/application.h"
 #include "platform/host/host_file.h"
 #include "platform/host/host_system.h"
-#include "platform/qt/screen.h"
 #include "run/modMain.h"
 #include "run/run_report.h"
 #include "run/shared/run_state.h"
@@ -46,13 +46,12 @@ lexmill::platform::Form& OpenWindow() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!lexmill::platform::qt::IsScreenThere()) {
+  if (!lexmill::platform::IsScreenThere()) {
     std::cerr << "lexmill: no display; lexmill-run performs a run without one\n";
     return 1;
   }
-  lexmill::platform::qt::Screen screen(argc, argv);
   lexmill::platform::SurviveFileSizeLimit();
   lexmill::platform::ReadPlatformSettings();
   EnterProgramFolder();
-  return screen.Run(OpenWindow, WarnOfReadOnlyFolder);
+  return lexmill::platform::RunOnScreen(argc, argv, OpenWindow, WarnOfReadOnlyFolder);
 }

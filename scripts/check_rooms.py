@@ -39,13 +39,12 @@ SIDE = {
 }
 # Files that alone may reach a side room.
 DOORS = {
-    "run/main.cpp": "platform/qt",
     "run/console_main.cpp": "platform/headless",
     "platform/sqlite/main.cpp": "platform/sqlite/shell",
 }
 # Headers from outside that belong to a few rooms alone.
 OUTSIDE = {
-    r"Q[A-Z]\w*": ["platform/qt", "run/main.cpp"],
+    r"Q[A-Z]\w*": ["platform/qt"],
     r"sqlite3\.h": [*SQLITE, "platform/scratch"],
     r"pcre2\.h": ["platform/expression"],
     r"unicode/.*": ["platform/text"],

@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
+#include "platform/controls/label_fit.h"
+
 namespace lexmill::platform::qt {
 namespace {
 
@@ -16,11 +18,12 @@ int WidthOf(const QString& text, const QFont& font) {
 
 bool NarrowInto(QWidget& widget, const QString& text, int room) {
   QFont font = widget.font();
-  int stretch = QFont::Unstretched;
+  const auto widthAt = [&](int percent) {
+    font.setStretch(percent);
+    return WidthOf(text, font);
+  };
+  const int stretch = FittingWidth(room, widthAt);
   font.setStretch(stretch);
-  while (WidthOf(text, font) > room && stretch > kNarrowest) {
-    font.setStretch(--stretch);
-  }
   if (widget.font().stretch() % QFont::Unstretched != stretch % QFont::Unstretched) {
     widget.setFont(font);
   }

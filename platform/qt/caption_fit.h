@@ -7,9 +7,6 @@
 
 namespace lexmill::platform::qt {
 
-/// The least share of their natural width, in percent, that characters are narrowed to.
-inline constexpr int kNarrowest = 60;
-
 /// Narrows the characters of `widget`, down to kNarrowest and not below, so that `text` takes no
 /// more than `room` pixels; gives them their natural width where that is enough. Hot key marks of
 /// `text` take no room. @return true if the text fits

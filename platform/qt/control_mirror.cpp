@@ -6,8 +6,8 @@
 #include <QEvent>
 
 #include "platform/qt/control_widgets.h"
+#include "platform/qt/qt_place.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/twips.h"
 
 namespace lexmill::platform::qt {
 namespace {
@@ -64,7 +64,7 @@ void ControlMirror::Show(ControlProperty what) {
       widget_.setFocus();
       return;
     case ControlProperty::Place:
-      widget_.setGeometry(ToPixels(control_.Place()));
+      widget_.setGeometry(ToQt(ToPixels(control_.Place())));
       break;
     case ControlProperty::Look:
       ShowLook();

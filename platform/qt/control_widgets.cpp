@@ -3,14 +3,13 @@
 
 #include <QGroupBox>
 
+#include "platform/controls/control_kinds.h"
 #include "platform/qt/button_widgets.h"
 #include "platform/qt/caption_fit.h"
-#include "platform/qt/control_kinds.h"
 #include "platform/qt/drawing_widgets.h"
 #include "platform/qt/field_widgets.h"
 #include "platform/qt/label_widget.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/twips.h"
 
 namespace lexmill::platform::qt {
 namespace {

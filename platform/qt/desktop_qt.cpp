@@ -12,8 +12,8 @@
 #include <QUrl>
 #include <QWidget>
 
+#include "platform/controls/pixels.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/twips.h"
 #include "platform/text/text.h"
 
 namespace lexmill::platform {
@@ -75,7 +75,7 @@ void SendKeys(std::u16string_view keys) {
 
 ScreenMetrics GetScreenMetrics() {
   const QSize pixels = QGuiApplication::primaryScreen()->size();
-  return {.width = qt::ToTwips(pixels.width()), .height = qt::ToTwips(pixels.height())};
+  return {.width = ToTwips(pixels.width()), .height = ToTwips(pixels.height())};
 }
 
 void ShellOpen(std::u16string_view target) {

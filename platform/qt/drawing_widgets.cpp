@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "platform/qt/colors.h"
-#include "platform/qt/twips.h"
+#include "platform/qt/qt_place.h"
 
 namespace lexmill::platform::qt {
 namespace {
@@ -29,7 +29,7 @@ LineWidget::LineWidget(const Line& line, QWidget& parent) : QWidget(&parent), li
 
 // A line without height is still one pixel high.
 void LineWidget::ShowPlace() {
-  setGeometry(ToPixels(line_.Place()).adjusted(0, 0, 1, 1));
+  setGeometry(ToQt(ToPixels(line_.Place())).adjusted(0, 0, 1, 1));
 }
 
 void LineWidget::paintEvent(QPaintEvent* /*event*/) {

@@ -9,8 +9,8 @@
 #include <QLayout>
 
 #include "platform/controls/dialogs.h"
+#include "platform/controls/program_end.h"
 #include "platform/qt/foreign_names.h"
-#include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 
 namespace lexmill::platform {
@@ -103,7 +103,7 @@ QWidget* ParentOf(const FileDialogRequest& request) {
 }
 
 std::optional<FileDialogAnswer> Ask(QFileDialog& dialog, const FileDialogRequest& request) {
-  if (qt::ProgramEnd::IsAsked()) {
+  if (ProgramEnd::IsAsked()) {
     return std::nullopt;
   }
   SetUp(dialog, request);

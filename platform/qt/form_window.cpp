@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/form_window.h"
 
-#include <algorithm>
-
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QShortcut>
 
-#include "platform/qt/control_kinds.h"
+#include "platform/controls/pixels.h"
+#include "platform/controls/window_order.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/tab_order.h"
-#include "platform/qt/twips.h"
 
 namespace lexmill::platform::qt {
 
@@ -52,7 +50,7 @@ FormWindow::FormWindow(Form& form) : form_(form) {
         std::make_unique<ControlMirror>(form, *control, *this, [this] { Arrange(); }));
   }
   Arrange();
-  NameFields(mirrors_);
+  NameFields(form_, mirrors_);
   SetShortcuts();
   for (const auto& mirror : mirrors_) {
     mirror->ShowAll();
@@ -139,27 +137,16 @@ void FormWindow::ShowVisible() {
 void FormWindow::Arrange() {
   for (const auto& mirror : mirrors_) {
     const Control* container = mirror->Shown().Container();
-    QWidget* parent = container == nullptr ? this : &WidgetOf(*container);
+    QWidget* parent = container == nullptr ? this : &WidgetOf(mirrors_, *container);
     if (mirror->Widget().parentWidget() != parent) {
       mirror->Widget().setParent(parent);
       mirror->Widget().setVisible(mirror->Shown().Visible());
     }
   }
-  const auto order = form_.FrontToBack();
-  for (const bool drawing : {true, false}) {
-    for (auto control = order.rbegin(); control != order.rend(); ++control) {
-      if (IsDrawing((*control)->Kind()) == drawing) {
-        WidgetOf(**control).raise();
-      }
-    }
+  for (const Control* control : BackToFront(form_)) {
+    WidgetOf(mirrors_, *control).raise();
   }
-  ChainTabOrder(mirrors_);
-}
-
-QWidget& FormWindow::WidgetOf(const Control& control) const {
-  const auto found = std::ranges::find_if(
-      mirrors_, [&](const auto& mirror) { return &mirror->Shown() == &control; });
-  return (*found)->Widget();
+  ChainTabOrder(form_, mirrors_);
 }
 
 bool FormWindow::event(QEvent* event) {

@@ -36,7 +36,6 @@ class FormWindow final : public QWidget {
   void TellPlace();
   /// Brings containers and both orders to the widgets.
   void Arrange();
-  [[nodiscard]] QWidget& WidgetOf(const Control& control) const;
 
   Form& form_;
   std::vector<std::unique_ptr<ControlMirror>> mirrors_;

@@ -6,8 +6,8 @@
 #include <QPushButton>
 
 #include "platform/controls/dialogs.h"
+#include "platform/controls/program_end.h"
 #include "platform/host/application.h"
-#include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 
 namespace lexmill::platform {
@@ -33,7 +33,7 @@ QString LinesOf(std::u16string_view text) {
 }  // namespace
 
 MessageAnswer ShowMessageBox(std::u16string_view text, MessageIcon icon, MessageButtons buttons) {
-  if (qt::ProgramEnd::IsAsked()) {
+  if (ProgramEnd::IsAsked()) {
     std::cerr << LinesOf(text).toStdString() << std::endl;
     return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Cancel;
   }

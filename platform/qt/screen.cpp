@@ -2,46 +2,21 @@
 #include "platform/qt/screen.h"
 
 #include <array>
-#include <new>
 
 #include <QLibraryInfo>
 #include <QSessionManager>
 
-#include "platform/controls/dialogs.h"
-#include "platform/failure.h"
+#include "platform/controls/failure_message.h"
+#include "platform/controls/program_end.h"
+#include "platform/controls/screen.h"
 #include "platform/host/application.h"
 #include "platform/qt/form_window.h"
-#include "platform/qt/program_end.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/termination_signals.h"
 #include "platform/qt/waiting.h"
 #include "platform/qt/window_style.h"
-#include "platform/text/numbers.h"
 
-namespace lexmill::platform::qt {
-namespace {
-
-void Show(const Failure& failure) {
-  ShowMessageBox(u"错误:" + ToText(failure.Number()) + u"\r\n" + failure.Description(),
-                 MessageIcon::Critical, MessageButtons::Ok);
-}
-
-// Runs `body` and shows the failure that ends it, if one does. @return whether it ran to its end
-template <class Body>
-bool ShowFailureOf(const Body& body) {
-  try {
-    body();
-    return true;
-  } catch (const Failure& failure) {
-    Show(failure);
-  } catch (const std::bad_alloc&) {
-    Show(Failure(FailureNumber::OutOfMemory, FailureOrigin::Runtime));
-  }
-  return false;
-}
-
-}  // namespace
-
+namespace lexmill::platform {
 bool IsScreenThere() {
   constexpr std::array kNames = {"WAYLAND_DISPLAY", "DISPLAY", "QT_QPA_PLATFORM"};
   for (const char* name : kNames) {
@@ -51,6 +26,22 @@ bool IsScreenThere() {
   }
   return false;
 }
+
+int RunOnScreen(int& argc, char** argv, const std::function<Form&()>& open,
+                const std::function<void()>& opened) {
+  return qt::Screen(argc, argv).Run(open, opened);
+}
+
+namespace qt {
+namespace {
+
+void CloseDialog() {
+  if (QWidget* dialog = QApplication::activeModalWidget()) {
+    dialog->close();
+  }
+}
+
+}  // namespace
 
 Screen::Screen(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName(qt::ToQt(kApplicationTitle));
@@ -83,7 +74,7 @@ int Screen::Run(const std::function<Form&()>& open, const std::function<void()>&
     return kFailed;
   }
   FormWindow window(*form);
-  ProgramEnd end(*form);
+  ProgramEnd end(*form, CloseDialog);
   const TerminationSignals signals([&end] { end.Ask(); });
   connect(this, &QGuiApplication::commitDataRequest, &window, [&end] { end.Ask(); });
   opened();
@@ -96,4 +87,5 @@ bool Screen::notify(QObject* receiver, QEvent* event) {
   return handled;
 }
 
-}  // namespace lexmill::platform::qt
+}  // namespace qt
+}  // namespace lexmill::platform

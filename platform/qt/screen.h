@@ -13,9 +13,6 @@
 
 namespace lexmill::platform::qt {
 
-/// True if the environment names a screen to open windows on.
-[[nodiscard]] bool IsScreenThere();
-
 /// The toolkit's application. A failure that leaves an event's listener is shown here, and the
 /// program goes on.
 class Screen final : public QApplication {

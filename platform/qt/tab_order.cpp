@@ -2,64 +2,38 @@
 #include "platform/qt/tab_order.h"
 
 #include <algorithm>
-#include <vector>
 
 #include <QLineEdit>
 
+#include "platform/controls/spoken_names.h"
+#include "platform/controls/window_order.h"
 #include "platform/qt/label_widget.h"
 #include "platform/qt/qt_text.h"
 
 namespace lexmill::platform::qt {
 namespace {
 
-std::vector<const ControlMirror*> ByTabIndex(Mirrors mirrors) {
-  std::vector<const ControlMirror*> sorted;
-  for (const auto& mirror : mirrors) {
-    sorted.push_back(mirror.get());
-  }
-  std::ranges::stable_sort(sorted, {},
-                           [](const auto* mirror) { return mirror->Shown().TabIndex(); });
-  return sorted;
-}
-
-bool IsField(const Control& control) {
-  return control.Kind() == ControlKind::TextBox || control.Kind() == ControlKind::ComboBox;
-}
-
-// A label that has nothing to say as yet.
-bool IsOutput(const Control& control) {
-  return control.Kind() == ControlKind::Label && control.Caption().empty();
-}
-
-bool NamesFields(const Control& control) {
-  return control.Kind() == ControlKind::Label || control.Kind() == ControlKind::CheckBox;
-}
-
-QString NameFrom(const ControlMirror& namer) {
-  return ToQt(namer.Shown().Caption()).replace(QStringLiteral("&&"), QStringLiteral("&"));
-}
-
-void NameField(const ControlMirror& field, const ControlMirror& namer) {
-  field.Widget().setAccessibleName(NameFrom(namer));
+void NameWidget(QWidget& widget, const SpokenName& spoken) {
+  widget.setAccessibleName(ToQt(spoken.name));
+  widget.setAccessibleDescription(ToQt(spoken.description));
   // A list's field has a part for typing, where the focus is.
-  if (auto* part = field.Widget().findChild<QLineEdit*>()) {
-    part->setAccessibleName(NameFrom(namer));
-  }
-}
-
-// A button whose caption says nothing.
-void NameByHint(const ControlMirror& button) {
-  if (button.Shown().Caption() == u"...") {
-    button.Widget().setAccessibleName(ToQt(button.Shown().ToolTipText()));
+  if (auto* part = widget.findChild<QLineEdit*>()) {
+    part->setAccessibleName(ToQt(spoken.name));
   }
 }
 
 }  // namespace
 
-void ChainTabOrder(Mirrors mirrors) {
+QWidget& WidgetOf(Mirrors mirrors, const Control& control) {
+  const auto found = std::ranges::find_if(
+      mirrors, [&](const auto& mirror) { return &mirror->Shown() == &control; });
+  return (*found)->Widget();
+}
+
+void ChainTabOrder(const Form& form, Mirrors mirrors) {
   QWidget* last = nullptr;
-  for (const ControlMirror* mirror : ByTabIndex(mirrors)) {
-    QWidget& widget = mirror->Widget();
+  for (const Control* control : TabOrder(form)) {
+    QWidget& widget = WidgetOf(mirrors, *control);
     if ((widget.focusPolicy() & Qt::TabFocus) == 0) {
       continue;
     }
@@ -70,24 +44,13 @@ void ChainTabOrder(Mirrors mirrors) {
   }
 }
 
-void NameFields(Mirrors mirrors) {
-  const ControlMirror* namer = nullptr;
-  const ControlMirror* before = nullptr;
-  for (const ControlMirror* mirror : ByTabIndex(mirrors)) {
-    const Control& control = mirror->Shown();
-    NameByHint(*mirror);
-    if (IsOutput(control) && namer != nullptr && namer == before) {
-      mirror->Widget().setAccessibleDescription(NameFrom(*namer));
-    } else if (NamesFields(control)) {
-      namer = mirror;
-    } else if (IsField(control) && namer != nullptr &&
-               namer->Shown().Container() == control.Container()) {
-      NameField(*mirror, *namer);
-      if (namer == before && namer->Shown().Kind() == ControlKind::Label) {
-        static_cast<LabelWidget&>(namer->Widget()).setBuddy(&mirror->Widget());
-      }
+void NameFields(const Form& form, Mirrors mirrors) {
+  for (const SpokenName& spoken : SpokenNames(form)) {
+    QWidget& widget = WidgetOf(mirrors, *spoken.control);
+    NameWidget(widget, spoken);
+    if (spoken.label != nullptr) {
+      static_cast<LabelWidget&>(WidgetOf(mirrors, *spoken.label)).setBuddy(&widget);
     }
-    before = mirror;
   }
 }
 

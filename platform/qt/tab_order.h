@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 
+#include "platform/controls/form.h"
 #include "platform/qt/control_mirror.h"
 
 namespace lexmill::platform::qt {
@@ -13,13 +14,14 @@ namespace lexmill::platform::qt {
 /// The widgets of a window's controls.
 using Mirrors = std::span<const std::unique_ptr<ControlMirror>>;
 
-/// Makes the tab key go round by TabIndex.
-void ChainTabOrder(Mirrors mirrors);
+/// The widget that shows `control`, which has to have one.
+[[nodiscard]] QWidget& WidgetOf(Mirrors mirrors, const Control& control);
 
-/// Gives each field that has no caption the name of the label or box that stands before it in the
-/// same group, by TabIndex, and makes it the field of a label that stands directly before it. A
-/// label without a text as yet is described by the one directly before it, a button "..." named by
-/// its tool tip.
-void NameFields(Mirrors mirrors);
+/// Makes the tab key go round by TabIndex.
+void ChainTabOrder(const Form& form, Mirrors mirrors);
+
+/// Tells those who can't see the window what the controls are called, and lets a label that stands
+/// directly before its field hand the focus to it.
+void NameFields(const Form& form, Mirrors mirrors);
 
 }  // namespace lexmill::platform::qt

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/qt: the desktop on the screen; the only folder that knows the toolkit.
+// platform/controls: stands in for the desktop system; knows nothing of dictionaries.
 // From a control to its kind.
 #pragma once
 
@@ -7,7 +7,7 @@
 
 #include "platform/controls/controls.h"
 
-namespace lexmill::platform::qt {
+namespace lexmill::platform {
 
 /// Calls `visitor` with the control as what it is.
 template <class Visitor>
@@ -46,4 +46,4 @@ decltype(auto) VisitKind(Control& control, Visitor&& visitor) {
          kind == ControlKind::Shape;
 }
 
-}  // namespace lexmill::platform::qt
+}  // namespace lexmill::platform

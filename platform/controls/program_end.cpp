@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt/program_end.h"
+#include "platform/controls/program_end.h"
 
-#include <QApplication>
-#include <QWidget>
+#include <utility>
 
-namespace lexmill::platform::qt {
+namespace lexmill::platform {
 namespace {
 
 bool& Asked() {
@@ -14,15 +13,16 @@ bool& Asked() {
 
 }  // namespace
 
+ProgramEnd::ProgramEnd(Form& form, std::function<void()> closeDialog)
+    : form_(form), closeDialog_(std::move(closeDialog)) {}
+
 ProgramEnd::~ProgramEnd() {
   Asked() = false;
 }
 
 void ProgramEnd::Ask() {
   Asked() = true;
-  if (QWidget* dialog = QApplication::activeModalWidget()) {
-    dialog->close();
-  }
+  closeDialog_();
   form_.Close();
   if (form_.Busy()) {
     form_.CloseInsisted.Raise();
@@ -33,4 +33,4 @@ bool ProgramEnd::IsAsked() {
   return Asked();
 }
 
-}  // namespace lexmill::platform::qt
+}  // namespace lexmill::platform
