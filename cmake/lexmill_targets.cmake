@@ -44,6 +44,9 @@ endfunction()
 function(lexmill_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE lexmill_settings)
+  if(WIN32)
+    lexmill_add_resources(${name})
+  endif()
 endfunction()
 
 # Tests are compiled far more often than they run: they do without optimising, and what all of them
