@@ -47,9 +47,10 @@ void ReadTextPairs(platform::TextReader& input, const OnPair& onPair) {
 EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& options,
                              const OnPair& onPair) {
   EntryCounts others;
+  std::u16string room;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
     if (IsToFill(entry, options)) {
-      const std::u16string source = ToDictionary(entry.source, catalog.accelerator);
+      const auto source = ToDictionary(entry.source, catalog.accelerator, room);
       onPair(source, source);
     } else if (entry.state == EntryState::Open) {
       CountPassedOver(entry, others);
@@ -62,10 +63,12 @@ EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& optio
 
 EntryCounts ReadTranslated(const Catalog& catalog, const OnPair& onPair) {
   EntryCounts others;
+  std::u16string sourceRoom;
+  std::u16string targetRoom;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
     if (IsReference(entry)) {
-      onPair(ToDictionary(entry.source, catalog.accelerator),
-             ToDictionary(entry.target, catalog.accelerator));
+      onPair(ToDictionary(entry.source, catalog.accelerator, sourceRoom),
+             ToDictionary(entry.target, catalog.accelerator, targetRoom));
     } else if (entry.state == EntryState::Translated) {
       CountPassedOver(entry, others);
     }
@@ -74,11 +77,14 @@ EntryCounts ReadTranslated(const Catalog& catalog, const OnPair& onPair) {
 }
 
 void ReadAll(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair) {
+  std::u16string sourceRoom;
+  std::u16string targetRoom;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
     const bool isToFill = IsToFill(entry, options);
     if (isToFill || IsReference(entry)) {
-      const std::u16string source = ToDictionary(entry.source, catalog.accelerator);
-      onPair(source, isToFill ? source : ToDictionary(entry.target, catalog.accelerator));
+      const auto source = ToDictionary(entry.source, catalog.accelerator, sourceRoom);
+      onPair(source,
+             isToFill ? source : ToDictionary(entry.target, catalog.accelerator, targetRoom));
     }
   });
 }

@@ -52,7 +52,9 @@ std::optional<Filling> ChooseTarget(const CatalogEntry& entry, char16_t accelera
   if (!IsToFill(entry, options)) {
     return std::nullopt;
   }
-  const auto* const targets = translations.Find(ToDictionary(entry.source, accelerator));
+  std::u16string room;
+  const auto* const targets =
+      translations.Find(std::u16string(ToDictionary(entry.source, accelerator, room)));
   if (targets == nullptr || targets->front().empty()) {
     return std::nullopt;
   }

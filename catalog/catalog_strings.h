@@ -15,7 +15,10 @@ namespace lexmill {
 /// FromDictionary turns it back.
 /// @param accelerator  the mark that the catalog has before a hot key; one "&" of a catalog with
 ///   another mark becomes two, two marks become one
-[[nodiscard]] std::u16string ToDictionary(std::u16string_view text, char16_t accelerator);
+/// @param room  takes the result where it isn't `text` itself
+/// @return `text` or what `room` has
+[[nodiscard]] std::u16string_view ToDictionary(std::u16string_view text, char16_t accelerator,
+                                               std::u16string& room);
 
 /// A string of a dictionary as the catalog has it. Only `\n`, `\t`, `\r` and `\\` are turned back.
 [[nodiscard]] std::u16string FromDictionary(std::u16string_view text, char16_t accelerator);

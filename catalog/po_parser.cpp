@@ -112,7 +112,7 @@ void PoParser::TakeTokens() {
 void PoParser::TakeToken(const PoTokens& tokens, const PoToken& token) {
   switch (token.kind) {
     case PoTokenKind::Keyword:
-      return TakeKeyword(tokens.Part(token), token);
+      return TakeKeyword(KeywordOf(tokens.Part(token)), token);
     case PoTokenKind::Text:
       return TakeText(token);
     case PoTokenKind::Index:
@@ -126,27 +126,29 @@ void PoParser::TakeToken(const PoTokens& tokens, const PoToken& token) {
   }
 }
 
-void PoParser::TakeKeyword(std::u16string_view word, const PoToken& token) {
-  if (word == u"msgctxt" || (word == u"msgid" && !(part_ == Part::Context && hasContext_)) ||
-      word == u"domain") {
-    BeginEntry(token);
-    hasContext_ = word == u"msgctxt";
-    part_ = word == u"msgid" ? Part::Source : Part::Context;
-  } else if (word == u"msgid") {
-    RequireText();
+void PoParser::TakeKeyword(PoKeyword keyword, const PoToken& token) {
+  const bool isInContext = part_ == Part::Context && hasContext_;
+  if (keyword == PoKeyword::Source) {
+    if (isInContext) {
+      RequireText();
+    } else {
+      BeginEntry(token);
+    }
     part_ = Part::Source;
-  } else if (word == u"msgid_plural" && part_ == Part::Source) {
+    sourceLine_ = lines_.Number();
+    place_.lineEnd = lines_.End();
+  } else if (keyword == PoKeyword::Target && part_ != Part::None && part_ != Part::Context) {
+    BeginTarget();
+  } else if (keyword == PoKeyword::Plural && part_ == Part::Source) {
     RequireText();
     entry_.kind = EntryKind::Plural;
     part_ = Part::Plural;
-  } else if (word == u"msgstr" && part_ != Part::None && part_ != Part::Context) {
-    BeginTarget();
+  } else if (keyword == PoKeyword::Context || keyword == PoKeyword::Domain) {
+    BeginEntry(token);
+    hasContext_ = keyword == PoKeyword::Context;
+    part_ = Part::Context;
   } else {
     Refuse(u"关键字未知或不在其位");
-  }
-  if (part_ == Part::Source) {
-    sourceLine_ = lines_.Number();
-    place_.lineEnd = lines_.End();
   }
   hasText_ = false;
 }

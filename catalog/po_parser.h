@@ -45,10 +45,9 @@ class PoParser {
   void Clear();
   void TakeLine();
   void TakeComment(std::size_t start);
-  void TakeFlags(std::u16string_view text);
   void TakeTokens();
   void TakeToken(const PoTokens& tokens, const PoToken& token);
-  void TakeKeyword(std::u16string_view word, const PoToken& token);
+  void TakeKeyword(PoKeyword keyword, const PoToken& token);
   void BeginEntry(const PoToken& token);
   void BeginTarget();
   void TakeIndex(std::u16string_view index);

@@ -2,6 +2,8 @@
 #include "catalog/po_tokens.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "platform/text/text.h"
 
@@ -24,7 +26,19 @@ unsigned DigitValue(char16_t unit) {
   return static_cast<unsigned>(std::min<std::size_t>(kDigits.find(small), kDigits.size()));
 }
 
+constexpr std::pair<std::u16string_view, PoKeyword> kKeywords[] = {
+    {u"msgid", PoKeyword::Source},        {u"msgstr", PoKeyword::Target},
+    {u"msgctxt", PoKeyword::Context},     {u"domain", PoKeyword::Domain},
+    {u"msgid_plural", PoKeyword::Plural},
+};
+
 }  // namespace
+
+PoKeyword KeywordOf(std::u16string_view word) {
+  const auto* const found = std::find_if(std::begin(kKeywords), std::end(kKeywords),
+                                         [word](const auto& known) { return known.first == word; });
+  return found == std::end(kKeywords) ? PoKeyword::Unknown : found->second;
+}
 
 PoToken PoTokens::Take(std::u16string& text) {
   at_ = std::min(line_.find_first_not_of(kBlanks, at_), line_.size());

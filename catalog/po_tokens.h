@@ -19,6 +19,11 @@ enum class PoTokenKind {
   WrongCharacter  ///< anything else
 };
 
+enum class PoKeyword { Context, Source, Plural, Target, Domain, Unknown };
+
+/// What a word says that stands for a keyword.
+[[nodiscard]] PoKeyword KeywordOf(std::u16string_view word);
+
 struct PoToken {
   PoTokenKind kind = PoTokenKind::End;
   std::size_t begin = 0;  ///< units of the line

@@ -32,7 +32,8 @@ TEST(CatalogStrings, GoToADictionaryAndBack) {
       {u'~', u"~a_&", u"&a_&&"},
   };
   for (const Case& row : cases) {
-    EXPECT_EQ(Readable(ToDictionary(row.catalog, row.accelerator)), Readable(row.dictionary));
+    std::u16string room;
+    EXPECT_EQ(Readable(ToDictionary(row.catalog, row.accelerator, room)), Readable(row.dictionary));
     EXPECT_EQ(Readable(FromDictionary(row.dictionary, row.accelerator)), Readable(row.catalog));
   }
   EXPECT_EQ(Readable(FromDictionary(u"\\x \\", u'&')), "\\x \\");
