@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/text/named_page.h"
@@ -36,6 +37,38 @@ bool BeginsTwo(const CodePage& page, char first) {
   return false;
 }
 
+/// A page without the characters that the library could not read again: those of more than two
+/// bytes.
+class ReadablePage final : public CodePage {
+ public:
+  explicit ReadablePage(std::shared_ptr<const CodePage> page) : page_(std::move(page)) {}
+
+  void Decode(std::string_view bytes, std::u16string& text) const override {
+    page_->Decode(bytes, text);
+  }
+
+  // Unit by unit: the library reads no character of two units from such a page either.
+  bool Encode(std::u16string_view text, std::string& bytes) const override {
+    constexpr std::size_t kMostBytes = 2;
+    const std::size_t before = bytes.size();
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      const std::size_t begin = bytes.size();
+      if (!page_->Encode(text.substr(at, 1), bytes) || bytes.size() - begin > kMostBytes) {
+        bytes.resize(before);
+        return false;
+      }
+    }
+    return true;
+  }
+
+  std::size_t CharacterLength(std::string_view bytes) const override {
+    return page_->CharacterLength(bytes);
+  }
+
+ private:
+  std::shared_ptr<const CodePage> page_;
+};
+
 }  // namespace
 
 std::shared_ptr<const CodePage> PageOfMarkup(std::string_view start, std::u16string_view declared) {
@@ -46,7 +79,12 @@ std::shared_ptr<const CodePage> PageOfMarkup(std::string_view start, std::u16str
   if (start == "\xFE\xFF"sv || start == "\0<"sv) {
     return OpenNamedPage(u"UTF-16BE");
   }
-  return OpenPageOrNone(declared.empty() ? u"UTF-8" : declared);
+  const std::u16string_view name = declared.empty() ? u"UTF-8" : declared;
+  auto page = OpenPageOrNone(name);
+  if (page == nullptr || IsNameOfUtf8(name)) {
+    return page;
+  }
+  return std::make_shared<const ReadablePage>(std::move(page));
 }
 
 std::shared_ptr<const CodePage> OpenPageOrNone(std::u16string_view name) {

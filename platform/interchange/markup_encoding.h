@@ -13,7 +13,8 @@
 namespace lexmill::platform {
 
 /// The page of an XML file that begins with the two bytes `start`, and whose declaration names
-/// `declared`, which may be empty; none if nobody knows it.
+/// `declared`, which may be empty; none if nobody knows it. A page that was described for the
+/// library lacks the characters of more than two bytes.
 [[nodiscard]] std::shared_ptr<const CodePage> PageOfMarkup(std::string_view start,
                                                            std::u16string_view declared);
 

@@ -75,11 +75,20 @@ std::u16string ReasonOf(XML_Error error) {
 /// The library calls plain functions, through which nothing may be thrown: what an event's owner
 /// throws is kept until the library has returned.
 struct MarkupReader::State {
-  explicit State(std::u16string_view path)
-      : file(OpenToRead(path).file), parser(XML_ParserCreateNS(nullptr, kSeparator)) {
+  explicit State(std::u16string_view markup)
+      : path(markup),
+        file(OpenToRead(markup).file),
+        parser(XML_ParserCreateNS(nullptr, kSeparator)) {
     if (parser == nullptr) {
       throw Failure(FailureNumber::OutOfMemory, FailureOrigin::Runtime);
     }
+    SetHandlers();
+  }
+  ~State() { XML_ParserFree(parser); }
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  void SetHandlers() {
     XML_SetUserData(parser, this);
     XML_SetReturnNSTriplet(parser, 1);
     XML_SetElementHandler(parser, OnStart, OnEnd);
@@ -90,9 +99,6 @@ struct MarkupReader::State {
     XML_SetXmlDeclHandler(parser, OnDeclaration);
     XML_SetUnknownEncodingHandler(parser, OnUnknownEncoding, this);
   }
-  ~State() { XML_ParserFree(parser); }
-  State(const State&) = delete;
-  State& operator=(const State&) = delete;
 
   static State& Of(void* data) { return *static_cast<State*>(data); }
 
@@ -131,6 +137,10 @@ struct MarkupReader::State {
 
   static int OnUnknownEncoding(void* data, const XML_Char* name, XML_Encoding* info) {
     State& state = Of(data);
+    state.isOtherUtf8 = IsNameOfUtf8(Text(name));
+    if (state.isOtherUtf8) {
+      return XML_STATUS_ERROR;
+    }
     state.unknownPage = OpenPageOrNone(Text(name));
     return state.unknownPage != nullptr && DescribePage(*state.unknownPage, *info)
                ? XML_STATUS_OK
@@ -206,12 +216,33 @@ struct MarkupReader::State {
       start.assign(static_cast<const char*>(buffer), std::min<std::size_t>(*count, 2));
     }
     const auto status = XML_ParseBuffer(parser, static_cast<int>(*count), *count == 0);
+    if (std::exchange(isOtherUtf8, false)) {
+      BeginAgain();
+      return true;
+    }
     if (status != XML_STATUS_OK && !thrown && !isStopped && !fault) {
-      fault = MarkupFault{Line(), ReasonOf(XML_GetErrorCode(parser))};
+      fault = MarkupFault{Line(), Reason()};
     }
     return status == XML_STATUS_OK && *count > 0;
   }
 
+  /// Goes back to the start of the file, which is UTF-8 under a name that the library doesn't know.
+  void BeginAgain() {
+    XML_ParserReset(parser, "UTF-8");
+    SetHandlers();
+    file = OpenToRead(path).file;
+  }
+
+  /// Why the library has stopped.
+  [[nodiscard]] std::u16string Reason() const {
+    const XML_Error error = XML_GetErrorCode(parser);
+    if (error == XML_ERROR_INVALID_TOKEN && unknownPage != nullptr) {
+      return u"不符合 XML 语法，或者有 " + declared + u" 中多于两个字节的字符，请另存为 UTF-8";
+    }
+    return ReasonOf(error);
+  }
+
+  std::u16string path;
   HostFile file;
   XML_Parser parser;
   const OnEvent* onEvent = nullptr;
@@ -219,8 +250,9 @@ struct MarkupReader::State {
   std::u16string nameText;
   std::u16string eventText;
   std::optional<std::string> rootSpace;
-  std::string start;        ///< the first two bytes
-  std::u16string declared;  ///< the encoding that the declaration names
+  std::string start;         ///< the first two bytes
+  std::u16string declared;   ///< the encoding that the declaration names
+  bool isOtherUtf8 = false;  ///< by a name that the library doesn't know
   std::shared_ptr<const CodePage> unknownPage;
   std::shared_ptr<const CodePage> page;
   std::optional<MarkupFault> fault;

@@ -124,12 +124,16 @@ class ConverterPage final : public CodePage {
 
 }  // namespace
 
+bool IsNameOfUtf8(std::u16string_view charset) {
+  return ucnv_compareNames(ToUtf8(charset).c_str(), "UTF-8") == 0;
+}
+
 std::unique_ptr<const CodePage> OpenNamedPage(std::u16string_view charset) {
   constexpr int kUtf8Page = 65001;
-  const std::string name = ToUtf8(charset);
-  if (ucnv_compareNames(name.c_str(), "UTF-8") == 0) {
+  if (IsNameOfUtf8(charset)) {
     return CodePage::Open(kUtf8Page);
   }
+  const std::string name = ToUtf8(charset);
   if (name.empty()) {
     throw Failure(FailureNumber::InvalidCall, FailureOrigin::Runtime);
   }

@@ -9,6 +9,9 @@
 
 namespace lexmill::platform {
 
+/// True for "UTF-8" and what some programs write for it, such as "utf8".
+[[nodiscard]] bool IsNameOfUtf8(std::u16string_view charset);
+
 /// Opens the page called `charset`, a name of the IANA registry or an alias, in any case: "UTF-8",
 /// "ISO-8859-2", "EUC-JP", "UTF-16LE" …
 /// Its Encode fails for what the page has no exact bytes for; an undecodable byte survives as in

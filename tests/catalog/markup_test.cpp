@@ -188,7 +188,9 @@ TEST(Markup, KeepsItsEncodingAndWritesTheRestAsReferences) {
   };
   EXPECT_EQ(fill(file("iso-8859-1", "")), file("iso-8859-1", "\xE9&#x1f600;"));
   EXPECT_EQ(fill(file("windows-1252", "")), file("windows-1252", "\xE9&#x1f600;"));
+  EXPECT_EQ(fill(file("gb18030", "")), file("gb18030", "\xA8\xA6&#x1f600;"));
   EXPECT_EQ(fill(file("utf-8", "")), file("utf-8", "é😀"));
+  EXPECT_EQ(fill(file("UTF8", "")), file("UTF8", "é😀"));
   const auto wide = [](const std::u16string& text) {
     std::string bytes;
     for (const char16_t unit : u"\uFEFF" + text) {
@@ -212,6 +214,8 @@ TEST(Markup, IsRefusedWithLineAndReason) {
       {"<xliff version=\"1.2\">\n<file a=b/></xliff>", "第 2 行：不符合 XML 语法"},
       {"<xliff version=\"1.2\">\n&x;</xliff>", "第 2 行：引用了未定义的实体"},
       {"<?xml version=\"1.0\" encoding=\"none-such\"?>\n<xliff/>", "第 1 行：未知的字符集"},
+      {"<?xml version=\"1.0\" encoding=\"gb18030\"?>\n<xliff>\x81\x30\x81\x30</xliff>",
+       "第 2 行：不符合 XML 语法，或者有 gb18030 中多于两个字节的字符，请另存为 UTF-8"},
       {"<xliff version=\"2.0\"/>", "第 1 行：只支持 XLIFF 1.2 及更早的版本"},
       {"<!DOCTYPE xliff [<!ENTITY e \"<target>x</target>\">]>\n<xliff>&e;</xliff>",
        "第 2 行：元素来自实体"},
