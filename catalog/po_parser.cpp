@@ -23,11 +23,12 @@ bool PoParser::ReadLine() {
   return true;
 }
 
-void PoParser::ReadFirstEntry() {
-  const auto goesOn = [this] {
-    return lines_.StartsWith("\"") || lines_.StartsWith(" ") || lines_.StartsWith("\t");
+void PoParser::ReadHeader() {
+  const auto isBehindHeader = [this] {
+    return part_ == Part::Target && IsHeader() && !lines_.StartsWith("\"") &&
+           !lines_.StartsWith(" ") && !lines_.StartsWith("\t");
   };
-  while (lines_.Next() && (part_ != Part::Target || goesOn())) {
+  while (lines_.Next() && !isBehindHeader()) {
     TakeLine();
   }
   CompleteEntry();
@@ -216,7 +217,7 @@ void PoParser::TakeTargetText(const PoToken& token) {
     place_.target.begin = hasText_ ? place_.target.begin : lines_.PlaceOf(token.begin);
     place_.target.end = lines_.PlaceOf(token.end);
   }
-  if (entry_.source.empty() && !hasContext_ && !openCharset_) {
+  if (IsHeader() && !openCharset_) {
     LookForOpenCharset();
   }
 }
@@ -259,7 +260,7 @@ void PoParser::CompleteEntry() {
     Refuse(u"条目没有 msgstr");
   }
   if (part_ == Part::Target) {
-    if (entry_.source.empty() && !hasContext_) {
+    if (entry_.source.empty()) {
       entry_.kind = EntryKind::Fixed;
     }
     if (!entry_.target.empty()) {

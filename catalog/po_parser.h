@@ -31,9 +31,10 @@ class PoParser {
   /// @throws platform::Failure with file, line and reason for what is no PO
   bool ReadLine();
 
-  /// Reads the first entry, and no line behind it, which may be of another charset than the page's.
+  /// Reads the header entry, the first without source and context, and all before it; no line
+  /// behind it, which may be of another charset than the page's. Without one all is read.
   /// @throws as ReadLine
-  void ReadFirstEntry();
+  void ReadHeader();
 
   /// Where the header read so far has a charset that is still to be chosen.
   [[nodiscard]] std::optional<platform::FileRange> OpenCharset() const { return openCharset_; }
@@ -58,6 +59,7 @@ class PoParser {
   void RequireText() const;
   void CompleteEntry();
   [[nodiscard]] std::u16string& TextOfPart();
+  [[nodiscard]] bool IsHeader() const { return entry_.source.empty() && !hasContext_; }
 
   std::u16string_view path_;
   platform::PlacedLines lines_;

@@ -49,21 +49,22 @@ std::shared_ptr<const platform::CodePage> OpenCharset(std::u16string_view path, 
 
 CatalogHead ReadPoHead(std::u16string_view path) {
   const auto utf8 = platform::OpenNamedPage(u"UTF-8");
-  CatalogEntry first;
-  bool isFound = false;
+  std::u16string header;
+  std::int64_t line = 0;
   const OnEntry onEntry = [&](const CatalogEntry& entry) {
-    first = isFound ? first : entry;
-    isFound = true;
+    if (entry.source.empty() && entry.context.empty()) {
+      header = entry.target;
+      line = entry.line;
+    }
   };
   PoParser parser(path, *utf8, onEntry);
-  parser.ReadFirstEntry();
+  parser.ReadHeader();
   CatalogHead head;
   head.openCharset = parser.OpenCharset();
-  const std::u16string header = first.kind == EntryKind::Fixed ? first.target : u"";
   head.sourceLanguage = u"en";
   head.targetLanguage = Field(header, u"Language");
   head.accelerator = Field(header, u"X-Accelerator-Marker");
-  head.page = OpenCharset(path, first.line, CharsetOf(header));
+  head.page = OpenCharset(path, line, CharsetOf(header));
   return head;
 }
 

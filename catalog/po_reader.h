@@ -10,8 +10,8 @@
 
 namespace lexmill {
 
-/// The head of a PO file, from the header entry, which is looked for in the first place only.
-/// Without one the file is taken for UTF-8.
+/// The head of a PO file, from the header entry, which is the first one as a rule and may come
+/// later. Without one the file is taken for UTF-8.
 /// @throws platform::Failure as ReadPo, or if the header names an unknown charset
 [[nodiscard]] CatalogHead ReadPoHead(std::u16string_view path);
 

@@ -16,6 +16,7 @@
 #include "run/catalog_notes.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
+#include "run/file_inspection.h"
 #include "run/shared/run_state.h"
 #include "window/resources/language_table.h"
 
@@ -35,6 +36,9 @@ Catalog OpenAny(const std::u16string& path) {
   }
   std::ignore = platform::FileSystemObject().FileSize(path);  // a missing file is told as such
   auto table = OpenTable(path, options);
+  if (!table && InspectFile(path).isUtf16) {
+    Refuse(path, u"是 UTF-16，请另存为 UTF-8");
+  }
   if (!table) {
     Refuse(path, u"不是 PO、TS、XLIFF、TMX、CSV 或 TSV 文件");
   }

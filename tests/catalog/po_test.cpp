@@ -126,8 +126,11 @@ TEST(Po, KeepsItsOwnEncoding) {
   const std::string latin =
       "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=ISO-8859-1\\n\"\n# \xE9\n"
       "msgid \"a\"\nmsgstr \"\"\n";
-  EXPECT_EQ(Po(latin).Filled({{u"a", {u"é", u"", u"", false}}}),
-            latin.substr(0, latin.size() - 3) + "\"\xE9\"\n");
+  // A header is known by its lack of a context, not by its place.
+  for (const std::string before : {"", "# c\n\nmsgctxt \"k\"\nmsgid \"\"\nmsgstr \"x\"\n\n"}) {
+    EXPECT_EQ(Po(before + latin).Filled({{u"a", {u"é", u"", u"", false}}}),
+              before + latin.substr(0, latin.size() - 3) + "\"\xE9\"\n");
+  }
   EXPECT_EQ(Po(latin).Complaint({{u"a", {u"甲", u"", u"", false}}}),
             "第 4 行：文件的字符集中没有译文所需的字符");
 }
