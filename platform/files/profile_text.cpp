@@ -10,8 +10,9 @@ namespace lexmill::platform {
 namespace {
 
 constexpr std::string_view kWideMark = "\xFF\xFE";
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::u16string_view kLineEnd = u"\r\n";
-constexpr std::u16string_view kBlanks = u" \t";
+constexpr std::u16string_view kBlanks = u" \t\x1A";
 
 std::u16string Widen(std::string_view bytes) {
   std::u16string units(bytes.size(), u'\0');
@@ -69,20 +70,50 @@ std::u16string_view TrimBlanks(std::u16string_view text) {
 }
 
 ProfileText::ProfileText(std::string_view bytes)
-    : isWide_(bytes.starts_with(kWideMark)),
-      units_(isWide_ ? JoinPairs(bytes.substr(kWideMark.size())) : Widen(bytes)) {}
+    : encoding_(bytes.starts_with(kWideMark)   ? Encoding::Wide
+                : bytes.starts_with(kUtf8Mark) ? Encoding::Utf8
+                                               : Encoding::Ansi) {
+  bytes.remove_prefix(Mark().size());
+  units_ = encoding_ == Encoding::Wide ? JoinPairs(bytes) : Widen(bytes);
+}
+
+std::string_view ProfileText::Mark() const {
+  switch (encoding_) {
+    case Encoding::Wide:
+      return kWideMark;
+    case Encoding::Utf8:
+      return kUtf8Mark;
+    case Encoding::Ansi:
+      break;
+  }
+  return {};
+}
 
 std::string ProfileText::Bytes() const {
-  return isWide_ ? std::string(kWideMark) + SplitPairs(units_) : Narrow(units_);
+  return std::string(Mark()).append(encoding_ == Encoding::Wide ? SplitPairs(units_)
+                                                                : Narrow(units_));
 }
 
 std::u16string ProfileText::Decode(std::u16string_view raw) const {
-  return isWide_ ? std::u16string(raw) : FromAnsi(Narrow(raw));
+  switch (encoding_) {
+    case Encoding::Wide:
+      return std::u16string(raw);
+    case Encoding::Utf8:
+      return FromUtf8(Narrow(raw));
+    case Encoding::Ansi:
+      break;
+  }
+  return FromAnsi(Narrow(raw));
 }
 
 std::optional<std::u16string> ProfileText::Encode(std::u16string_view text) const {
-  if (isWide_) {
-    return std::u16string(text);
+  switch (encoding_) {
+    case Encoding::Wide:
+      return std::u16string(text);
+    case Encoding::Utf8:
+      return Widen(ToUtf8(text));
+    case Encoding::Ansi:
+      break;
   }
   std::string bytes;
   return AnsiCodePage().Encode(text, bytes) ? std::optional(Widen(bytes)) : std::nullopt;
@@ -205,7 +236,8 @@ std::vector<std::u16string> ProfileText::Sections() const {
   std::vector<std::u16string> names;
   for (std::size_t at = 0; at < units_.size();) {
     const Line line = LineAt(at);
-    if (auto header = HeaderName(line)) {
+    // An empty name would end the list for whoever reads it.
+    if (auto header = HeaderName(line); header && !header->empty()) {
       names.push_back(std::move(*header));
     }
     at = line.end;

@@ -9,16 +9,18 @@
 
 namespace lexmill::platform {
 
-/// `text` without the blanks and tabs at its ends.
+/// `text` without the blanks, tabs and ^Z at its ends.
 [[nodiscard]] std::u16string_view TrimBlanks(std::u16string_view text);
 
 /// An INI file in memory. Names are compared without case; a line that isn't touched keeps its
-/// bytes. In the file: blanks and tabs round a line, a name or a value do not count, ";" begins a
-/// comment line, the first "=" ends a key, the last "]" a header, a NUL the text of its line, and
-/// of two like names the first counts.
+/// bytes. In the file: blanks, tabs and the old end mark ^Z round a line, a name or a value do not
+/// count, ";" begins a comment line, the first "=" ends a key, the last "]" a header, a NUL the
+/// text of its line, and of two like names the first counts. A header without a name ends the
+/// section before it, and is none itself.
 class ProfileText {
  public:
-  /// Takes a file's content: UTF-16LE if it has the mark of that, else the system's code page.
+  /// Takes a file's content: UTF-16LE or UTF-8 if it has the mark of that, else the system's code
+  /// page.
   explicit ProfileText(std::string_view bytes);
   /// The content in the encoding in which it came.
   [[nodiscard]] std::string Bytes() const;
@@ -53,6 +55,7 @@ class ProfileText {
     std::size_t end;
   };
 
+  [[nodiscard]] std::string_view Mark() const;
   [[nodiscard]] Line LineAt(std::size_t begin) const;
   [[nodiscard]] std::u16string_view Content(const Line& line) const;
   [[nodiscard]] std::optional<std::u16string> HeaderName(const Line& line) const;
@@ -65,9 +68,11 @@ class ProfileText {
   [[nodiscard]] std::u16string Decode(std::u16string_view raw) const;
   [[nodiscard]] std::optional<std::u16string> Encode(std::u16string_view text) const;
 
-  bool isWide_ = false;
-  /// The content as it came, so that all of it can go back: UTF-16 units of a wide file, else one
-  /// unit for each byte. Line ends, blanks and "=" stand for themselves in both.
+  enum class Encoding { Ansi, Utf8, Wide };
+
+  Encoding encoding_;
+  /// The content as it came but for its mark, so that all of it can go back: UTF-16 units of a wide
+  /// file, else one unit for each byte. Line ends, blanks and "=" stand for themselves in all.
   std::u16string units_;
 };
 

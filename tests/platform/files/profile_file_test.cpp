@@ -76,7 +76,9 @@ TEST_F(ProfileFile, ReadsValues) {
       {"[s]\rk=1\rl=2\r\n", u"s", u"l", "2"},
       {std::string("[s]|k=a\0b|l=2", 13), u"s", u"k", "a"},
       {std::string("[s]|k=a\0b|l=2", 13), u"s", u"l", "2"},
-      {"\xEF\xBB\xBF[s]|k=v", u"s", u"k", "none"},
+      {"\xEF\xBB\xBF[\u4E2D]|k=\u5B57", u"中", u"k", "字"},
+      {"[s]|k=v\x1A", u"s", u"k", "v"},
+      {"[s]|x=1|[]|k=v", u"s", u"k", "none"},
       {"[\xD6\xD0]|\xCE\xC4=\xD7\xD6", u"中", u"文", "字"},
       {"[\x81\x5D]|k=v", u"乚", u"k", "v"},
       // No header: what looks like "]" is the second byte of a character.
@@ -123,7 +125,7 @@ TEST_F(ProfileFile, ListsNames) {
     return names;
   };
   WriteBytes(path_, Lines("x=1|[section1]|name1=val1|name2=\"val2\"|name3|;c=|name4=a||name1=|"
-                          "[section2]|[s|[section1]|z=1|"));
+                          "[section2]|[s|[]|[section1]|z=1|"));
   EXPECT_EQ(list(u"section1", std::nullopt, 100), "name1|name2|name4|name1|");
   EXPECT_EQ(list(u"section2", std::nullopt, 100), "");
   EXPECT_EQ(list(std::nullopt, std::nullopt, 100), "section1|section2|section1|");
@@ -164,7 +166,7 @@ TEST_F(ProfileFile, WritesAndKeepsAllOtherBytes) {
       {"[s]|", u"s", u"a=b", u"c", "[s]|a=b=c|"},
       {"", u"x]y", u"k", u"v", "[x]y]|k=v|"},
       {"\xEF\xBB\xBF[s]|\xD6|k=1|\xFF\x81\x30\n", u"s", u"k", u"中\xDCFF",
-       "\xEF\xBB\xBF[s]|\xD6|k=1|\xFF\x81\x30\n[s]|k=\xD6\xD0\xFF|"},
+       "\xEF\xBB\xBF[s]|\xD6|k=\xE4\xB8\xAD\xFF|\xFF\x81\x30\n"},
       {"\r|junk\xD6|[s]|\xFF=\x81|k=1", u"s", u"k", u"v", "\r|junk\xD6|[s]|\xFF=\x81|k=v"},
   };
   for (const auto& row : cases) {
