@@ -14,7 +14,7 @@ namespace {
 constexpr std::u16string_view kLiteralTab = u"\\t";
 constexpr std::u16string_view kLiteralTabPattern = uR"(^((?:\\\\|[^\\])+)(\\t(?:\\\\|[^\\])+)$)";
 
-constexpr std::u16string_view kAmpersand = u"&";
+constexpr char16_t kAmpersand = u'&';
 constexpr std::u16string_view kReferenceHotKey = uR"(^((?:&&|[^&])*)&([^&](?:&&|[^&])*)$)";
 constexpr std::u16string_view kFullWidthHotKey =
     uR"(^((?:&&|[^&])*)&([\u007F-\uFFFF](?:&&|[^&])*)$)";
@@ -75,10 +75,15 @@ std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text,
 }
 
 /// `text` without its final punctuation. A string belongs to the first rule whose mark it holds
-/// anywhere, whether or not that rule is wanted or fits.
+/// anywhere, whether or not that rule is wanted or fits. No rule fits a string that ends in no
+/// mark, so most strings are never searched for one.
 std::u16string_view WithoutPunctuation(std::u16string_view text,
                                        std::span<const PunctuationRule> rules,
                                        const OptionSet& options, platform::RegExp& expression) {
+  const auto isLast = [&](const PunctuationRule& rule) { return text.ends_with(rule.tellTale); };
+  if (std::ranges::none_of(rules, isLast)) {
+    return text;
+  }
   const auto rule = std::ranges::find_if(rules, [&](const PunctuationRule& candidate) {
     return platform::Contains(text, candidate.tellTale);
   });

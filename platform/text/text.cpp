@@ -37,19 +37,19 @@ const std::array<char16_t, kUnits>& Capitals() {
   return capitals;
 }
 
-/// Units that are looked at in one step.
-constexpr std::size_t kBlockUnits = 4;
-/// One in each unit of a block.
+/// Units that are looked at in one step: two words of four.
+constexpr std::size_t kBlockUnits = 8;
+/// One in each unit of a word.
 constexpr std::uint64_t kOnes = 0x0001'0001'0001'0001;
 
 /// True if one of the block's units is that of which `sought` holds four. A unit that is equal
 /// becomes zero, and subtracting one borrows from its highest bit, which was not set.
 bool HoldsUnit(const char16_t* units, std::uint64_t sought) {
   constexpr std::uint64_t kHighest = kOnes << 15U;
-  std::uint64_t block = 0;
-  std::memcpy(&block, units, sizeof block);
-  block ^= sought;
-  return ((block - kOnes) & ~block & kHighest) != 0;
+  std::array<std::uint64_t, 2> words;
+  std::memcpy(words.data(), units, sizeof words);
+  words = {words[0] ^ sought, words[1] ^ sought};
+  return ((((words[0] - kOnes) & ~words[0]) | ((words[1] - kOnes) & ~words[1])) & kHighest) != 0;
 }
 
 }  // namespace
