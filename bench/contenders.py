@@ -8,6 +8,7 @@ import subprocess
 GLOSSARY_RUN = "whole run, two glossaries"
 PURIFIED_RUN = "whole run, purified database"
 TEXT_RUN = "whole run, untranslated text"
+PO_RUN = "whole run, two PO files"
 GLOSSARY_STEPS = "its `sqlite` steps alone, two glossaries"
 TEXT_STEPS = "its `sqlite` steps alone, untranslated text"
 PLAIN_GLOSSARY = "plain sqlite3 shell, scripts of two glossaries"
@@ -98,14 +99,19 @@ class Workbench:
         line = " && ".join(f"{batch} {path.name}" for path in batches)
         return Contender(name, ["sh", "-c", line], folder, ["*.db", "*.txt", "*-journal"])
 
+    def merge(self):
+        merge = "msgmerge --no-fuzzy-matching -C ref.po empty.po todo.pot -o merged.po"
+        return Contender(MSGMERGE, ["sh", "-c", merge], self.folder, ["merged.po"])
+
+    def catalog_contenders(self):
+        return [self.run(PO_RUN, "todo.pot", "ref.po", "out.po"), self.merge()]
+
     def peers(self):
         awk = ("FNR == NR { known[$1] = $2; next } $1 == $2 && $1 in known "
                "{ print $1 FS known[$1] }")
-        merge = "msgmerge --no-fuzzy-matching -C ref.po empty.po todo.pot -o merged.po"
         join = f"mawk -F '\\t' '{awk}' ref.glo todo.glo >joined.glo"
         copy = "cat ref.glo todo.glo >copied.glo"
-        return [Contender(MSGMERGE, ["sh", "-c", merge], self.folder, ["merged.po"]),
-                Contender(HASH_JOIN, ["sh", "-c", join], self.folder, ["joined.glo"]),
+        return [Contender(HASH_JOIN, ["sh", "-c", join], self.folder, ["joined.glo"]),
                 Contender(BYTES, ["sh", "-c", copy], self.folder, ["copied.glo"])]
 
     def glossary_contenders(self):
@@ -124,7 +130,7 @@ class Workbench:
                 self.steps(TEXT_STEPS, scripts, self.programs / "sqlite")]
 
     def contenders(self):
-        return [*self.runs(), *self.peers()]
+        return [*self.runs(), *self.catalog_contenders(), *self.peers()]
 
     def measure(self, contender):
         """One measurement: {"seconds", "cpu", "peaks": {program: bytes}}."""

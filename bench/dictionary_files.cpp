@@ -61,8 +61,10 @@ void WriteText(const std::u16string& path, const EntrySource& next) {
   file.Close();
 }
 
-std::u16string InQuotes(std::u16string_view text) {
-  return u'"' + platform::ReplaceAll(text, u"\\", u"\\\\") + u'"';
+// The one backslash of a made-up string is that of its TAB, which a catalogue writes in the same
+// way.
+std::u16string InQuotes(const std::u16string& text) {
+  return u'"' + text + u'"';
 }
 
 void WriteCatalogue(const std::u16string& path, const EntrySource& next, bool withTargets) {
@@ -72,7 +74,7 @@ void WriteCatalogue(const std::u16string& path, const EntrySource& next, bool wi
   for (DictionaryEntry entry; next(entry);) {
     if (known.insert(entry.source).second) {
       file.Write(u"\nmsgid " + InQuotes(entry.source) + u"\nmsgstr " +
-                 InQuotes(withTargets ? std::u16string_view(entry.target) : u"") + u'\n');
+                 InQuotes(withTargets ? entry.target : u"") + u'\n');
     }
   }
   file.Close();

@@ -10,6 +10,9 @@ import contenders as names
 MEGABYTE = 1e6
 # Entries of the reference and of the untranslated dictionary, and the most of any process, in MB.
 PEAK_GOALS = [((1_000_000, 100_000), 32), ((1_000_000, 1_000_000), 64)]
+# Entries of the reference, and the most of msgmerge's processor time; the most of any process, in MB.
+CATALOG_GOALS = [(300_000, 0.35), (1_000_000, 0.30)]
+CATALOG_PEAK = 48
 
 
 def machine():
@@ -49,16 +52,15 @@ def exponent(small, large, ratio):
     return math.log(large / small) / math.log(ratio)
 
 
-def runs_table(results):
-    """results: {reference entries: {contender: figures}}."""
+def runs_table(results, other=names.PLAIN_GLOSSARY, of="Of the plain shell, two glossaries"):
+    """results: {reference entries: {contender: figures}}; the ratio is that to `other`."""
     rows = []
     for entries, figures in results.items():
-        plain = figures[names.PLAIN_GLOSSARY]["cpu"]
+        base = figures[other]["cpu"]
         for name, figure in figures.items():
-            rows.append([grouped(entries), name, f"{figure['cpu']:.3f}", f"{figure['cpu'] / plain:.2f}",
+            rows.append([grouped(entries), name, f"{figure['cpu']:.3f}", f"{figure['cpu'] / base:.2f}",
                          f"{figure['seconds']:.3f}", peaks_text(figure)])
-    return table(["Entries", "What", "Processor s", "Of the plain shell, two glossaries", "Wall s",
-                  "Peak MB"], rows)
+    return table(["Entries", "What", "Processor s", of, "Wall s", "Peak MB"], rows)
 
 
 def growth_table(results):
@@ -105,7 +107,17 @@ class Goals:
                    names.TEXT_RUN, names.PLAIN_TEXT, 0.40)
 
 
-def goals_table(results, long_strings, many_hits, peaks):
+    def catalogs(self, catalogs):
+        """The goals of the runs of PO files."""
+        for entries, most in CATALOG_GOALS:
+            figures = catalogs[entries]
+            self.ratio(f"PO, of msgmerge, {grouped(entries)} entries", figures, names.PO_RUN,
+                       names.MSGMERGE, most)
+        peaks = [peak(figures[names.PO_RUN]) for figures in catalogs.values()]
+        self.most("peak of any process, PO", max(peaks) / MEGABYTE, CATALOG_PEAK, " MB")
+
+
+def goals_table(results, long_strings, many_hits, catalogs, peaks):
     goals = Goals()
     for kind, measured in (("", results), (" of longer strings", long_strings)):
         for entries in [entries for entries in measured if entries >= 300_000]:
@@ -113,6 +125,7 @@ def goals_table(results, long_strings, many_hits, peaks):
     small, large = min(results), max(results)
     goals.ratio(f"whole run, of msgmerge, {grouped(large)} entries", results[large],
                 names.GLOSSARY_RUN, names.MSGMERGE, 0.20)
+    goals.catalogs(catalogs)
     if small < large:
         run, before = results[large][names.GLOSSARY_RUN], results[small][names.GLOSSARY_RUN]
         growth = f"from {grouped(small)} to {grouped(large)} entries, as exponent"
