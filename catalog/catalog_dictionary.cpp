@@ -42,6 +42,15 @@ void ReadTextPairs(platform::TextReader& input, const OnPair& onPair) {
   }
 }
 
+void ReadPairs(std::u16string_view path, const DictionaryKind& kind, const OnPair& onPair) {
+  auto input = platform::FileSystemObject().OpenTextFile(path, kind.encoding);
+  if (kind.format == DictionaryFormat::DianjingText) {
+    ReadTextPairs(input, onPair);
+  } else {
+    ReadGlossaryPairs(input, onPair);
+  }
+}
+
 }  // namespace
 
 EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& options,
@@ -91,18 +100,20 @@ void ReadAll(const Catalog& catalog, const CatalogOptions& options, const OnPair
 
 Translations ReadTranslations(std::u16string_view path, const DictionaryKind& kind) {
   Translations translations;
-  auto input = platform::FileSystemObject().OpenTextFile(path, kind.encoding);
-  const OnPair onPair = [&](std::u16string_view source, std::u16string_view target) {
+  ReadPairs(path, kind, [&](std::u16string_view source, std::u16string_view target) {
     if (source != target) {
       translations.Add(source, target);
     }
-  };
-  if (kind.format == DictionaryFormat::DianjingText) {
-    ReadTextPairs(input, onPair);
-  } else {
-    ReadGlossaryPairs(input, onPair);
-  }
+  });
   return translations;
+}
+
+Translations ReadFound(std::u16string_view path, const DictionaryKind& kind) {
+  Translations found;
+  ReadPairs(path, kind, [&](std::u16string_view source, std::u16string_view target) {
+    found.Add(source, target);
+  });
+  return found;
 }
 
 }  // namespace lexmill

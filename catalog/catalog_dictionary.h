@@ -43,4 +43,8 @@ void ReadAll(const Catalog& catalog, const CatalogOptions& options, const OnPair
 /// @throws platform::Failure what reading a file throws
 [[nodiscard]] Translations ReadTranslations(std::u16string_view path, const DictionaryKind& kind);
 
+/// What a run has found: all entries of the dictionary that it has written, since some strings are
+/// translated by themselves. @throws platform::Failure what reading a file throws
+[[nodiscard]] Translations ReadFound(std::u16string_view path, const DictionaryKind& kind);
+
 }  // namespace lexmill

@@ -146,9 +146,9 @@ void CatalogRun::WriteResult() {
   DictionaryKind kind;
   kind.format = DictionaryFormat::PassoloGlossary;
   kind.encoding = run.resultEncoding;
-  const Translations translations = ReadTranslations(run.standIns.result, kind);
+  const Translations found = ReadFound(run.standIns.result, kind);
   run.counts.resultWritten = false;
-  const FillCounts counts = FillFrom(*toDo_, result_, run.catalogOptions, translations);
+  const FillCounts counts = FillFrom(*toDo_, result_, run.catalogOptions, found);
   run.counts.resultWritten = true;
   if (run.catalogOptions.skipSeveral) {
     run.counts.leftOpen = run.counts.several;

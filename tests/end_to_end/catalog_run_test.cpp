@@ -145,9 +145,10 @@ TEST_F(CatalogRunTest, FillsACatalogInPlaceFromItself) {
 TEST_F(CatalogRunTest, SaysWhatWasFilledAndPassedOver) {
   std::ignore = Run(kPo,
                     "msgid \"a\"\nmsgid_plural \"b\"\nmsgstr[0] \"c\"\nmsgid \"Open\"\n"
-                    "msgstr \"打开\"\nmsgid \"&Open\"\nmsgstr \"开启(&O)\"\n");
+                    "msgstr \"打开\"\nmsgid \"&Open\"\nmsgstr \"开启(&O)\"\n"
+                    "msgid \"&Save\"\nmsgstr \"Save(&S)\"\n");  // by itself once it is bare
   EXPECT_EQ(Notices(),
-            "“refer”：跳过复数条目 1 条; “todo”：译出 1 条，有多种译法 1 条，跳过复数条目 1 条");
+            "“refer”：跳过复数条目 1 条; “todo”：译出 2 条，有多种译法 1 条，跳过复数条目 1 条");
   EXPECT_EQ(Readable(world_.window.cboToDo.Text()), Readable(Dictionary("todo")));
 }
 
