@@ -33,6 +33,7 @@ TWIN = "platform/host/posix"
 SIDE = {
     TWIN: LINE[: LINE.index("platform/host") + 1],
     "platform/qt": [*PLATFORM, TWIN],
+    "platform/win32": PLATFORM,
     "platform/headless": PLATFORM,
     "platform/batch": PLATFORM,
     **{room: PLATFORM + SQLITE[:place] for place, room in enumerate(SQLITE)},
@@ -53,6 +54,10 @@ OUTSIDE = {
     r"sys/.*|(unistd|fcntl|poll|spawn|dirent|pwd|termios|dlfcn)\.h|c?(signal|errno)(\.h)?": [
         TWIN,
         "platform/qt",
+    ],
+    r"(win[a-z]*|commctrl|objbase|ole2|oleacc|gdiplus|sh(ellapi|lobj|lwapi))\.h": [
+        "platform/host/win32",
+        "platform/win32",
     ],
     # There is one thread.
     r"pthread\.h|thread|mutex|shared_mutex|condition_variable|future": [],

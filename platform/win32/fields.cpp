@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/fields.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/controls/label_fit.h"
+#include "platform/win32/file_drop.h"
+#include "platform/win32/native_window.h"
+#include "platform/win32/wide_text.h"
+
+namespace lexmill::platform::win32 {
+namespace {
+
+constexpr int kBorders = 2;  ///< above and below a line of text, in pixels
+// A private message of a path field: its list has closed, and the text is to be the control's.
+constexpr UINT kListClosed = WM_APP + 1;
+
+HWND TypingPart(HWND combo) {
+  COMBOBOXINFO parts = {};
+  parts.cbSize = sizeof parts;
+  GetComboBoxInfo(combo, &parts);
+  return parts.hwndItem;
+}
+
+bool IsOpen(HWND combo) {
+  return ComboBox_GetDroppedState(combo) != FALSE;
+}
+
+// The cursor goes to the end, as after typing.
+void ShowText(const std::u16string& text, HWND field, HWND typingPart) {
+  if (TextOf(field) != text) {
+    SetWindowTextW(field, Wide(text));
+    Edit_SetSel(typingPart, text.size(), text.size());
+  }
+}
+
+// The system's field takes another text from its list when the wheel turns over it.
+void FilterPathField(ComboBox& combo, HWND field, HWND window) {
+  FilterMessages(window, [&combo, field](UINT message, WPARAM wide, LPARAM /*param*/) {
+    switch (message) {
+      case WM_MOUSEWHEEL:
+        return !IsOpen(field);
+      case WM_DROPFILES:
+        DropFiles(combo, reinterpret_cast<HDROP>(wide));
+        return true;
+      case kListClosed:
+        ShowField(combo, field);
+        return true;
+      default:
+        return false;
+    }
+  });
+}
+
+void Choose(ComboBox& combo, HWND field) {
+  const int position = ComboBox_GetCurSel(field);
+  if (position >= 0) {
+    combo.UserChooses(static_cast<std::size_t>(position));
+  }
+}
+
+// The list is as wide as its longest path, within the screen.
+void WidenList(const ComboBox& combo, HWND field, FontSet& fonts) {
+  int width = 0;
+  for (std::size_t i = 0; i < combo.ListCount(); ++i) {
+    const std::u16string item(combo.List(i));
+    width = std::max(width, fonts.SizeOf(item, GetWindowFont(field)).width);
+  }
+  const int limit = GetSystemMetrics(SM_CXSCREEN) / 2;
+  const int scrollBar = GetSystemMetrics(SM_CXVSCROLL);
+  SendMessageW(field, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(width + scrollBar, limit)),
+               0);
+}
+
+}  // namespace
+
+HWND MakeField(TextBox& /*box*/, HWND parent) {
+  return MakeChild(L"EDIT", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, parent);
+}
+
+HWND MakeField(ComboBox& combo, HWND parent) {
+  HWND field =
+      MakeChild(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, parent);
+  ComboBox_LimitText(field, 0);
+  for (HWND window : {field, TypingPart(field)}) {
+    FilterPathField(combo, field, window);
+    AcceptFiles(window);
+  }
+  return field;
+}
+
+void ShowField(const TextBox& box, HWND field) {
+  Edit_LimitText(field, box.MaxLength());
+  ShowText(box.Text(), field, field);
+}
+
+void ShowField(const ComboBox& combo, HWND field) {
+  ShowText(combo.Text(), field, TypingPart(field));
+}
+
+void ShowList(const ComboBox& combo, HWND field) {
+  ComboBox_ResetContent(field);
+  for (std::size_t i = 0; i < combo.ListCount(); ++i) {
+    const std::u16string item(combo.List(i));
+    ComboBox_AddString(field, Wide(item));
+  }
+  ShowField(combo, field);
+}
+
+void PlaceField(const TextBox& box, HWND field, FontSet& fonts) {
+  const int line = fonts.SizeOf({}, GetWindowFont(field)).height;
+  PixelPlace place = Flowing(ToPixels(box.Place(), fonts.Dpi()),
+                             {.width = 0, .height = line + kBorders}, Alignment::Left);
+  place.top = std::max(place.top, 0);
+  MoveChild(field, place);
+}
+
+// The height of the system's field is that of its line and its borders; what a move sets is the
+// height with the open list.
+void PlaceField(const ComboBox& combo, HWND field, FontSet& fonts) {
+  constexpr int kOpenLines = 12;
+  constexpr WPARAM kTypingLine = static_cast<WPARAM>(-1);
+  PixelPlace place = ToPixels(combo.Place(), fonts.Dpi());
+  const int line = fonts.SizeOf({}, GetWindowFont(field)).height;
+  SendMessageW(field, CB_SETITEMHEIGHT, 0, line);
+  const auto typing = static_cast<int>(SendMessageW(field, CB_GETITEMHEIGHT, kTypingLine, 0));
+  const int borders = PlaceOf(field).height - typing;
+  SendMessageW(field, CB_SETITEMHEIGHT, kTypingLine, place.height - borders);
+  place.height += kOpenLines * line;
+  MoveWindow(field, place.left, place.top, place.width, place.height, TRUE);
+  WidenList(combo, field, fonts);
+}
+
+void TakeNotification(TextBox& box, HWND field, UINT notification) {
+  if (notification == EN_SETFOCUS && box.IsUsable()) {
+    box.SetFocus();
+  } else if (notification == EN_CHANGE) {
+    box.UserEnters(TextOf(field));
+    ShowField(box, field);
+  }
+}
+
+void TakeNotification(ComboBox& combo, HWND field, UINT notification) {
+  switch (notification) {
+    case CBN_SETFOCUS:
+      if (combo.IsUsable()) {
+        combo.SetFocus();
+      }
+      break;
+    case CBN_EDITCHANGE:
+      combo.UserEnters(TextOf(field));
+      ShowField(combo, field);
+      break;
+    case CBN_SELENDOK:
+      Choose(combo, field);
+      break;
+    case CBN_CLOSEUP:
+      PostMessageW(field, kListClosed, 0, 0);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace lexmill::platform::win32

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// platform/win32: the desktop by native controls; with platform/host/win32 all that knows the
+// system. The system's own declarations, for this folder's sources alone.
+#pragma once
+
+#ifndef UNICODE
+#define UNICODE
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WINVER
+#define WINVER 0x0A00
+#define _WIN32_WINNT 0x0A00
+#endif
+
+// clang-format off
+#include <windows.h>
+#include <windowsx.h>
+#include <commctrl.h>
+#include <objbase.h>
+// clang-format on
