@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/files.h"
 
-#include <stdlib.h>
 #include <unicode/ucnv.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -42,27 +40,19 @@ std::string Convert(const char* to, const char* from, std::string_view bytes) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "lexmill-test-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) {
-    ADD_FAILURE() << "no temporary folder: " << pattern;
-  }
-  path_ = pattern;
-}
-
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
 }
 
 std::u16string TemporaryFolder::File(std::string_view name) const {
-  return platform::HostPath::FromNative(path_ / name).Text();
+  return platform::HostPath::FromNative(path_ / platform::FromUtf8(name)).Text();
 }
 
 std::string TemporaryFolder::Listing() const {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-    names.push_back(entry.path().filename().string());
+    names.push_back(platform::ToUtf8(entry.path().filename().u16string()));
   }
   std::sort(names.begin(), names.end());
   std::string result;
@@ -70,19 +60,6 @@ std::string TemporaryFolder::Listing() const {
     result += (result.empty() ? "" : " ") + name;
   }
   return result;
-}
-
-OrdinaryUser::OrdinaryUser() : wasSuperuser_(geteuid() == 0) {
-  constexpr uid_t kNobody = 65534;
-  if (wasSuperuser_ && setresuid(kNobody, kNobody, 0) != 0) {
-    ADD_FAILURE() << "can't give up the superuser's rights";
-  }
-}
-
-OrdinaryUser::~OrdinaryUser() {
-  if (wasSuperuser_ && setresuid(0, 0, 0) != 0) {
-    ADD_FAILURE() << "can't take back the superuser's rights";
-  }
 }
 
 void WriteBytes(std::u16string_view path, std::string_view bytes) {

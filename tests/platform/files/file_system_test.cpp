@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/file_system.h"
 
-#include <sys/stat.h>
-
 #include <array>
 #include <functional>
 #include <optional>
@@ -14,6 +12,7 @@
 #include "platform/host/host_path.h"
 #include "tests/support/failures.h"
 #include "tests/support/files.h"
+#include "tests/support/hard_surroundings.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill::platform {
@@ -35,8 +34,8 @@ class FileSystem : public testing::Test {
   FileSystem() {
     WriteBytes(File("f"), "text");
     WriteBytes(File("readonly"), "text");
-    mkdir((folder_.Path() / "d").c_str(), 0700);
-    chmod((folder_.Path() / "readonly").c_str(), 0444);
+    std::filesystem::create_directory(folder_.Path() / "d");
+    std::filesystem::permissions(folder_.Path() / "readonly", std::filesystem::perms(0444));
   }
 
   [[nodiscard]] std::u16string File(std::string_view name) const { return folder_.File(name); }
@@ -54,11 +53,15 @@ TEST_F(FileSystem, TellsFilesFromFolders) {
     std::u16string path;
     bool isFile;
     bool isFolder;
-  } cases[] = {{File("f"), true, false},   {File("f/"), false, false},
-               {File("d"), false, true},   {File("d/"), false, true},
-               {File("x"), false, false},  {File("f*"), false, false},
-               {u"", false, false},        {File("f") + std::u16string(1, u'\0'), false, false},
-               {u"/dev/null", true, false}};
+  } cases[] = {{File("f"), true, false},
+               {File("f/"), false, false},
+               {File("d"), false, true},
+               {File("d/"), false, true},
+               {File("x"), false, false},
+               {File("f*"), false, false},
+               {u"", false, false},
+               {File("f") + std::u16string(1, u'\0'), false, false},
+               {std::u16string(kNullDevice), true, false}};
   for (const auto& row : cases) {
     SCOPED_TRACE(Readable(row.path));
     EXPECT_EQ(files_.FileExists(row.path), row.isFile);
@@ -98,7 +101,7 @@ TEST_F(FileSystem, FailsWithThePlatformsNumbers) {
 // A dictionary is read more than once; the first reading must not take away what a pipe holds.
 TEST_F(FileSystem, LeavesAPipeUnread) {
   const HostPath path(File("pipe"));
-  ASSERT_EQ(mkfifo(path.Native().c_str(), 0600), 0);
+  test::MakePipe(path.Text());
   HostFile writer = *HostFile::Open(path, OpenMode::ReadWrite);
   ASSERT_TRUE(writer.Write("abc"));
   EXPECT_EQ(FailureOf([this] { std::ignore = files_.OpenTextFile(File("pipe")); }), 70);

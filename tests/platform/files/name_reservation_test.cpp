@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/name_reservation.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <gtest/gtest.h>
 
 #include "platform/host/host_path.h"
 #include "tests/support/files.h"
+#include "tests/support/hard_surroundings.h"
 
 namespace lexmill::platform {
 namespace {
@@ -38,14 +36,11 @@ TEST(NameReservation, RefusesANameThatAFileHas) {
 
 TEST(NameReservation, IsFreeAgainWhenItsProcessIsKilled) {
   const TemporaryFolder folder;
-  const pid_t child = fork();
-  if (child == 0) {
-    const auto taken = NameReservation::Take(folder.File("a.db"));
-    _exit(taken ? 0 : 1);  // as abruptly as a kill
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
+  std::optional<NameReservation> taken;
+  EXPECT_TRUE(test::PerformAndVanish([&] {
+    taken = NameReservation::Take(folder.File("a.db"));
+    return taken.has_value();
+  }));
   EXPECT_EQ(folder.Listing(), ".a.db.lexmill-name");
   EXPECT_TRUE(NameReservation::Take(folder.File("a.db")));
   EXPECT_EQ(folder.Listing(), "");

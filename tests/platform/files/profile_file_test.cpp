@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/profile_file.h"
 
-#include <sys/stat.h>
-
 #include <cstdlib>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/files.h"
+#include "tests/support/hard_surroundings.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill::platform {
@@ -202,9 +201,9 @@ TEST_F(ProfileFile, CreatesAnEmptyFileToDeleteFrom) {
 TEST_F(ProfileFile, FailsWithoutATrace) {
   WriteBytes(path_, "[s]\r\nk=1\r\n");
   WriteBytes(folder_.File("unreadable"), "[s]\r\nk=1\r\n");
-  chmod((folder_.Path() / "f.ini").c_str(), 0444);
-  chmod((folder_.Path() / "unreadable").c_str(), 0200);
-  mkfifo((folder_.Path() / "pipe").c_str(), 0600);
+  std::filesystem::permissions(folder_.Path() / "f.ini", std::filesystem::perms(0444));
+  std::filesystem::permissions(folder_.Path() / "unreadable", std::filesystem::perms(0200));
+  test::MakePipe(folder_.File("pipe"));
   for (const std::u16string& path :
        {path_, folder_.File("unreadable"), folder_.File("pipe"), folder_.File("none/f.ini"),
         folder_.File(""), std::u16string()}) {

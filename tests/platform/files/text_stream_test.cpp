@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/text_stream.h"
 
-#include <sys/resource.h>
-
-#include <csignal>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -14,6 +11,7 @@
 #include "platform/files/file_system.h"
 #include "tests/support/failures.h"
 #include "tests/support/files.h"
+#include "tests/support/hard_surroundings.h"
 #include "tests/support/readable_text.h"
 
 namespace lexmill::platform {
@@ -202,18 +200,14 @@ TEST_F(TextStream, AFullDiskFailsAndLeavesTheOlderFile) {
     EXPECT_EQ(FailureOf([&writer] { writer.Close(); }), 61);
   }
   WriteBytes(path_, "older");
-  const rlimit none = {0, RLIM_INFINITY};
-  rlimit before = {};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
   {
     TextWriter writer = Create();
-    setrlimit(RLIMIT_FSIZE, &none);
-    EXPECT_EQ(FailureOf([&writer] { writer.Write(std::u16string(200'000, u'x')); }), 61);
-    setrlimit(RLIMIT_FSIZE, &before);
+    {
+      const test::FileSizeLimit limit(0);
+      EXPECT_EQ(FailureOf([&writer] { writer.Write(std::u16string(200'000, u'x')); }), 61);
+    }
     EXPECT_EQ(FailureOf([&writer] { writer.Write(u"z"); }), 61);
   }
-  std::ignore = std::signal(SIGXFSZ, signalBefore);
   EXPECT_EQ(ReadBytes(path_), "older");
   EXPECT_EQ(folder_.Listing(), "f");
 }

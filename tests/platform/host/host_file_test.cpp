@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/host_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -13,6 +8,7 @@
 #include "platform/host/replacement_file.h"
 #include "platform/text/text.h"
 #include "tests/support/files.h"
+#include "tests/support/hard_surroundings.h"
 
 namespace lexmill::platform {
 namespace {
@@ -21,16 +17,6 @@ using test::OrdinaryUser;
 using test::ReadBytes;
 using test::TemporaryFolder;
 using test::WriteBytes;
-
-/// Number of a process that has been and is gone.
-pid_t GoneProcess() {
-  const pid_t child = fork();
-  if (child == 0) {
-    _exit(0);
-  }
-  waitpid(child, nullptr, 0);
-  return child;
-}
 
 /// Writes `bytes` through a replacement of `target` and commits it.
 void Replace(const std::u16string& target, std::string_view bytes) {
@@ -52,7 +38,7 @@ TEST(HostFile, OpensNoOtherFileForANameWithNul) {
 TEST(HostFile, DoesNotWaitForTheOtherEndOfANamedPipe) {
   const TemporaryFolder folder;
   const HostPath pipe(folder.File("pipe"));
-  ASSERT_EQ(mkfifo(pipe.Native().c_str(), 0600), 0);
+  test::MakePipe(pipe.Text());
   EXPECT_TRUE(HostFile::Open(pipe, OpenMode::Overwrite).FailedBy(HostError::Device));
   auto reader = HostFile::Open(pipe, OpenMode::Read);
   char byte = 0;
@@ -94,43 +80,6 @@ TEST(HostFile, ReadsAndWritesAtAPosition) {
   EXPECT_EQ(buffer, "3xy67-");
 }
 
-/// A lock as shells take it: bound to the process, on the whole file.
-class LockOfAShell {
- public:
-  LockOfAShell(const HostPath& path, short type)
-      : descriptor_(open(path.Native().c_str(), O_RDWR)) {
-    struct flock whole {};
-    whole.l_type = type;
-    isHeld_ = fcntl(descriptor_, F_SETLK, &whole) == 0;
-  }
-  ~LockOfAShell() { close(descriptor_); }
-  LockOfAShell(const LockOfAShell&) = delete;
-  LockOfAShell& operator=(const LockOfAShell&) = delete;
-  [[nodiscard]] bool IsHeld() const { return isHeld_; }
-
- private:
-  int descriptor_;
-  bool isHeld_;
-};
-
-TEST(HostFile, LocksOutOtherOpenersAndRealShells) {
-  const TemporaryFolder folder;
-  const HostPath path(folder.File("f"));
-  HostFile file = *HostFile::Open(path, OpenMode::ReadWriteCreate);
-  HostFile other = *HostFile::Open(path, OpenMode::ReadWrite);
-  ASSERT_TRUE(file.Lock(LockKind::Shared) && other.Lock(LockKind::Shared));
-  EXPECT_TRUE(file.Lock(LockKind::Exclusive).FailedBy(HostError::InUse));
-  EXPECT_TRUE(LockOfAShell(path, F_RDLCK).IsHeld());
-  EXPECT_FALSE(LockOfAShell(path, F_WRLCK).IsHeld());
-  ASSERT_TRUE(other.Lock(LockKind::None) && file.Lock(LockKind::Exclusive));
-  EXPECT_TRUE(other.Lock(LockKind::Shared).FailedBy(HostError::InUse));
-  EXPECT_FALSE(LockOfAShell(path, F_RDLCK).IsHeld());
-  file.Close();
-  const LockOfAShell shell(path, F_WRLCK);
-  EXPECT_TRUE(shell.IsHeld());
-  EXPECT_TRUE(other.Lock(LockKind::Shared).FailedBy(HostError::InUse));
-}
-
 TEST(ReplacementFile, ShowsNothingBeforeCommitAndLeavesNothingBesideIt) {
   const TemporaryFolder folder;
   WriteBytes(folder.File("f"), "old");
@@ -161,7 +110,7 @@ TEST(ReplacementFile, TwoOfOneTargetDoNotMix) {
 TEST(ReplacementFile, RemovesWhatGoneProcessesLeftAndNothingElse) {
   const OrdinaryUser user;
   const TemporaryFolder folder;
-  const std::string gone = std::to_string(GoneProcess());
+  const std::string gone = test::GoneProcess();
   // Process 1 lives and is the superuser's.
   const std::string kept = ".f.lexmill- .f.lexmill-1 .f.lexmill-" + gone + "x .g.lexmill-" + gone;
   for (const std::string& name :
@@ -180,7 +129,7 @@ TEST(ReplacementFile, FollowsLinksAndKeepsPermissions) {
   std::filesystem::create_symlink("link", folder.Path() / "second");
   Replace(folder.File("second"), "made");
   EXPECT_EQ(ReadBytes(folder.File("d/real")), "made");
-  ASSERT_EQ(chmod((folder.Path() / "d/real").c_str(), 0640), 0);
+  std::filesystem::permissions(folder.Path() / "d/real", std::filesystem::perms(0640));
   Replace(folder.File("second"), "replaced");
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path() / "link"));
   EXPECT_EQ(ReadBytes(folder.File("d/real")), "replaced");
@@ -205,10 +154,10 @@ TEST(ReplacementFile, WritesInPlaceWhereTheFolderRefuses) {
   const OrdinaryUser user;
   const TemporaryFolder folder;
   WriteBytes(folder.File("f"), "old and longer");
-  ASSERT_EQ(chmod(folder.Path().c_str(), 0500), 0);
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms(0500));
   Replace(folder.File("f"), "new");
   EXPECT_TRUE(ReplacementFile::Create(folder.File("missing")).FailedBy(HostError::Denied));
-  ASSERT_EQ(chmod(folder.Path().c_str(), 0700), 0);
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms(0700));
   EXPECT_EQ(ReadBytes(folder.File("f")), "new");
 }
 
@@ -224,10 +173,10 @@ TEST(ReplacementFile, RefusesTargetsThatCannotBeWritten) {
   const TemporaryFolder folder;
   WriteBytes(folder.File("f"), "old");
   WriteBytes(folder.File("readonly"), "old");
-  ASSERT_EQ(chmod((folder.Path() / "readonly").c_str(), 0444), 0);
+  std::filesystem::permissions(folder.Path() / "readonly", std::filesystem::perms(0444));
   std::filesystem::create_directory(folder.Path() / "d");
   std::filesystem::create_symlink("loop", folder.Path() / "loop");
-  ASSERT_EQ(mkfifo((folder.Path() / "pipe").c_str(), 0600), 0);
+  test::MakePipe(folder.File("pipe"));
   const struct {
     std::string name;
     HostError error;

@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/sqlite/file_size_limit.h"
 #include "tests/sqlite/foreign_object.h"
 #include "tests/sqlite/shell_world.h"
+#include "tests/support/hard_surroundings.h"
 
 namespace lexmill::platform::sqlite {
 namespace {

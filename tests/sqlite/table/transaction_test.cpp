@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <sys/stat.h>
-
 #include <array>
 
 #include <gtest/gtest.h>
 
 #include "platform/sqlite/table/database.h"
 #include "tests/sqlite/database_world.h"
-#include "tests/sqlite/file_size_limit.h"
 #include "tests/support/files.h"
+#include "tests/support/hard_surroundings.h"
 
 namespace lexmill::test {
 namespace {
@@ -111,7 +109,7 @@ TEST_F(Transactions, BrokenInTheMiddleCanOnlyBeRolledBack) {
   Database database(path_);
   database.Begin();
   {
-    const FileSizeLimit limit(64 * 1024);
+    const test::FileSizeLimit limit(64 * 1024);
     EXPECT_EQ(ErrorOf([&] { AppendMany(database); }), kFull);
   }
   EXPECT_EQ(ErrorOf([&] { Append(database, "R", {"there is", "room again"}); }), kFull);
@@ -284,12 +282,17 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& parameter) { return parameter.param.name; });
 
 /// Nothing is protected from the superuser, so it isn't the superuser whose folder this is.
-class ProtectedFiles : OrdinaryUser, public DatabaseTest {};
+class ProtectedFiles : OrdinaryUser, public DatabaseTest {
+ protected:
+  static void SetRights(const std::filesystem::path& path, unsigned rights) {
+    std::filesystem::permissions(path, std::filesystem::perms(rights));
+  }
+};
 
 TEST_F(ProtectedFiles, AreReadOnlyAndSoIsAProtectedFolder) {
   Change([](Database& database) { MakeR(database, true); });
   const std::string before = Bytes();
-  chmod(path_.c_str(), 0444);
+  SetRights(path_, 0444);
   {
     Database database(path_);
     database.Begin();
@@ -301,32 +304,32 @@ TEST_F(ProtectedFiles, AreReadOnlyAndSoIsAProtectedFolder) {
     EXPECT_TRUE(Rows(database, "R").empty());
     database.Commit();
   }
-  chmod(path_.c_str(), 0644);
-  chmod(folder_.Path().c_str(), 0555);
+  SetRights(path_, 0644);
+  SetRights(folder_.Path(), 0555);
   {
     Database database(path_);
     EXPECT_TRUE(Rows(database, "R").empty());
     EXPECT_EQ(ErrorOf([&] { database.Begin(); }), "unable to open database file");
     EXPECT_EQ(ErrorOf([&] { Write(database, [] {}); }), "unable to open database file");
   }
-  chmod(folder_.Path().c_str(), 0755);
+  SetRights(folder_.Path(), 0755);
   // A journal that undoes nothing keeps nobody from reading, though it can't be removed.
   for (const std::string& journal :
        {""s, std::string(kMagic) + "\xD6" + BigEndian(0) + BigEndian(77) + BigEndian(4)}) {
     PutBytes(journal, "t.db-journal");
-    for (const mode_t rights : {0644U, 0444U}) {
-      chmod(path_.c_str(), rights);
-      chmod(folder_.Path().c_str(), 0555);
+    for (const unsigned rights : {0644U, 0444U}) {
+      SetRights(path_, rights);
+      SetRights(folder_.Path(), 0555);
       Database database(path_);
       EXPECT_TRUE(Rows(database, "R").empty());
       EXPECT_EQ(
           ErrorOf([&] { Write(database, [] {}); }),
           rights == 0644 ? "unable to open database file" : "attempt to write a readonly database");
-      chmod(folder_.Path().c_str(), 0755);
+      SetRights(folder_.Path(), 0755);
     }
     EXPECT_EQ(Bytes("t.db-journal"), journal);
   }
-  chmod(path_.c_str(), 0644);
+  SetRights(path_, 0644);
   EXPECT_EQ(ErrorOf([&] {
               Database database(path_);
               Write(database, [] {});
