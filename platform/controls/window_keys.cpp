@@ -39,7 +39,7 @@ Control* NextInTabOrder(const Form& form, const Control* from, bool backwards) {
   }
   const auto start = std::ranges::find(order, from);
   if (start != order.end()) {
-    std::ranges::rotate(order, start + 1);
+    std::rotate(order.begin(), start + 1, order.end());  // clang can't compile the other
   }
   const auto found = std::ranges::find_if(order, [](const Control* control) {
     return TakesKeys(control->Kind()) && control->IsUsable();

@@ -17,8 +17,9 @@ std::vector<Control*> TabOrder(const Form& form) {
 std::vector<Control*> BackToFront(const Form& form) {
   const auto order = form.FrontToBack();
   std::vector<Control*> sorted(order.rbegin(), order.rend());
-  std::ranges::stable_partition(sorted,
-                                [](const Control* control) { return IsDrawing(control->Kind()); });
+  // clang can't compile the one over ranges.
+  std::stable_partition(sorted.begin(), sorted.end(),
+                        [](const Control* control) { return IsDrawing(control->Kind()); });
   return sorted;
 }
 
