@@ -161,6 +161,22 @@ std::u16string_view ReferenceRules::WithoutBlanks(std::u16string_view text) cons
   return options_.chkaRTrimSpace ? platform::TrimRight(text) : text;
 }
 
+constexpr std::array<UntranslatedRules::Step, 5> UntranslatedRules::kChain = {{
+    {{u"\\t 后的快捷键", {{{u"chkaMTab", &OptionSet::chkaMTab}}}},
+     &UntranslatedRules::SetLiteralTabAside},
+    {{u"热键", {{{u"chkaAndX", &OptionSet::chkaAndX}}}}, &UntranslatedRules::SetHotKeyAside},
+    {{u"前置、后置空格",
+      {{{u"chkaLTrimSpace", &OptionSet::chkaLTrimSpace},
+        {u"chkaRTrimSpace", &OptionSet::chkaRTrimSpace}}}},
+     &UntranslatedRules::SetBlanksAside},
+    {{u"末尾标点",
+      {{{u"chkaBanMaoHao", &OptionSet::chkaBanMaoHao},
+        {u"chkaBanSenHao", &OptionSet::chkaBanSenHao}}}},
+     &UntranslatedRules::SetPunctuationAside},
+    {{u"大小写", {{{u"chkaUpperCase", &OptionSet::chkaUpperCase}}}},
+     &UntranslatedRules::SetUpperCase},
+}};
+
 UntranslatedRules::UntranslatedRules(const OptionSet& options, platform::RegExp& expression)
     : options_(options), expression_(expression) {}
 
@@ -169,33 +185,52 @@ std::optional<DecomposedString> UntranslatedRules::DecomposeUntranslated(
   if (source != target || IsTooLong(source, options_)) {
     return std::nullopt;
   }
-  Work work{.text = source, .mainStart = 0, .mainEnd = source.size()};
-  SetLiteralTabAside(work);
-  const std::u16string_view hotKey = SetHotKeyAside(work);
-  SetBlanksAside(work);
-  SetPunctuationAside(work);
-  return DecomposedString{.so = target,
-                          .sh = work.text.substr(0, work.mainStart),
-                          .sm = options_.chkaUpperCase ? InUpperCase(work.Main()) : work.Main(),
-                          .sk = hotKey,
-                          .st = work.text.substr(work.mainEnd)};
+  return Decompose(target, [](const Step& /*step*/, const Work& /*work*/) {});
 }
 
-void UntranslatedRules::SetLiteralTabAside(Work& work) const {
+std::optional<DecomposedString> UntranslatedRules::WalkThrough(std::u16string_view source,
+                                                               const OnRule& onRule) {
+  if (IsTooLong(source, options_)) {
+    return std::nullopt;
+  }
+  return Decompose(
+      source, [&](const Step& step, const Work& work) { onRule(step.title, work.Pieces(source)); });
+}
+
+template <class AfterStep>
+DecomposedString UntranslatedRules::Decompose(std::u16string_view source, AfterStep afterStep) {
+  Work work{.text = source, .mainStart = 0, .mainEnd = source.size(), .hotKey = {}, .upper = {}};
+  // Unrolled, since a call by pointer for each step would be felt.
+  const auto applyAll = [&]<std::size_t... i>(std::index_sequence<i...> /*places*/) {
+    (..., ((this->*kChain[i].apply)(work), afterStep(kChain[i], work)));
+  };
+  applyAll(std::make_index_sequence<kChain.size()>());
+  return work.Pieces(source);
+}
+
+DecomposedString UntranslatedRules::Work::Pieces(std::u16string_view source) const {
+  return {.so = source,
+          .sh = text.substr(0, mainStart),
+          .sm = upper ? *upper : Main(),
+          .sk = hotKey,
+          .st = text.substr(mainEnd)};
+}
+
+void UntranslatedRules::SetLiteralTabAside(Work& work) {
   if (options_.chkaMTab) {
     work.mainEnd = LengthBeforeLiteralTab(work.text, expression_).value_or(work.mainEnd);
   }
 }
 
-/// Takes the ampersand out of the main text. The character after it may not be a blank here.
-/// @return the hot key in upper case between its brackets; empty if there is none
-std::u16string_view UntranslatedRules::SetHotKeyAside(Work& work) {
+/// Takes the ampersand out of the main text, and makes the hot key in upper case between its
+/// brackets. The character after the ampersand may not be a blank here.
+void UntranslatedRules::SetHotKeyAside(Work& work) {
   if (!options_.chkaAndX || !platform::Contains(work.Main(), kAmpersand)) {
-    return {};
+    return;
   }
   const auto groups = Match(expression_, kUntranslatedHotKey, work.Main());
   if (groups.empty()) {
-    return {};
+    return;
   }
   const std::u16string_view tail = work.text.substr(work.mainEnd);
   text_.assign(groups[1]).append(groups[2]);
@@ -205,12 +240,11 @@ std::u16string_view UntranslatedRules::SetHotKeyAside(Work& work) {
   for (const char16_t unit : FirstCharacter(groups[2])) {
     hotKey_.append(1, platform::UpperCase(unit));
   }
-  hotKey_.append(options_.txttAndXBK2);
-  return hotKey_;
+  work.hotKey = hotKey_.append(options_.txttAndXBK2);
 }
 
 /// Only a string with a blank at a wanted end can change, so that only it is matched.
-void UntranslatedRules::SetBlanksAside(Work& work) const {
+void UntranslatedRules::SetBlanksAside(Work& work) {
   const bool leading = options_.chkaLTrimSpace;
   const bool trailing = options_.chkaRTrimSpace;
   const std::u16string_view main = work.Main();
@@ -227,16 +261,19 @@ void UntranslatedRules::SetBlanksAside(Work& work) const {
   work.mainEnd = work.mainStart + groups[mainGroup].size();
 }
 
-void UntranslatedRules::SetPunctuationAside(Work& work) const {
+void UntranslatedRules::SetPunctuationAside(Work& work) {
   work.mainEnd = work.mainStart +
                  WithoutPunctuation(work.Main(), kHalfWidthRules, options_, expression_).size();
 }
 
-std::u16string_view UntranslatedRules::InUpperCase(std::u16string_view text) {
-  main_.assign(text);
+void UntranslatedRules::SetUpperCase(Work& work) {
+  if (!options_.chkaUpperCase) {
+    return;
+  }
+  main_.assign(work.Main());
   std::ranges::transform(main_, main_.begin(),
                          [](char16_t unit) { return platform::UpperCase(unit); });
-  return main_;
+  work.upper = main_;
 }
 
 }  // namespace lexmill

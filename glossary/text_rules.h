@@ -4,6 +4,9 @@
 // through the same chains.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -53,6 +56,21 @@ class ReferenceRules {
   std::u16string hotKeyPattern_;  ///< of targets, made of the two bracket fragments
 };
 
+/// An option that turns a rule on.
+struct RuleOption {
+  std::u16string_view name;  ///< of its control
+  bool OptionSet::*value = nullptr;
+};
+
+/// A rule of the untranslated side as users know it.
+struct RuleTitle {
+  std::u16string_view text;           ///< Chinese
+  std::array<RuleOption, 2> options;  ///< the second may be none
+};
+
+/// Sees a rule and what the rules have made of a string up to and with it.
+using OnRule = std::function<void(const RuleTitle& rule, const DecomposedString& pieces)>;
+
 /// The rule chain of the untranslated side. Holds buffers as ReferenceRules does.
 class UntranslatedRules {
  public:
@@ -66,6 +84,11 @@ class UntranslatedRules {
   [[nodiscard]] std::optional<DecomposedString> DecomposeUntranslated(std::u16string_view source,
                                                                       std::u16string_view target);
 
+  /// Does so with an untranslated string and reports each rule, also one that is off, once it has
+  /// been applied.
+  [[nodiscard]] std::optional<DecomposedString> WalkThrough(std::u16string_view source,
+                                                            const OnRule& onRule);
+
  private:
   /// A string under work. What the rules take away at either end stays beside the main text, so
   /// that to take away is to move a border.
@@ -73,17 +96,30 @@ class UntranslatedRules {
     std::u16string_view text;  ///< head, main text and tail
     std::size_t mainStart;
     std::size_t mainEnd;
+    std::u16string_view hotKey;                ///< in its brackets
+    std::optional<std::u16string_view> upper;  ///< the main text in upper case, if wanted
 
     [[nodiscard]] std::u16string_view Main() const {
       return text.substr(mainStart, mainEnd - mainStart);
     }
+    /// The pieces as they are, `source` being the whole.
+    [[nodiscard]] DecomposedString Pieces(std::u16string_view source) const;
   };
 
-  void SetLiteralTabAside(Work& work) const;
-  [[nodiscard]] std::u16string_view SetHotKeyAside(Work& work);
-  void SetBlanksAside(Work& work) const;
-  void SetPunctuationAside(Work& work) const;
-  [[nodiscard]] std::u16string_view InUpperCase(std::u16string_view text);
+  /// A rule with its place in the chain.
+  struct Step {
+    RuleTitle title;
+    void (UntranslatedRules::*apply)(Work& work);
+  };
+  static const std::array<Step, 5> kChain;
+
+  template <class AfterStep>
+  [[nodiscard]] DecomposedString Decompose(std::u16string_view source, AfterStep afterStep);
+  void SetLiteralTabAside(Work& work);
+  void SetHotKeyAside(Work& work);
+  void SetBlanksAside(Work& work);
+  void SetPunctuationAside(Work& work);
+  void SetUpperCase(Work& work);
 
   const OptionSet& options_;
   platform::RegExp& expression_;

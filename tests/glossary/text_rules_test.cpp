@@ -261,6 +261,33 @@ TEST(UntranslatedRules, SetEachDecorationAside) {
   });
 }
 
+TEST(UntranslatedRules, ReportTheStringAfterEachRule) {
+  struct {
+    const char* name;
+    OptionSet options;
+    std::u16string_view text;
+    const char* expected;
+  } const cases[] = {
+      {"all at work", Changed(All(), {&OptionSet::chkaUpperCase}, true), uR"( &Open: \tF3)",
+       R"([ &Open: ][ Open: ][Open:][Open][OPEN] = [ ][OPEN][(&O)][: \tF3])"},
+      {"some off", Only({&OptionSet::chkaAndX}), u"&Open:",
+       "[&Open:][Open:][Open:][Open:][Open:] = [][Open:][(&O)][]"},
+      {"a string of blanks", All(), u"  ", "[  ][  ][  ][  ][  ] = [][  ][][]"},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.name);
+    platform::RegExp expression;
+    UntranslatedRules rules(row.options, expression);
+    std::string steps;
+    const auto pieces =
+        rules.WalkThrough(row.text, [&](const RuleTitle& /*rule*/, const DecomposedString& after) {
+          steps += InBrackets({after.sm});
+        });
+    ASSERT_TRUE(pieces);
+    EXPECT_EQ(steps + " = " + InBrackets(*pieces), row.expected);
+  }
+}
+
 TEST(UntranslatedRules, LeaveHotKeysThatAreNone) {
   ExpectDecomposed({
       {"before a blank", All(), u"Save & Exit", "[][Save & Exit][][]"},
