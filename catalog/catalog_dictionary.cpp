@@ -70,14 +70,14 @@ EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& optio
   return others;
 }
 
-EntryCounts ReadTranslated(const Catalog& catalog, const OnPair& onPair) {
+EntryCounts ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair) {
   EntryCounts others;
   std::u16string sourceRoom;
   std::u16string targetRoom;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
     if (IsReference(entry)) {
       onPair(ToDictionary(entry.source, catalog.accelerator, sourceRoom),
-             ToDictionary(entry.target, catalog.accelerator, targetRoom));
+             ToDictionary(entry.target, catalog.accelerator, targetRoom), entry.line);
     } else if (entry.state == EntryState::Translated) {
       CountPassedOver(entry, others);
     }

@@ -15,6 +15,10 @@ namespace lexmill {
 /// Sees the two sides of an entry of a dictionary; they are good until it returns.
 using OnPair = std::function<void(std::u16string_view source, std::u16string_view target)>;
 
+/// The same for an entry of a catalog that begins in line `line`.
+using OnPairInLine =
+    std::function<void(std::u16string_view source, std::u16string_view target, std::int64_t line)>;
+
 /// Entries of a catalog that are not reported.
 struct EntryCounts {
   std::int64_t translated = 0;
@@ -33,7 +37,7 @@ EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& optio
 /// Reports the translated entries of a catalog.
 /// @return its translated plural and inline entries
 /// @throws platform::Failure as ReadCatalog
-EntryCounts ReadTranslated(const Catalog& catalog, const OnPair& onPair);
+EntryCounts ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair);
 
 /// Reports the entries of both kinds in their order.
 /// @throws platform::Failure as ReadCatalog

@@ -51,6 +51,7 @@ void RecordScanner::ScanAction(std::int32_t action) {
 
 void RecordScanner::Run() {
   auto file = platform::FileSystemObject().OpenTextFile(scanFile_, KindOf(scanFile_).encoding);
+  line_ = 0;
   bytesRead_ = 0;
   bytesInAll_ = std::max<std::int64_t>(file.Size(), 1);  // no share can be taken of an empty file
   ScanBegin.Raise();
@@ -87,6 +88,7 @@ void RecordScanner::Reset() {
 
 void RecordScanner::ReadRecord(platform::TextReader& file) {
   record_ = file.ReadLine();
+  ++line_;
   bytesRead_ = file.BytesRead();
 
   fields_.clear();

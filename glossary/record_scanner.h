@@ -59,6 +59,8 @@ class RecordScanner {
 
   /// Number of fields of the current record: separators plus one, at most kMostFields.
   [[nodiscard]] std::int32_t FieldCount() const;
+  /// The line of the current record, counted from 1.
+  [[nodiscard]] std::int64_t LineNumber() const { return line_; }
   /// Share of the file's bytes read so far, 0 to 100; never falls, 100 at the end.
   [[nodiscard]] std::int32_t ProgressPercent() const;
   /// Field `n` of the current record, counted from 1; 0 is the whole record. Empty beyond the last.
@@ -76,6 +78,7 @@ class RecordScanner {
   char16_t separator_ = u'\t';
   std::u16string_view record_;               ///< in the file that is being read
   std::vector<std::u16string_view> fields_;  ///< pieces of record_
+  std::int64_t line_ = 0;
   std::int64_t bytesRead_ = 0;
   std::int64_t bytesInAll_ = 1;
 };

@@ -19,6 +19,7 @@ constexpr std::u16string_view kJoin =
     u" \"SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON R.r1=S.sm;\">";
 constexpr std::u16string_view kJoinWithoutCase =
     u" \"SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON Upper(R.r1)=S.sm;\">";
+constexpr std::u16string_view kPairListing = u" \"SELECT r1,r2 FROM R;\">";
 constexpr std::u16string_view kEntryListing = u" \"SELECT o0,o2 FROM O;\">";
 
 platform::TextWriter CreateScript(const std::u16string& path) {
@@ -36,6 +37,11 @@ void WriteEchoAndLoad(platform::TextWriter& script, const std::u16string& databa
   WriteLoad(script, database, sql);
 }
 
+void WriteCopy(platform::TextWriter& script, std::u16string_view purified,
+               const std::u16string& database) {
+  script.WriteLine(u"copy " + QuotedPath(purified) + u" " + database + u">nul");
+}
+
 // Returns where the database is saved.
 std::u16string WriteSave(platform::TextWriter& script, const std::u16string& database) {
   std::u16string sSavedDb = SavedDatabasePath();
@@ -51,7 +57,7 @@ void WriteReferenceLines(platform::TextWriter& script, auto& files) {
   script.WriteLine(u"@echo off");
   script.WriteLine(u"echo " + files.sRefSqlFile);
   if (!purified.empty()) {
-    script.WriteLine(u"copy " + QuotedPath(purified) + u" " + files.sDbFile + u">nul");
+    WriteCopy(script, purified, files.sDbFile);
     return;
   }
   WriteLoad(script, files.sDbFile, files.sRefSqlFile);
@@ -81,7 +87,7 @@ void WriteDeletes(platform::TextWriter& script, std::initializer_list<std::u16st
 void WriteMoreReferences(platform::TextWriter& script, const auto& files) {
   for (const MoreReferenceFiles& more : files.more) {
     if (more.isDatabase) {
-      script.WriteLine(u"copy " + QuotedPath(more.path) + u" " + more.sDbFile + u">nul");
+      WriteCopy(script, more.path, more.sDbFile);
     } else {
       WriteEchoAndLoad(script, more.sDbFile, more.sRefSqlFile);
       WriteDeletes(script, {more.sRefSqlFile});
@@ -139,6 +145,15 @@ void BuildBatScript(TextRunFiles& files) {
     WriteFirstTextScript(files);
     WriteSecondTextScript(files);
   });
+}
+
+void BuildListingScript(const std::u16string& purified, const ListingFiles& files) {
+  auto script = CreateScript(files.sBatFile);
+  script.WriteLine(u"@echo off");
+  WriteCopy(script, purified, files.sDbFile);
+  script.WriteLine(u"sqlite -separator \"\t\" " + files.sDbFile + std::u16string(kPairListing) +
+                   files.sListFile);
+  script.Close();
 }
 
 std::u16string SavedDatabasePath() {

@@ -21,6 +21,10 @@ void BuildBatScript(GlossaryRunFiles& files);
 /// database, and a second one that runs the update script and lists O.
 void BuildBatScript(TextRunFiles& files);
 
+/// Writes the script that lists the pairs of a purified database, TAB-separated. It works on a
+/// copy, so that the user's file stays as it is. @throws as TextWriter and QuotedPath
+void BuildListingScript(const std::u16string& purified, const ListingFiles& files);
+
 /// Where the purified database is saved: txtSaveRefDB, or, if that is empty, beside the reference
 /// under its name with "_", day and hour, and ".db".
 /// @throws platform::Failure InvalidCall if a name has to be made up from a path without a point

@@ -29,7 +29,7 @@ void DeleteListing(const std::u16string& name) {
 
 void DrawNames(std::vector<MoreReferenceFiles>& more, Reservations& reservations) {
   more.clear();
-  for (const MoreReference& reference : TheRun().moreReferences) {
+  for (const Reference& reference : TheRun().moreReferences) {
     MoreReferenceFiles files;
     files.path = reference.path;
     files.isDatabase = reference.isDatabase;
@@ -92,6 +92,13 @@ void DrawNames(TextRunFiles& files) {
   DrawNames(files.more, files.reservations);
 }
 
+void DrawNames(ListingFiles& files) {
+  Restart(files.reservations);
+  files.sDbFile = DrawName(u".db", files.reservations);
+  files.sListFile = DrawName(u".txt", files.reservations);
+  files.sBatFile = InWorkFolder(DrawName(u".bat", files.reservations));
+}
+
 std::u16string InWorkFolder(std::u16string_view name) {
   return WorkFolder() + std::u16string(name);
 }
@@ -111,6 +118,12 @@ void DeleteAllFiles(const TextRunFiles& files) {
   DeleteListing(files.sLineFile);
   DeleteDatabase(files.sDbFile);
   DeleteAllFiles(files.more);
+}
+
+void DeleteAllFiles(const ListingFiles& files) {
+  DeleteFiles({files.sBatFile});
+  DeleteListing(files.sListFile);
+  DeleteDatabase(files.sDbFile);
 }
 
 void DeleteFiles(std::initializer_list<std::u16string> paths) {

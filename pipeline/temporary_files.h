@@ -51,6 +51,14 @@ struct TextRunFiles {
   std::vector<platform::NameReservation> reservations;  ///< one for each name
 };
 
+/// The temporary files of a look into a purified database, named as those of a run.
+struct ListingFiles {
+  std::u16string sDbFile;                               ///< copy of the database
+  std::u16string sListFile;                             ///< its pairs
+  std::u16string sBatFile;                              ///< batch script, full path
+  std::vector<platform::NameReservation> reservations;  ///< one for each name
+};
+
 using Reservations = std::vector<platform::NameReservation>;
 
 /// Draws a bare name that is kept until its reservation, which is added to `reservations`, goes.
@@ -61,6 +69,7 @@ using Reservations = std::vector<platform::NameReservation>;
 /// under, is drawn again.
 void DrawNames(GlossaryRunFiles& files);
 void DrawNames(TextRunFiles& files);
+void DrawNames(ListingFiles& files);
 
 /// The full path of a bare name: `name` in the work folder.
 [[nodiscard]] std::u16string InWorkFolder(std::u16string_view name);
@@ -68,6 +77,7 @@ void DrawNames(TextRunFiles& files);
 /// Deletes every file of a run, wherever that has ended; what isn't there is passed over.
 void DeleteAllFiles(const GlossaryRunFiles& files);
 void DeleteAllFiles(const TextRunFiles& files);
+void DeleteAllFiles(const ListingFiles& files);
 
 /// Deletes each file, without force. A failure is dropped and the next one is deleted all the same.
 void DeleteFiles(std::initializer_list<std::u16string> paths);

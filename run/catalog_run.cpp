@@ -118,7 +118,9 @@ void CatalogRun::AddReference(const Catalog& catalog) {
   }
   const std::u16string glossary = DrawGlossary(catalog.path);
   auto writer = platform::FileSystemObject().CreateTextFile(glossary, true);
-  const EntryCounts unused = ReadTranslated(catalog, WriterOf(writer));
+  const EntryCounts unused = ReadTranslated(
+      catalog, [write = WriterOf(writer)](std::u16string_view source, std::u16string_view target,
+                                          std::int64_t /*line*/) { write(source, target); });
   writer.Close();
   AddPassedOver(catalog.path, unused);
   TheRun().standIns.references[catalog.path] = glossary;

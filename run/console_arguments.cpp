@@ -41,12 +41,15 @@ constexpr std::string_view kHelp =
     "  --report FILE          write what was filled and with what to FILE: a JSON object if the\n"
     "                         name ends in .json, else a table; - is standard output\n"
     "  --fail-below PERCENT   exit code 3 if less of the untranslated strings was filled\n"
+    "  --explain STRING       make no FINAL, but show what the rules make of STRING, and which\n"
+    "                         translations REFER and each MORE have for it in which lines, or\n"
+    "                         else the nearest entries; exit code 3 if none knows it\n"
     "  --                     what follows are paths\n"
     "  --help, --version      show this, or the version\n"
     "\n"
     "Prints the times of the four stages, and how many strings were filled. Exit code: 0 done,\n"
     "1 a failure was shown on standard error, 2 wrong arguments, 3 less was filled than\n"
-    "--fail-below asks for.\n";
+    "--fail-below asks for, or the string of --explain is unknown.\n";
 
 std::string Version() {
   return "lexmill-run " + std::to_string(platform::kMajorVersion) + "." +
@@ -69,13 +72,7 @@ class Reader {
     if (!reason_.empty()) {
       return WrongArguments{reason_};
     }
-    if (arguments_.task != ConsoleTask::Run) {
-      arguments_.paths = paths_;
-      return arguments_;
-    }
-    arguments_.toDo = paths_[0];
-    arguments_.references.insert(arguments_.references.begin(), paths_[1]);
-    arguments_.result = paths_[2];
+    KeepPaths();
     return arguments_;
   }
 
@@ -89,8 +86,23 @@ class Reader {
       reason_ = "--convert wants one or more catalogs and a dictionary";
     } else if (arguments_.task == ConsoleTask::Fill && count != 3) {
       reason_ = "--fill wants three paths: CATALOG, RESULT, OUT";
+    } else if (arguments_.task == ConsoleTask::Explain && count != 1) {
+      reason_ = "--explain wants a string and a reference: STRING REFER";
     } else if (arguments_.task == ConsoleTask::Run && count != 3) {
       reason_ = "three dictionaries are wanted: TODO, REFER, FINAL";
+    }
+  }
+
+  void KeepPaths() {
+    auto& references = arguments_.references;
+    if (arguments_.task == ConsoleTask::Run) {
+      arguments_.toDo = paths_[0];
+      references.insert(references.begin(), paths_[1]);
+      arguments_.result = paths_[2];
+    } else if (arguments_.task == ConsoleTask::Explain) {
+      references.insert(references.begin(), paths_[0]);
+    } else {
+      arguments_.paths = paths_;
     }
   }
 
@@ -121,6 +133,9 @@ class Reader {
       arguments_.task = ConsoleTask::Convert;
     } else if (word == "--fill") {
       arguments_.task = ConsoleTask::Fill;
+    } else if (word == "--explain") {
+      arguments_.task = ConsoleTask::Explain;
+      arguments_.explained = platform::FromUtf8(Value(word));
     } else if (IsCatalogOption(word)) {
       reason_ = SetCatalogOption(word, WantsValue(word) ? Value(word) : "", arguments_.catalogs);
     } else if (word == "--help") {

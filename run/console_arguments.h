@@ -22,6 +22,7 @@ enum class ConsoleTask {
   Run,
   Convert,  ///< catalogs to a dictionary
   Fill,     ///< a catalog from a dictionary
+  Explain,  ///< what a run does with one string
 };
 
 /// What a command line of lexmill-run asks for. Paths are absolute.
@@ -29,6 +30,7 @@ struct ConsoleArguments {
   ConsoleTask task = ConsoleTask::Run;
   std::vector<std::u16string> paths;  ///< of another task than a run, as many as it takes
   CatalogOptions catalogs;
+  std::u16string explained;  ///< the string to explain
   std::u16string toDo;
   std::vector<std::u16string> references;  ///< REFER, then those asked after it
   bool firstReferenceOnly = false;
@@ -59,6 +61,7 @@ inline constexpr std::string_view kConsoleUsage =
     "                   [--report FILE] [--fail-below PERCENT]\n"
     "                   [--refer MORE]... [--first-reference-only]\n"
     "       lexmill-run --convert FILE... OUT | --fill CATALOG RESULT OUT\n"
+    "       lexmill-run --explain STRING REFER [OPTION]...\n"
     "       lexmill-run --help | --version\n";
 
 /// Reads the words after the program's name. Relative paths are taken from the current directory.

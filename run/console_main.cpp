@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // lexmill-run: one run of the window without a screen.
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -32,6 +33,7 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongArguments = 2;
 constexpr int kTooLittleFilled = 3;
+constexpr int kUnknownString = 3;
 
 std::vector<std::string> WordsAfterName(int count, const char* const* words) {
   std::vector<std::string> result;
@@ -121,6 +123,32 @@ int PerformTask(const lexmill::ConsoleArguments& arguments) {
   return isDone ? 0 : kFailed;
 }
 
+// Shows progress, ends with our children when asked to, and lets `complaint` hear what they print.
+void WatchChildren(lexmill::ShellComplaint& complaint) {
+  EndChildrenWithUs();
+  lexmill::platform::headless::TheSession().onDoEvents = ShowProgress;
+  lexmill::platform::SetOutputWatch([&](std::string_view bytes) { complaint.Feed(bytes); });
+}
+
+int PerformExplanation(const lexmill::ConsoleArguments& arguments) {
+  lexmill::ShellComplaint complaint;
+  WatchChildren(complaint);
+  std::ostringstream text;
+  const auto isKnown = lexmill::ExplainWanted(arguments, text);
+  ClearProgress();
+  lexmill::platform::EndAsRequested();
+  std::cout << text.str();
+  const bool allListed = ReportComplaint(complaint.Text());
+  const bool allDone = ReportNotices();
+  if (!isKnown) {
+    ReportMissingPrograms();
+  }
+  if (!isKnown || !allListed || !allDone) {
+    return kFailed;
+  }
+  return *isKnown ? 0 : kUnknownString;
+}
+
 int PerformRun(const lexmill::ConsoleArguments& arguments) {
   auto& session = lexmill::platform::headless::TheSession();
   session.messagesToStandardError = true;
@@ -133,14 +161,15 @@ int PerformRun(const lexmill::ConsoleArguments& arguments) {
     return RefuseArguments(wrong);
   }
   lexmill::TheRun().catalogOptions = arguments.catalogs;
+  if (arguments.task == lexmill::ConsoleTask::Explain) {
+    return PerformExplanation(arguments);
+  }
   if (arguments.task != lexmill::ConsoleTask::Run) {
     return PerformTask(arguments);
   }
   const bool programsThere = ReportMissingPrograms();
-  EndChildrenWithUs();
-  session.onDoEvents = ShowProgress;
   lexmill::ShellComplaint complaint;
-  lexmill::platform::SetOutputWatch([&](std::string_view bytes) { complaint.Feed(bytes); });
+  WatchChildren(complaint);
   lexmill::PressStart(arguments);
   ClearProgress();
   lexmill::platform::EndAsRequested();

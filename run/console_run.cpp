@@ -5,10 +5,17 @@
 #include <cstdint>
 #include <ostream>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 #include "foundation/entry_point.h"
+#include "platform/event.h"
 #include "platform/files/file_system.h"
 #include "platform/text/text.h"
+#include "run/explanation.h"
+#include "run/failure_notice.h"
+#include "run/reference_list.h"
+#include "run/run_hints.h"
 #include "run/run_report.h"
 #include "run/run_summary.h"
 #include "run/shared/run_state.h"
@@ -26,6 +33,21 @@ bool IsReadable(const std::u16string& path) {
     result = true;
   });
   return result;
+}
+
+void TakeReferences(const ConsoleArguments& arguments) {
+  TheRun().givenReferences = arguments.references;
+  TheRun().firstReferenceOnly = TheRun().firstReferenceOnly || arguments.firstReferenceOnly;
+}
+
+void NoteHintsOfReferences() {
+  std::vector<HintedDictionary> references;
+  for (const Reference& reference : ReferencesOfRun()) {
+    references.push_back({.path = reference.path, .kind = KindOf(reference.path)});
+  }
+  for (auto& hint : HintsOf({}, {}, references)) {
+    NoteHint(std::move(hint));
+  }
 }
 
 }  // namespace
@@ -71,12 +93,26 @@ std::string SetOptions(const ConsoleArguments& arguments) {
   return {};
 }
 
+std::optional<bool> ExplainWanted(const ConsoleArguments& arguments, std::ostream& output) {
+  TakeReferences(arguments);
+  bool isKnown = false;
+  const platform::Connection failures = FailureShown().Connect(NoteSubject);
+  const bool isDone = ReportFailures(u"lexmill-run -> '--explain'", [&] {
+    frmMain::Instance().CfgSaveCtrlToVar();
+    KeepReferences(arguments.references.front());
+    isKnown = ExplainString(arguments.explained, [&](std::u16string_view line) {
+      output << platform::ToUtf8(line) << '\n';
+    });
+  });
+  NoteHintsOfReferences();
+  return isDone ? std::optional(isKnown) : std::nullopt;
+}
+
 void PressStart(const ConsoleArguments& arguments) {
   frmMain& window = frmMain::Instance();
   window.cboToDo.Text(arguments.toDo);
   window.cboRefer.Text(arguments.references.front());
-  TheRun().givenReferences = arguments.references;
-  TheRun().firstReferenceOnly = TheRun().firstReferenceOnly || arguments.firstReferenceOnly;
+  TakeReferences(arguments);
   window.cboFinal.Text(arguments.result);
   TheRun().reportPath = arguments.report;
   window.cmdStart.UserClicks();

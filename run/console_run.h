@@ -4,6 +4,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,12 @@ namespace lexmill {
 
 /// Fills in the three paths and presses the start button. Returns when the run is over.
 void PressStart(const ConsoleArguments& arguments);
+
+/// Explains on `output` what a run with `arguments` would do with their string: UTF-8, each line
+/// ended by LF. Shows a failure.
+/// @return whether a reference knows the string; none after a failure
+[[nodiscard]] std::optional<bool> ExplainWanted(const ConsoleArguments& arguments,
+                                                std::ostream& output);
 
 /// The rows of the progress panel, UTF-8, each line ended by LF; the fifth only if it has text.
 [[nodiscard]] std::string ProgressRows();

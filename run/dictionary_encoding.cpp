@@ -8,6 +8,7 @@
 #include "platform/controls/desktop.h"
 #include "platform/files/file_system.h"
 #include "platform/text/ansi_text.h"
+#include "run/file_inspection.h"
 #include "run/shared/run_state.h"
 
 namespace lexmill {
@@ -47,6 +48,14 @@ DictionaryKind RecogniseEncoding(std::u16string_view path) {
     });
   }
   return kind;
+}
+
+void KeepEncoding(const std::u16string& path) {
+  auto& dictionaries = TheRun().dictionaries;
+  if (!dictionaries.contains(path)) {
+    dictionaries[path] = RecogniseEncoding(path);
+    dictionaries[path].facts = InspectFile(path);
+  }
 }
 
 platform::TextEncoding ResultEncoding(std::u16string_view toDo,

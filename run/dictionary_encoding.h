@@ -19,6 +19,10 @@ namespace lexmill {
 /// events run while it reads a large file.
 [[nodiscard]] DictionaryKind RecogniseEncoding(std::u16string_view path);
 
+/// Keeps in the run's state what RecogniseEncoding and InspectFile say of a dictionary, unless its
+/// kind is there already.
+void KeepEncoding(const std::u16string& path);
+
 /// The encoding of the result: that of the untranslated dictionary or, if that is plain ASCII, of
 /// the first reference that isn't. A purified database is in the code page.
 /// @param toDo, references  paths of dictionaries whose kinds the run's state holds

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "foundation/cInifile.h"
+#include "platform/failure.h"
 #include "platform/files/file_system.h"
 #include "platform/host/application.h"
 #include "platform/text/text.h"
@@ -84,17 +85,30 @@ bool HasTextEntries(std::u16string_view path) {
   return found > 0;
 }
 
-}  // namespace
-
-DictionaryFormat DetectDictionaryFormat(std::u16string_view path, std::u16string& languagePair) {
+template <class OnGlossaryHead>
+DictionaryFormat Detect(std::u16string_view path, OnGlossaryHead onGlossaryHead) {
   if (!platform::FileSystemObject().FileExists(path)) {
     return DictionaryFormat::Unknown;
   }
   if (const auto head = ReadGlossaryHead(path)) {
-    TakeLanguagePair(*head, languagePair);
+    onGlossaryHead(*head);
     return DictionaryFormat::PassoloGlossary;
   }
   return HasTextEntries(path) ? DictionaryFormat::DianjingText : DictionaryFormat::Unknown;
+}
+
+}  // namespace
+
+DictionaryFormat DetectDictionaryFormat(std::u16string_view path, std::u16string& languagePair) {
+  return Detect(path, [&](const Columns& head) { TakeLanguagePair(head, languagePair); });
+}
+
+DictionaryFormat DetectDictionaryFormat(std::u16string_view path) {
+  return Detect(path, [](const Columns& /*head*/) {});
+}
+
+void RefuseUnknownFormat(std::u16string_view path) {
+  throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式", std::u16string(path));
 }
 
 }  // namespace lexmill::modMain

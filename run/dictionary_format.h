@@ -20,4 +20,10 @@ namespace lexmill::modMain {
 [[nodiscard]] DictionaryFormat DetectDictionaryFormat(std::u16string_view path,
                                                       std::u16string& languagePair);
 
+/// The same without a look at languages; no table is written.
+[[nodiscard]] DictionaryFormat DetectDictionaryFormat(std::u16string_view path);
+
+/// @throws platform::Failure of the system's own for a file that is of no known format
+[[noreturn]] void RefuseUnknownFormat(std::u16string_view path);
+
 }  // namespace lexmill::modMain

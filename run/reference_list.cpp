@@ -9,7 +9,6 @@
 #include "platform/text/text.h"
 #include "run/purified_database.h"
 #include "run/shared/option_set.h"
-#include "run/shared/run_state.h"
 
 namespace lexmill {
 
@@ -40,6 +39,14 @@ void KeepReferences(std::u16string_view field) {
   for (const auto& path : std::span(paths).subspan(1)) {
     run.moreReferences.push_back({.path = path, .isDatabase = modMain::IsPurifiedDatabase(path)});
   }
+}
+
+std::vector<Reference> ReferencesOfRun() {
+  const RunState& run = TheRun();
+  std::vector<Reference> references = {
+      {.path = run.reference, .isDatabase = !run.RefDbPath.empty()}};
+  references.insert(references.end(), run.moreReferences.begin(), run.moreReferences.end());
+  return references;
 }
 
 }  // namespace lexmill

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "run/shared/run_state.h"
+
 namespace lexmill {
 
 /// The paths that the text of the reference's field names: several ones are separated by ";" unless
@@ -18,5 +20,8 @@ namespace lexmill {
 /// @throws platform::Failure of the system's own if there are several and the options ask for the
 ///   purified database of one
 void KeepReferences(std::u16string_view field);
+
+/// The references of the run, in the order in which they are asked.
+[[nodiscard]] std::vector<Reference> ReferencesOfRun();
 
 }  // namespace lexmill

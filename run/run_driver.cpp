@@ -11,13 +11,11 @@
 #include "pipeline/clsLexGenPO.h"
 #include "pipeline/clsLexGenPP.h"
 #include "platform/controls/desktop.h"
-#include "platform/failure.h"
 #include "platform/host/process.h"
 #include "run/catalog_run.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/failure_notice.h"
-#include "run/file_inspection.h"
 #include "run/reference_list.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
@@ -30,25 +28,20 @@ using modMain::DictionaryFormat;
 
 constexpr platform::Color kWaitingText = 0xC56A31;
 
-// All references, in the order in which they are asked.
 std::vector<std::u16string> PathsOfReferences() {
-  std::vector<std::u16string> paths = {TheRun().reference};
-  for (const MoreReference& more : TheRun().moreReferences) {
-    paths.push_back(more.path);
+  std::vector<std::u16string> paths;
+  for (const Reference& reference : ReferencesOfRun()) {
+    paths.push_back(reference.path);
   }
   return paths;
 }
 
 // Those of them that are no purified databases.
 std::vector<std::u16string> ReferenceDictionaries() {
-  const RunState& run = TheRun();
   std::vector<std::u16string> paths;
-  if (run.RefDbPath.empty()) {
-    paths.push_back(run.reference);
-  }
-  for (const MoreReference& more : run.moreReferences) {
-    if (!more.isDatabase) {
-      paths.push_back(more.path);
+  for (const Reference& reference : ReferencesOfRun()) {
+    if (!reference.isDatabase) {
+      paths.push_back(reference.path);
     }
   }
   return paths;
@@ -65,18 +58,14 @@ std::vector<std::u16string> PathsOfDictionaries(const std::u16string& toDo) {
 // format. Returns the language pair; of the heads of the untranslated dictionary and the first
 // reference, if both name known languages, the reference's counts.
 std::u16string KeepKinds(const std::u16string& toDo) {
-  auto& dictionaries = TheRun().dictionaries;
   const auto paths = PathsOfDictionaries(toDo);
   for (const auto& path : paths) {
-    if (!dictionaries.contains(path)) {
-      dictionaries[path] = RecogniseEncoding(path);
-      dictionaries[path].facts = InspectFile(path);
-    }
+    KeepEncoding(path);
   }
   std::u16string pair;
   std::u16string ignored;
   for (const auto& path : paths) {
-    DictionaryKind& kind = dictionaries[path];
+    DictionaryKind& kind = TheRun().dictionaries[path];
     const bool decides = path == toDo || path == TheRun().reference;
     if (kind.format == DictionaryFormat::Unknown) {
       kind.format = modMain::DetectDictionaryFormat(path, decides ? pair : ignored);
@@ -94,7 +83,7 @@ DictionaryFormat FormatOfReference() {
 void RefuseUnknownFormats(const std::u16string& toDo) {
   for (const auto& path : PathsOfDictionaries(toDo)) {
     if (KindOf(path).format == DictionaryFormat::Unknown) {
-      throw platform::Failure(1, u"不能检测出“未译字典”或“参照字典”的文件格式", path);
+      modMain::RefuseUnknownFormat(path);
     }
   }
 }

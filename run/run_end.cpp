@@ -8,6 +8,7 @@
 #include "foundation/entry_point.h"
 #include "platform/host/same_file.h"
 #include "platform/text/text.h"
+#include "run/reference_list.h"
 #include "run/run_hints.h"
 #include "run/run_report.h"
 #include "run/run_summary.h"
@@ -46,9 +47,8 @@ void frmMain::NoteHints() {
                           .kind = KindOf(path),
                           .isToDoFile = !isUseful && platform::IsSameFile(toDo, path)});
   };
-  add(TheRun().reference);
-  for (const MoreReference& more : TheRun().moreReferences) {
-    add(more.path);
+  for (const Reference& reference : ReferencesOfRun()) {
+    add(reference.path);
   }
   for (auto& hint : HintsOf(TheRun().counts, {.path = toDo, .kind = KindOf(toDo)}, references)) {
     NoteHint(std::move(hint));

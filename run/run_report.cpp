@@ -12,6 +12,7 @@
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "run/purified_database.h"
+#include "run/reference_list.h"
 #include "run/shared/run_state.h"
 #include "run/shared/settings_file.h"
 #include "run/shared/string_record.h"
@@ -26,13 +27,9 @@ struct NamedCount {
 };
 
 std::int64_t ReferenceEntries() {
-  const RunState& run = TheRun();
-  std::int64_t entries = run.counts.referenceEntries;
-  if (!run.RefDbPath.empty()) {
-    entries += modMain::RowsOfPurifiedDatabase(run.RefDbPath);
-  }
-  for (const MoreReference& more : run.moreReferences) {
-    entries += more.isDatabase ? modMain::RowsOfPurifiedDatabase(more.path) : 0;
+  std::int64_t entries = TheRun().counts.referenceEntries;
+  for (const Reference& reference : ReferencesOfRun()) {
+    entries += reference.isDatabase ? modMain::RowsOfPurifiedDatabase(reference.path) : 0;
   }
   return entries;
 }

@@ -3,6 +3,7 @@
 // An entry of a text: how it is recognised, and the way through all entries of a file.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string_view>
@@ -17,6 +18,7 @@ struct TextEntry {
   std::u16string_view headLine;
   std::u16string_view source;  ///< what comes after the first ":" of the head line
   std::u16string_view target;
+  std::int64_t line = 0;  ///< of the head line, counted from 1
 };
 
 /// Whether a line that is no target line opens an entry: there is a number before its first

@@ -32,6 +32,9 @@ class CsvReading {
   /// @return false if no further line is wanted
   bool Feed(std::string_view line) {
     ++line_;
+    if (rowStart_ == 0 && line.find_first_not_of("\r\n") != std::string_view::npos) {
+      rowStart_ = line_;
+    }
     if (csv_parse(&parser_, line.data(), line.size(), OnField, OnRow, this) != line.size()) {
       throw Failure(FailureNumber::OutOfMemory, FailureOrigin::Runtime);
     }
@@ -62,8 +65,10 @@ class CsvReading {
     CsvReading& reading = *static_cast<CsvReading*>(data);
     reading.Keep([&] {
       if (!reading.isStopped_) {
-        reading.isStopped_ = !reading.onRow_(reading.fields_, reading.line_);
+        const std::int64_t start = reading.rowStart_ == 0 ? reading.line_ : reading.rowStart_;
+        reading.isStopped_ = !reading.onRow_(reading.fields_, start);
       }
+      reading.rowStart_ = 0;
       reading.fields_.clear();
     });
   }
@@ -91,6 +96,7 @@ class CsvReading {
   csv_parser parser_{};
   std::vector<std::u16string> fields_;
   std::int64_t line_ = 0;
+  std::int64_t rowStart_ = 0;  ///< 0 between two rows
   bool isStopped_ = false;
   std::exception_ptr thrown_;
 };

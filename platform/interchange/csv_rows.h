@@ -14,7 +14,7 @@
 
 namespace lexmill::platform {
 
-/// Sees a row: its fields, and the line that it ends in, the first being 1.
+/// Sees a row: its fields, and the line where it begins, the first being 1.
 /// @return whether to go on
 using OnCsvRow = std::function<bool(const std::vector<std::u16string>& fields, std::int64_t line)>;
 

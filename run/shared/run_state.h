@@ -34,8 +34,8 @@ struct StandIns {
   [[nodiscard]] std::u16string ForResult(std::u16string_view path) const;
 };
 
-/// A reference that is asked after the first one.
-struct MoreReference {
+/// A reference of a run.
+struct Reference {
   std::u16string path;
   bool isDatabase = false;  ///< a purified database, not a dictionary
 };
@@ -53,7 +53,7 @@ struct RunState {
   /// Path of the first reference, which alone decides the pair of formats and the head line, and of
   /// the others in the order in which they are asked; set at each run.
   std::u16string reference;
-  std::vector<MoreReference> moreReferences;
+  std::vector<Reference> moreReferences;
   /// Path of the first reference if that is a purified database, else empty; set at each run.
   std::u16string RefDbPath;
   /// Two language keys joined by a TAB, or empty: the head line of a translated glossary. A run

@@ -124,13 +124,17 @@ TEST(CatalogDictionary, GivesTheEntriesOfEachSide) {
   };
   CatalogOptions options;
   ReadUntranslated(catalog, options, onPair);
-  ReadTranslated(catalog, onPair);
+  ReadTranslated(catalog,
+                 [&](std::u16string_view source, std::u16string_view target, std::int64_t line) {
+                   pairs += std::to_string(line) + ":";
+                   onPair(source, target);
+                 });
   ReadAll(catalog, options, onPair);
   options.refillFuzzy = true;
   ReadUntranslated(catalog, options, onPair);
   EXPECT_EQ(pairs,
             "&Open=&Open;"
-            "&Save=存(&S);"
+            "5:&Save=存(&S);"
             "&Open=&Open;&Save=存(&S);"
             "&Open=&Open;m=m;");
 }

@@ -147,6 +147,22 @@ TEST_F(LexmillRun, EndsWithACodeOfItsOwnWhereTooLittleWasFilled) {
   EXPECT_EQ(Errors(), "lexmill-run: 未译字典 todo 里没有未译的字串\n");
 }
 
+TEST_F(LexmillRun, ExplainsAStringAndEndsWithWhetherItIsKnown) {
+  EXPECT_EQ(Run({u"--preset", u"full", u"--explain", u"--Open...", u"refer"}), 3) << Errors();
+  EXPECT_EQ(
+      Output(),
+      "未译字串: “--Open...”\n  字串长度限制 (txtLenLimit=999999999): 9 个字符\n"
+      "  \\t 后的快捷键 (chkaMTab=1): 不变\n  热键 (chkaAndX=1): 不变\n"
+      "  前置、后置空格 (chkaLTrimSpace=1 chkaRTrimSpace=1): 不变\n"
+      "  末尾标点 (chkaBanMaoHao=1 chkaBanSenHao=1): “--Open”\n  大小写 (chkaUpperCase=0): 关\n"
+      "查找: “--Open”；译文后加 “...”\n参照字典 “" +
+          (folder_.Path() / "refer").string() + "”: 没有\n  没有相近的字串\n");
+  EXPECT_EQ(Run({u"refer", u"--explain", u"&Open"}), 0) << Errors();
+  EXPECT_EQ(Run({u"missing", u"--explain", u"&Open"}), 1);
+  EXPECT_EQ(Run({u"--explain", u"&Open"}), 2);
+  EXPECT_EQ(programs_.Listing(), "batch lexmill-run sqlite");
+}
+
 TEST_F(LexmillRun, PrintsTheReportAfterTheRows) {
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--report", u"-"}), 0) << Errors();
   EXPECT_NE(Output().find("\n译出 1 / 1 条\ntoDo\t1\n"), std::string::npos) << Output();
