@@ -10,6 +10,7 @@
 #include "glossary/ready_dictionary.h"
 #include "glossary/text_rules.h"
 #include "platform/expression/regular_expression.h"
+#include "platform/host/host_path.h"
 #include "platform/text/numbers.h"
 #include "platform/text/text.h"
 #include "run/reference_list.h"
@@ -113,7 +114,8 @@ class Explanation {
   }
 
   static std::u16string TitleOf(const Reference& reference) {
-    return (reference.isDatabase ? u"净化数据库 " : u"参照字典 ") + Quoted(reference.path) + u": ";
+    return (reference.isDatabase ? u"净化数据库 " : u"参照字典 ") +
+           Quoted(platform::FileName(reference.path)) + u": ";
   }
 
   bool SayReference(const Reference& reference, const DecomposedString& pieces) {

@@ -40,10 +40,6 @@ class Explanations : public WholeRun {
     const auto isKnown = ExplainWanted(arguments, output);
     ExpectNoTemporaryFiles();
     std::string text = output.str();
-    const std::string folder = dictionaries_.Path().string() + "/";
-    for (std::size_t at = 0; (at = text.find(folder)) != std::string::npos;) {
-      text.erase(at, folder.size());
-    }
     text.erase(0, text.find("\n查找: ") + 1);
     return text + (!isKnown ? "failed" : *isKnown ? "known" : "unknown");
   }
@@ -110,7 +106,8 @@ TEST_F(Explanations, FollowTheOptionsOfTheRun) {
             "净化数据库 “saved.db”: 已译出，不再查\nknown");
   TheRun().firstReferenceOnly = false;
   world_.window.txtLenLimit.Text(u"4");
-  EXPECT_EQ(Explained(u"Close", {"text"}), "字串太长，不查\nunknown");
+  EXPECT_TRUE(Explained(u"Close", {"text"})
+                  .ends_with(" (txtLenLimit=4): 5 个字符\n字串太长，不查\nunknown"));
 }
 
 TEST_F(Explanations, FailWithTheFileThatIsAtFault) {

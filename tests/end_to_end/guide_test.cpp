@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdlib>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -189,6 +190,12 @@ std::optional<Place> PlaceOf(const std::string& option, std::string_view guide) 
   return Place{begin + mark.size(), end - begin - mark.size()};
 }
 
+void RewriteGuide(const std::string& guide) {
+  if (std::getenv("LEXMILL_REWRITE_GUIDE") != nullptr) {
+    WriteBytes(kGuide, guide);
+  }
+}
+
 TEST_F(UserGuide, ShowsWhatEachOptionDoes) {
   std::string guide = ReadBytes(kGuide);
   for (const Example& example : Examples()) {
@@ -198,9 +205,22 @@ TEST_F(UserGuide, ShowsWhatEachOptionDoes) {
     EXPECT_EQ(guide.substr(place->begin, place->length), table);
     guide.replace(place->begin, place->length, table);
   }
-  if (std::getenv("LEXMILL_REWRITE_GUIDE") != nullptr) {
-    WriteBytes(kGuide, guide);
-  }
+  RewriteGuide(guide);
+}
+
+TEST_F(UserGuide, ShowsAnExplanation) {
+  ConsoleArguments arguments;
+  arguments.explained = uR"(&OPEN...\tCtrl+O)";
+  arguments.references = {u"../samples/ref.glo"};
+  std::ostringstream said;
+  EXPECT_EQ(ExplainWanted(arguments, said), false);
+  std::string guide = ReadBytes(kGuide);
+  const auto place = PlaceOf("--explain", guide);
+  ASSERT_TRUE(place);
+  const std::string block = "```\n" + said.str() + "```\n";
+  EXPECT_EQ(guide.substr(place->begin, place->length), block);
+  guide.replace(place->begin, place->length, block);
+  RewriteGuide(guide);
 }
 
 // A reader finds an option by the words that the window shows, or by its name.

@@ -155,8 +155,7 @@ TEST_F(LexmillRun, ExplainsAStringAndEndsWithWhetherItIsKnown) {
       "  \\t 后的快捷键 (chkaMTab=1): 不变\n  热键 (chkaAndX=1): 不变\n"
       "  前置、后置空格 (chkaLTrimSpace=1 chkaRTrimSpace=1): 不变\n"
       "  末尾标点 (chkaBanMaoHao=1 chkaBanSenHao=1): “--Open”\n  大小写 (chkaUpperCase=0): 关\n"
-      "查找: “--Open”；译文后加 “...”\n参照字典 “" +
-          (folder_.Path() / "refer").string() + "”: 没有\n  没有相近的字串\n");
+      "查找: “--Open”；译文后加 “...”\n参照字典 “refer”: 没有\n  没有相近的字串\n");
   EXPECT_EQ(Run({u"refer", u"--explain", u"&Open"}), 0) << Errors();
   EXPECT_EQ(Run({u"missing", u"--explain", u"&Open"}), 1);
   EXPECT_EQ(Run({u"--explain", u"&Open"}), 2);
