@@ -40,7 +40,7 @@ struct FailingCall {
   const char* name;
 };
 
-/// Each kind of call that a run makes; only playing back a journal cuts a file.
+/// Each kind of call that a run makes; none cuts a file (storage_fault_test.cpp).
 constexpr FailingCall kCalls[] = {
     {HostCall::Open, HostError::Device, "open"},
     {HostCall::Read, HostError::Device, "read"},

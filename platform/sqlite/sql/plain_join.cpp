@@ -45,7 +45,7 @@ struct Side {
 };
 
 std::optional<std::size_t> FindTextColumn(const Table& table, std::string_view name) {
-  const std::optional<std::size_t> column = FindColumn(table, name);
+  const std::optional<std::size_t> column = table.FindColumn(name);
   return column && table.columns[*column].isText ? column : std::nullopt;
 }
 

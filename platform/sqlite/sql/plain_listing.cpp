@@ -8,15 +8,6 @@
 
 namespace lexmill::platform::sqlite {
 
-std::optional<std::size_t> FindColumn(const Table& table, std::string_view name) {
-  for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    if (SameName(table.columns[i].name, name) && table.rowIdColumn != i) {
-      return i;
-    }
-  }
-  return std::nullopt;
-}
-
 bool PrintListing(Database& database, const PlainListing& listing, RowOutput& rows) {
   const Table* table = database.FindTable(listing.table);
   if (table == nullptr) {
@@ -24,7 +15,7 @@ bool PrintListing(Database& database, const PlainListing& listing, RowOutput& ro
   }
   std::vector<std::size_t> columns;
   for (const std::string_view name : listing.columns) {
-    const std::optional<std::size_t> column = FindColumn(*table, name);
+    const std::optional<std::size_t> column = table->FindColumn(name);
     if (!column) {
       return false;
     }

@@ -44,8 +44,8 @@ struct UpdateColumns {
 
 /// @return none if there are no such columns, or not of that kind
 std::optional<UpdateColumns> FindUpdateColumns(const Table& table, const PlainUpdate& update) {
-  const std::optional<std::size_t> key = FindColumn(table, update.KeyColumn());
-  const std::optional<std::size_t> value = FindColumn(table, update.ValueColumn());
+  const std::optional<std::size_t> key = table.FindColumn(update.KeyColumn());
+  const std::optional<std::size_t> value = table.FindColumn(update.ValueColumn());
   if (!key || !value || !Database::CanUpdateWhere(table, *key, *value)) {
     return std::nullopt;
   }
@@ -222,7 +222,7 @@ void Session::RunUpdate(std::string_view text) {
   Statement frame(database_, Statement::Access::Write);
   const Table& table = CheckWritable(update_.Table());
   for (const std::string_view name : {update_.KeyColumn(), update_.ValueColumn()}) {
-    if (!FindColumn(table, name)) {
+    if (!table.FindColumn(name)) {
       throw DatabaseError("no such column: " + std::string(name));
     }
   }

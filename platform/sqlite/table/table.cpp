@@ -12,6 +12,15 @@ char Lower(char letter) {
 
 }  // namespace
 
+std::optional<std::size_t> Table::FindColumn(std::string_view column) const {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (SameName(columns[i].name, column) && rowIdColumn != i) {
+      return i;
+    }
+  }
+  return std::nullopt;
+}
+
 const Index* Table::IndexOn(std::size_t column) const {
   const auto found = std::ranges::find_if(indexes, [column](const Index& index) {
     return index.isSearchable && index.columns.size() == 1 && index.columns.front() == column;

@@ -48,6 +48,9 @@ struct Table {
   /// The INTEGER PRIMARY KEY: stored as NULL, its value is the row's number.
   std::optional<std::size_t> rowIdColumn;
 
+  /// The position of a column that holds what is stored for it; none if the table has no such
+  /// column or if it is the row's number. Case does not count.
+  [[nodiscard]] std::optional<std::size_t> FindColumn(std::string_view column) const;
   /// A searchable index whose only column is `column`; null if there is none.
   [[nodiscard]] const Index* IndexOn(std::size_t column) const;
 };

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <array>
+#include <cstring>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -18,7 +20,37 @@ using platform::sqlite::DatabaseError;
 using platform::sqlite::Statement;
 using platform::sqlite::Table;
 
+using namespace std::string_literals;
+
 constexpr std::size_t kPage = 1024;
+constexpr std::size_t kPageHead = 8;
+/// Where these pages begin: the third and the fourth of the file.
+constexpr std::size_t kRootOfR = 2 * kPage;
+constexpr std::size_t kRootOfIndex = 3 * kPage;
+
+std::uint32_t PageOf(const std::string& bytes, std::size_t at) {
+  std::uint32_t page = 0;
+  std::memcpy(&page, &bytes[at], sizeof page);
+  return page;
+}
+
+void PutLink(std::string& bytes, std::size_t at, std::uint32_t page) {
+  std::memcpy(&bytes[at], &page, sizeof page);
+}
+
+/// Where the page at `page` keeps the numbers of its children, the last one first.
+std::vector<std::size_t> ChildLinks(const std::string& bytes, std::size_t page) {
+  const auto next = [&](std::size_t at) {
+    std::uint16_t cell = 0;
+    std::memcpy(&cell, &bytes[at], sizeof cell);
+    return cell;
+  };
+  std::vector<std::size_t> links = {page};
+  for (std::size_t cell = next(page + 4); cell != 0; cell = next(page + cell + 6)) {
+    links.push_back(page + cell);
+  }
+  return links;
+}
 
 class Damage : public DatabaseTest {
  protected:
@@ -86,6 +118,13 @@ class Damage : public DatabaseTest {
     return table;
   }
 
+  void ExpectMalformedRows(const std::string& bytes) const {
+    PutBytes(bytes);
+    Database database(path_);
+    EXPECT_EQ(ErrorOf([&] { std::ignore = Rows(database, "R"); }),
+              "database disk image is malformed");
+  }
+
   std::string good_;
 };
 
@@ -128,18 +167,54 @@ TEST_F(Damage, LoopsAreMalformed) {
   MakeGood();
   // The root of R is page 3: its right child and the left child of its first cell.
   for (const std::uint32_t target : {3U, 1U, 0xFFFFFFFFU}) {
-    for (const std::size_t at : {2 * kPage, 2 * kPage + 8}) {
+    for (const std::size_t at : {kRootOfR, kRootOfR + kPageHead}) {
       SCOPED_TRACE(std::to_string(target) + " at " + std::to_string(at));
       std::string bytes = good_;
-      for (std::size_t i = 0; i < 4; ++i) {
-        bytes[at + i] = static_cast<char>(target >> (8 * i));
-      }
-      PutBytes(bytes);
-      Database database(path_);
-      EXPECT_EQ(ErrorOf([&] { std::ignore = Rows(database, "R"); }),
-                "database disk image is malformed");
+      PutLink(bytes, at, target);
+      ExpectMalformedRows(bytes);
     }
   }
+}
+
+TEST_F(Damage, RowsOutOfOrderAndTextsWithoutEndAreMalformed) {
+  MakeGood();
+  std::string exchanged = good_;
+  const auto children = ChildLinks(good_, kRootOfR);
+  std::swap_ranges(&exchanged[children[0]], &exchanged[children[0] + 4], &exchanged[children[1]]);
+  ExpectMalformedRows(exchanged);
+  std::string unended = good_;
+  const std::string row = "key 299\0vvvvvvvvvv\0"s;
+  unended.at(unended.find(row) + row.size() - 1) = 'v';
+  ExpectMalformedRows(unended);
+}
+
+TEST_F(Damage, PagesThatShareChildrenAreMalformed) {
+  Change([](Database& database) {
+    MakeR(database, true);
+    for (int i = 0; i < 1000; ++i) {
+      Append(database, "R", {"same", ""});
+    }
+  });
+  // The first children of the index's root become copies of it, and each has but the next as child.
+  std::string bytes = Bytes();
+  const std::string root = bytes.substr(kRootOfIndex, kPage);
+  const auto rootLinks = ChildLinks(bytes, kRootOfIndex);
+  std::size_t at = kRootOfIndex;
+  for (std::size_t i = 0; i < 4; ++i) {
+    const std::uint32_t child = PageOf(root, rootLinks[i] - kRootOfIndex);
+    for (const std::size_t link : ChildLinks(bytes, at)) {
+      PutLink(bytes, link, child);
+    }
+    at = (child - 1) * kPage;
+    bytes.replace(at, kPage, i < 3 ? root : bytes.substr(at, kPage));
+  }
+  PutBytes(bytes);
+  EXPECT_EQ(ErrorOf([&] {
+              Database database(path_);
+              const Statement frame(database, Statement::Access::Read);
+              std::ignore = Search(database, Found(database), "same");
+            }),
+            "database disk image is malformed");
 }
 
 TEST_F(Damage, StatementsOfAFileAreNotCarriedOut) {
