@@ -36,7 +36,7 @@ class DatabaseListing {
     BuildListingScript(database, files_);
     std::ignore =
         cCaptureConsole().ShellConsole(files_.sBatFile, WorkFolder(), false, true, true, true);
-    if (!platform::FileSystemObject().FileExists(Path())) {
+    if (!TheRun().abandoned && !platform::FileSystemObject().FileExists(Path())) {
       DeleteAllFiles(files_);
       throw platform::Failure(1, u"净化数据库读不出来", database);
     }
@@ -79,6 +79,9 @@ class Reading {
 
   void ReadDatabase(const std::u16string& path) {
     const DatabaseListing listing(path);
+    if (TheRun().abandoned) {
+      return;
+    }
     Scan(listing.Path(), [this](const RecordScanner& scanner) {
       if (const auto pair = ReadGlossaryEntry(scanner)) {
         onEntry_({.source = pair->source,
