@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include "catalog/catalog.h"
 #include "catalog/catalog_dictionary.h"
@@ -16,6 +17,7 @@
 #include "platform/expression/regular_expression.h"
 #include "platform/failure.h"
 #include "platform/files/file_system.h"
+#include "run/catalog_notes.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/shared/option_set.h"
@@ -93,8 +95,12 @@ class Reading {
 
   void ReadDictionary(const std::u16string& path) {
     if (const auto catalog = CatalogAt(path)) {
-      ReadTranslated(*catalog, [this](std::u16string_view source, std::u16string_view target,
-                                      std::int64_t line) { Report(source, target, line); });
+      const EntryCounts unused =
+          ReadTranslated(*catalog, [this](std::u16string_view source, std::u16string_view target,
+                                          std::int64_t line) { Report(source, target, line); });
+      if (std::u16string sentence = UnusedSentence(*catalog, unused); !sentence.empty()) {
+        NoteHint(std::move(sentence));
+      }
     } else if (KindOf(path).format == DictionaryFormat::DianjingText) {
       ReadText(path);
     } else {

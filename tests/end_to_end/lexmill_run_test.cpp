@@ -173,6 +173,13 @@ TEST_F(LexmillRun, TellsHowItIsCalledAndItsVersion) {
   EXPECT_EQ(Run({u"--help"}), 0);
   EXPECT_TRUE(Output().starts_with("Usage: lexmill-run TODO REFER FINAL ")) << Output();
   EXPECT_EQ(Errors(), "");
+  std::string manual = ReadBytes(u"../docs/lexmill-run.1");
+  std::erase(manual, '\\');
+  const std::string help = Output();
+  for (std::size_t at = 0; (at = help.find(" --", at)) != std::string::npos; ++at) {
+    const std::string option = help.substr(at + 1, help.find_first_of(" .,\n]", at + 1) - at - 1);
+    EXPECT_NE(manual.find(option), std::string::npos) << option << " is not in the manual page";
+  }
   EXPECT_EQ(Run({u"todo", u"--version", u"--what"}), 0);
   EXPECT_EQ(Output(), "lexmill-run 0.14\n");
   EXPECT_EQ(Run({u"--what", u"--help"}), 2);
