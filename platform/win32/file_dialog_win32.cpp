@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/controls/dialogs.h"
 #include "platform/controls/program_end.h"
-#include "platform/host/host_path.h"
-#include "platform/win32/com_pointer.h"
 #include "platform/win32/wide_text.h"
 
 // clang-format off
-#include <shlobj.h>
+#include <commdlg.h>
 // clang-format on
 
 namespace lexmill::platform {
 namespace {
 
-using win32::ComPointer;
 using win32::Wide;
 
-constexpr DWORD kReadOnlyBox = 1;  ///< the box's number in the dialog
+// Enough for several files, whose folder the system writes once.
+constexpr std::size_t kAnswerUnits = 0x8000;
+using AnswerBuffer = std::array<wchar_t, kAnswerUnits>;
 
 // The folder of the process, put back at the end: a dialog goes to the folder that it shows.
 class KeptFolder {
@@ -34,154 +35,99 @@ class KeptFolder {
   std::wstring folder_;
 };
 
-void SetFilters(IFileDialog& dialog, const FileDialogRequest& request) {
-  std::vector<COMDLG_FILTERSPEC> filters;
-  for (const FileFilter& filter : request.filters) {
-    filters.push_back({Wide(filter.description), Wide(filter.patterns)});
-  }
-  if (!filters.empty()) {
-    dialog.SetFileTypes(static_cast<UINT>(filters.size()), filters.data());
-    dialog.SetFileTypeIndex(static_cast<UINT>(request.filterIndex > 0 ? request.filterIndex : 1));
-  }
+// The folder that the next dialog opens in if its caller names none; empty for the system's choice.
+std::u16string& LastFolder() {
+  static std::u16string folder;
+  return folder;
 }
 
-// Without a folder to start in the dialog opens where the last one was.
-void SetFolder(IFileDialog& dialog, const std::u16string& path) {
-  void* found = nullptr;
-  if (!path.empty() &&
-      SUCCEEDED(SHCreateItemFromParsingName(Wide(path), nullptr, __uuidof(IShellItem), &found))) {
-    const ComPointer<IShellItem> folder(static_cast<IShellItem*>(found));
-    dialog.SetFolder(folder.get());
+// The filters as the system reads them: both texts of each with a NUL after it, and one at the end.
+std::u16string ListOf(const std::vector<FileFilter>& filters) {
+  std::u16string list;
+  for (const FileFilter& filter : filters) {
+    list += filter.description + u'\0' + filter.patterns + u'\0';
   }
+  return list;
 }
 
-DWORD OptionsOf(const FileDialogRequest& request) {
-  constexpr DWORD kAlways = FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | FOS_PATHMUSTEXIST;
-  return kAlways | (request.fileMustExist ? FOS_FILEMUSTEXIST : 0U) |
-         (request.overwritePrompt ? FOS_OVERWRITEPROMPT : 0U) |
-         (request.multipleSelection ? FOS_ALLOWMULTISELECT : 0U);
+DWORD FlagsOf(const FileDialogRequest& request) {
+  const auto flagIf = [](bool set, DWORD flag) { return set ? flag : 0; };
+  return OFN_EXPLORER | OFN_NOCHANGEDIR | flagIf(request.fileMustExist, OFN_FILEMUSTEXIST) |
+         flagIf(request.overwritePrompt, OFN_OVERWRITEPROMPT) |
+         flagIf(request.multipleSelection, OFN_ALLOWMULTISELECT) |
+         flagIf(!request.readOnlyBox, OFN_HIDEREADONLY) | flagIf(request.readOnly, OFN_READONLY);
 }
 
-// What the user may add to a dialog's own parts; null if this system's dialogs have no room for it.
-ComPointer<IFileDialogCustomize> AddReadOnlyBox(IFileDialog& dialog,
-                                                const FileDialogRequest& request) {
-  void* found = nullptr;
-  if (!request.readOnlyBox ||
-      FAILED(dialog.QueryInterface(__uuidof(IFileDialogCustomize), &found))) {
-    return nullptr;
-  }
-  ComPointer<IFileDialogCustomize> parts(static_cast<IFileDialogCustomize*>(found));
-  parts->AddCheckButton(kReadOnlyBox, L"以只读方式打开", request.readOnly ? TRUE : FALSE);
-  return parts;
+// What the user has chosen: one path, or a folder and names, up to two NULs.
+std::u16string PathsIn(const AnswerBuffer& buffer, bool several) {
+  const std::wstring_view all(buffer.data(), buffer.size());
+  const std::wstring_view end(L"\0", several ? 2 : 1);
+  return win32::FromWide(all.substr(0, all.find(end)));
 }
 
-bool IsReadOnly(IFileDialogCustomize* parts) {
-  BOOL checked = FALSE;
-  if (parts != nullptr) {
-    parts->GetCheckButtonState(kReadOnlyBox, &checked);
+// The system's form of a request, and what it points to.
+class DialogOrder {
+ public:
+  explicit DialogOrder(const FileDialogRequest& request)
+      : filters_(ListOf(request.filters)),
+        folder_(request.initialFolder.empty() ? LastFolder() : request.initialFolder) {
+    std::copy_n(Wide(request.fileName), std::min(request.fileName.size(), kAnswerUnits - 1),
+                buffer_.data());
+    order_.lStructSize = sizeof order_;
+    order_.hwndOwner = request.overActiveWindow ? GetActiveWindow() : nullptr;
+    order_.lpstrFilter = Wide(filters_);
+    order_.nFilterIndex = static_cast<DWORD>(std::max(request.filterIndex, 1));
+    order_.lpstrFile = buffer_.data();
+    order_.nMaxFile = static_cast<DWORD>(buffer_.size());
+    order_.lpstrInitialDir = folder_.empty() ? nullptr : Wide(folder_);
+    order_.lpstrTitle = Wide(request.title);
+    order_.lpstrDefExt =
+        request.defaultExtension.empty() ? nullptr : Wide(request.defaultExtension);
+    order_.Flags = FlagsOf(request);
   }
-  return checked != FALSE;
-}
+  DialogOrder(const DialogOrder&) = delete;
+  DialogOrder& operator=(const DialogOrder&) = delete;
 
-void SetUp(IFileDialog& dialog, const FileDialogRequest& request) {
-  dialog.SetTitle(Wide(request.title));
-  DWORD options = 0;
-  dialog.GetOptions(&options);
-  constexpr DWORD kAsked = FOS_OVERWRITEPROMPT | FOS_FILEMUSTEXIST;
-  dialog.SetOptions((options & ~kAsked) | OptionsOf(request));
-  SetFilters(dialog, request);
-  SetFolder(dialog, request.initialFolder);
-  if (!request.fileName.empty()) {
-    dialog.SetFileName(Wide(request.fileName));
-  }
-  if (!request.defaultExtension.empty()) {
-    dialog.SetDefaultExtension(Wide(request.defaultExtension));
-  }
-}
+  [[nodiscard]] OPENFILENAMEW& Order() { return order_; }
 
-std::u16string PathOf(IShellItem& item) {
-  wchar_t* text = nullptr;
-  if (FAILED(item.GetDisplayName(SIGDN_FILESYSPATH, &text))) {
-    return {};
+  [[nodiscard]] FileDialogAnswer Answer() const {
+    FileDialogAnswer answer;
+    answer.path = PathsIn(buffer_, (order_.Flags & OFN_ALLOWMULTISELECT) != 0);
+    answer.filterIndex = static_cast<std::int32_t>(order_.nFilterIndex);
+    answer.readOnly = (order_.Flags & OFN_READONLY) != 0;
+    return answer;
   }
-  std::u16string path = win32::FromWide(text);
-  CoTaskMemFree(text);
-  return path;
-}
 
-std::vector<std::u16string> PathsOf(IFileOpenDialog& dialog) {
-  IShellItemArray* array = nullptr;
-  if (FAILED(dialog.GetResults(&array))) {
-    return {};
-  }
-  const ComPointer<IShellItemArray> chosen(array);
-  DWORD count = 0;
-  chosen->GetCount(&count);
-  std::vector<std::u16string> paths;
-  for (DWORD i = 0; i < count; ++i) {
-    IShellItem* item = nullptr;
-    if (SUCCEEDED(chosen->GetItemAt(i, &item))) {
-      paths.push_back(PathOf(*ComPointer<IShellItem>(item)));
-    }
-  }
-  return paths;
-}
+ private:
+  std::u16string filters_;
+  std::u16string folder_;
+  AnswerBuffer buffer_ = {};
+  OPENFILENAMEW order_ = {};
+};
 
-std::vector<std::u16string> PathsOf(IFileSaveDialog& dialog) {
-  IShellItem* item = nullptr;
-  if (FAILED(dialog.GetResult(&item))) {
-    return {};
-  }
-  return {PathOf(*ComPointer<IShellItem>(item))};
-}
-
-// One path as it is; of several the folder and each name, with a NUL between two.
-std::u16string JoinPaths(const std::vector<std::u16string>& paths) {
-  if (paths.size() == 1) {
-    return paths.front();
-  }
-  const std::u16string_view first = paths.front();
-  std::u16string joined(first.substr(0, first.size() - FileName(first).size() - 1));
-  for (const std::u16string& path : paths) {
-    joined += u'\0';
-    joined += FileName(path);
-  }
-  return joined;
-}
-
-template <class Dialog>
-std::optional<FileDialogAnswer> Ask(const CLSID& kind, const FileDialogRequest& request) {
-  const KeptFolder folder;
-  const auto dialog = win32::MakeObject<Dialog>(kind);
-  if (dialog == nullptr || ProgramEnd::IsAsked()) {
+std::optional<FileDialogAnswer> Ask(decltype(GetOpenFileNameW)& show,
+                                    const FileDialogRequest& request) {
+  if (ProgramEnd::IsAsked()) {
     return std::nullopt;
   }
-  SetUp(*dialog, request);
-  const auto parts = AddReadOnlyBox(*dialog, request);
-  if (FAILED(dialog->Show(request.overActiveWindow ? GetActiveWindow() : nullptr))) {
+  const KeptFolder kept;
+  const auto order = std::make_unique<DialogOrder>(request);
+  if (show(&order->Order()) == FALSE) {
     return std::nullopt;
   }
-  const auto paths = PathsOf(*dialog);
-  if (paths.empty()) {
-    return std::nullopt;
-  }
-  UINT filter = 1;
-  dialog->GetFileTypeIndex(&filter);
-  FileDialogAnswer answer;
-  answer.path = JoinPaths(paths);
-  answer.filterIndex = static_cast<std::int32_t>(filter);
-  answer.readOnly = IsReadOnly(parts.get());
+  const FileDialogAnswer answer = order->Answer();
+  LastFolder() = answer.path.substr(0, order->Order().nFileOffset);
   return answer;
 }
 
 }  // namespace
 
 std::optional<FileDialogAnswer> ShowOpenDialog(const FileDialogRequest& request) {
-  return Ask<IFileOpenDialog>(CLSID_FileOpenDialog, request);
+  return Ask(GetOpenFileNameW, request);
 }
 
 std::optional<FileDialogAnswer> ShowSaveDialog(const FileDialogRequest& request) {
-  return Ask<IFileSaveDialog>(CLSID_FileSaveDialog, request);
+  return Ask(GetSaveFileNameW, request);
 }
 
 }  // namespace lexmill::platform

@@ -69,6 +69,10 @@ bool TakeLetter(Form& form, const MSG& message) {
   if (control == nullptr && !IsDown(VK_CONTROL)) {
     control = WithHotKey(form, key);
   }
+  // The system has to know that a key came, lest it take the end of Alt for a call of the menu.
+  if (control != nullptr && message.message == WM_SYSKEYDOWN) {
+    DefWindowProcW(message.hwnd, message.message, message.wParam, message.lParam);
+  }
   if (control != nullptr && !IsRepeated(message)) {
     form.UserPressesShortcut(*control);
   }
