@@ -11,7 +11,9 @@
 #include "platform/text/ansi_text.h"
 #include "run/catalog_notes.h"
 #include "run/shared/option_set.h"
+#include "run/shared/progress_tick.h"
 #include "run/shared/run_state.h"
+#include "window/frmMain.h"
 
 namespace lexmill {
 namespace {
@@ -20,6 +22,8 @@ using modMain::DictionaryFormat;
 using platform::TextEncoding;
 
 constexpr std::int32_t kOwnFailure = 1;
+constexpr std::int16_t kReferenceRow = 0;
+constexpr std::int16_t kToDoRow = 1;
 
 // A catalog counts as a glossary in UTF-8, which is what a result has that takes after it; its
 // stand-in is one in the code page, which has every character.
@@ -38,13 +42,33 @@ void AddPassedOver(const std::u16string& path, const EntryCounts& counts) {
   dropped.inlined += counts.inlined;
 }
 
-OnPair WriterOf(platform::TextWriter& writer) {
-  return [&writer, line = std::u16string()](std::u16string_view source,
-                                            std::u16string_view target) mutable {
-    line.assign(source).append(1, u'\t').append(target);
-    writer.WriteLine(line);
-  };
-}
+/// Writes the entries of a catalog, and lets the window's pending events run meanwhile.
+class StandInWriter {
+ public:
+  /// @param row  the row of the window that shows the progress
+  StandInWriter(const std::u16string& path, std::int16_t row)
+      : writer_(platform::FileSystemObject().CreateTextFile(path, true)) {
+    progress_.StateLabel(frmMain::Instance().lblState(row));
+    progress_.Start();
+  }
+
+  void Write(std::u16string_view source, std::u16string_view target) {
+    constexpr std::int64_t kEntriesBetweenLooks = 256;
+    if (count_++ % kEntriesBetweenLooks == 0) {
+      progress_.ShowStarIfDue();
+    }
+    line_.assign(source).append(1, u'\t').append(target);
+    writer_.WriteLine(line_);
+  }
+
+  void Close() { writer_.Close(); }
+
+ private:
+  platform::TextWriter writer_;
+  ProgressTick progress_;
+  std::int64_t count_ = 0;
+  std::u16string line_;
+};
 
 }  // namespace
 
@@ -89,8 +113,11 @@ void CatalogRun::TakeUntranslated(const std::u16string& toDo,
   const CatalogOptions& options = TheRun().catalogOptions;
   toDo_ = OpenCatalog(toDo, *format, options);
   const std::u16string glossary = DrawGlossary(toDo);
-  auto writer = platform::FileSystemObject().CreateTextFile(glossary, true);
-  const EntryCounts others = ReadUntranslated(*toDo_, options, WriterOf(writer));
+  StandInWriter writer(glossary, kToDoRow);
+  const EntryCounts others = ReadUntranslated(
+      *toDo_, options, [&writer](std::u16string_view source, std::u16string_view target) {
+        writer.Write(source, target);
+      });
   writer.Close();
   TheRun().counts.alreadyTranslated += others.translated;
   AddPassedOver(toDo, others);
@@ -117,10 +144,10 @@ void CatalogRun::AddReference(const Catalog& catalog) {
     return;
   }
   const std::u16string glossary = DrawGlossary(catalog.path);
-  auto writer = platform::FileSystemObject().CreateTextFile(glossary, true);
-  const EntryCounts unused = ReadTranslated(
-      catalog, [write = WriterOf(writer)](std::u16string_view source, std::u16string_view target,
-                                          std::int64_t /*line*/) { write(source, target); });
+  StandInWriter writer(glossary, kReferenceRow);
+  const EntryCounts unused =
+      ReadTranslated(catalog, [&writer](std::u16string_view source, std::u16string_view target,
+                                        std::int64_t /*line*/) { writer.Write(source, target); });
   writer.Close();
   AddPassedOver(catalog.path, unused);
   TheRun().standIns.references[catalog.path] = glossary;

@@ -40,6 +40,9 @@ void PlacedLines::Decode() const {
 // or from its end.
 std::int64_t PlacedLines::PlaceOf(std::size_t unit) const {
   const std::u16string_view text = Text();
+  if (unit == text.size()) {
+    return range_.end - static_cast<std::int64_t>(end_.size());
+  }
   if (unit <= text.size() / 2) {
     return range_.begin + BytesOf(text.substr(0, unit));
   }

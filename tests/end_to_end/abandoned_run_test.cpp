@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs whose user asks twice to close the window, at every moment at which it listens.
+#include <utility>
+
 #include "platform/host/clock.h"
 #include "tests/end_to_end/whole_run.h"
 
@@ -36,9 +38,13 @@ class AbandonedRun : public WholeRun {
 };
 
 TEST_F(AbandonedRun, LeavesTheEarlierResultAndNoTemporaryFile) {
-  for (const auto* dictionary : {"a\ta\nb\tb\n", "1:a\na\n2:b\nb\n"}) {
+  constexpr const char* kGlossary = "a\tx\nb\ty\n";
+  constexpr const char* kTable = "source,target\na,x\nb,y\n";
+  for (const auto& [dictionary, reference] :
+       {std::pair("a\ta\nb\tb\n", kGlossary), std::pair("1:a\na\n2:b\nb\n", kGlossary),
+        std::pair("msgid \"a\"\nmsgstr \"\"\nmsgid \"b\"\nmsgstr \"\"\n", kTable)}) {
     WriteBytes(Dictionary("todo"), dictionary);
-    WriteBytes(Dictionary("refer"), "a\tx\nb\ty\n");
+    WriteBytes(Dictionary("refer"), reference);
     int moment = 0;
     for (; Run(moment); ++moment) {
       SCOPED_TRACE(std::string(dictionary) + " at " + std::to_string(moment));
