@@ -29,7 +29,8 @@ using OnReferenceEntry = std::function<void(const ReferenceEntry&)>;
 
 /// Reads a reference of any kind to its end, or until the run is abandoned, and reports its entries
 /// in their order. Keeps the kind of a dictionary in the run's state, and notes what of a catalog
-/// is of no use. A database is listed by the `batch` and `sqlite` programs; no file of that is left.
+/// is of no use. A database is listed by the `batch` and `sqlite` programs; no file of that is
+/// left.
 /// @throws platform::Failure for a file that can't be read or is of no known format, and as
 ///   ReferenceRules, and whatever `onEntry` throws
 void ForEachReferenceEntry(const Reference& reference, const OnReferenceEntry& onEntry);
