@@ -190,6 +190,7 @@ int PerformRun(const lexmill::ConsoleArguments& arguments) {
 
 int main(int argc, char** argv) {
   lexmill::platform::SurviveFileSizeLimit();
+  lexmill::platform::PrepareOutput();
   const auto arguments = lexmill::ReadConsoleArguments(WordsAfterName(argc, argv));
   if (const auto* wrong = std::get_if<lexmill::WrongArguments>(&arguments)) {
     return RefuseArguments(wrong->reason);

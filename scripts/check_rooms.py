@@ -30,8 +30,9 @@ LINE = [
 PLATFORM = LINE[: LINE.index("foundation")]
 SQLITE = [f"platform/sqlite{folder}" for folder in ("", "/file", "/tree", "/table", "/sql", "/shell")]
 TWIN = "platform/host/posix"
+WINDOWS_TWIN = "platform/host/win32"
 SIDE = {
-    TWIN: LINE[: LINE.index("platform/host") + 1],
+    **{twin: LINE[: LINE.index("platform/host") + 1] for twin in (TWIN, WINDOWS_TWIN)},
     "platform/qt": [*PLATFORM, TWIN],
     "platform/win32": PLATFORM,
     "platform/headless": PLATFORM,
@@ -51,12 +52,13 @@ OUTSIDE = {
     r"unicode/.*": ["platform/text"],
     r"(expat|csv)\.h": ["platform/interchange"],
     # Of the system, and what the standard library says in the system's terms.
-    r"sys/.*|(unistd|fcntl|poll|spawn|dirent|pwd|termios|dlfcn)\.h|c?(signal|errno)(\.h)?": [
+    r"fcntl\.h": [TWIN, WINDOWS_TWIN],
+    r"sys/.*|(unistd|poll|spawn|dirent|pwd|termios|dlfcn)\.h|c?(signal|errno)(\.h)?": [
         TWIN,
         "platform/qt",
     ],
-    r"(win[a-z]*|commctrl|objbase|ole2|oleacc|gdiplus|sh(ellapi|lobj|lwapi))\.h": [
-        "platform/host/win32",
+    r"(win[a-z]*|commctrl|objbase|ole2|oleacc|gdiplus|sh(ellapi|lobj|lwapi)|aclapi|io)\.h": [
+        WINDOWS_TWIN,
         "platform/win32",
     ],
     # There is one thread.

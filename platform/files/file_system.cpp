@@ -2,8 +2,6 @@
 #include "platform/files/file_system.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 #include "platform/files/opened_file.h"
 #include "platform/host/clock.h"
@@ -91,12 +89,11 @@ TextWriter FileSystemObject::CreateTextFile(std::u16string_view path, bool overw
 }
 
 std::optional<std::int64_t> ModificationTime(std::u16string_view path) {
-  if (!FileSystemObject().FileExists(path)) {
+  if (!IsFileName(path)) {
     return std::nullopt;
   }
-  std::error_code failed;
-  const auto time = std::filesystem::last_write_time(HostPath(path).Native(), failed);
-  return failed ? std::nullopt : std::optional<std::int64_t>(time.time_since_epoch().count());
+  const auto status = StatusOf(HostPath(path));
+  return status && status->kind != FileKind::Folder ? std::optional(status->changed) : std::nullopt;
 }
 
 std::string ReadBinary(std::u16string_view path, std::int64_t offset, std::size_t length) {

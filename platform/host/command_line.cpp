@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/command_line.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "platform/host/application.h"
+#include "platform/host/host_file.h"
 #include "platform/host/host_path.h"
 #include "platform/text/text.h"
 
@@ -15,9 +13,9 @@ bool IsBatchFile(std::u16string_view path, std::u16string_view currentDirectory)
   if (!LowerCase(path).ends_with(u".bat")) {
     return false;
   }
-  const HostPath folder(currentDirectory);
-  std::error_code none;
-  return std::filesystem::is_regular_file(folder.Native() / HostPath(path).Native(), none);
+  const auto status = StatusOf(
+      HostPath(currentDirectory.empty() ? std::u16string(path) : PathFrom(currentDirectory, path)));
+  return status && status->kind == FileKind::Regular;
 }
 
 /// The words of a line that goes to the batch interpreter by `/c`; none for any other line.

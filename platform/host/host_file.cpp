@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/host_file.h"
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "platform/host/host_faults.h"
@@ -141,17 +139,6 @@ HostOutcome HostFile::Close() {
   // Closed in any case, since a host that reports a failure here has closed the file all the same.
   const auto closed = system::Close(std::exchange(handle_, HostHandle::None));
   return Ask(HostCall::Close, [&closed] { return closed; });
-}
-
-std::vector<std::u16string> NamesIn(const HostPath& folder) {
-  std::vector<std::u16string> names;
-  std::error_code failure;
-  std::filesystem::directory_iterator entry(folder.Native(), failure);
-  while (!failure && entry != std::filesystem::directory_iterator()) {
-    names.push_back(HostPath::FromNative(entry->path().filename()).Text());
-    entry.increment(failure);
-  }
-  return names;
 }
 
 HostOutcome RenameFile(const HostPath& from, const HostPath& to) {

@@ -21,8 +21,9 @@ enum class FileKind { Regular, Folder, Other };
 /// What the host says of a file.
 struct FileStatus {
   FileKind kind = FileKind::Other;
-  std::int64_t size = 0;  ///< bytes; 0 for a pipe or a device
-  bool hasName = true;    ///< false for a file that was removed while open
+  std::int64_t size = 0;     ///< bytes; 0 for a pipe or a device
+  bool hasName = true;       ///< false for a file that was removed while open
+  std::int64_t changed = 0;  ///< when it was last written to; to compare with another such moment
 };
 
 /// What a file is opened for.

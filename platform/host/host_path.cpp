@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/host_path.h"
 
-#include <system_error>
+#include <algorithm>
 #include <utility>
+
+#include "platform/host/system_path.h"
 
 namespace lexmill::platform {
 namespace {
@@ -21,12 +23,14 @@ HostPath HostPath::FromNative(std::filesystem::path native) {
 }
 
 std::u16string ParentFolder(std::u16string_view path) {
-  const std::u16string_view before = FolderPart(WithoutLastSeparators(path));
-  if (before.empty()) {
+  const std::size_t root = system::RootLength(path);
+  const std::u16string_view name = WithoutLastSeparators(path.substr(root));
+  if (name.empty()) {
     return {};
   }
-  const std::u16string_view folder = WithoutLastSeparators(before);
-  return std::u16string(folder.empty() ? path.substr(0, 1) : folder);
+  const auto end = name.find_last_of(kPathSeparators);
+  const std::u16string_view folder = WithoutLastSeparators(name.substr(0, end + 1));
+  return std::u16string(path.substr(0, root + folder.size()));
 }
 
 std::u16string_view FileName(std::u16string_view path) {
@@ -34,33 +38,18 @@ std::u16string_view FileName(std::u16string_view path) {
 }
 
 std::u16string_view FolderPart(std::u16string_view path) {
-  return path.substr(0, path.find_last_of(kPathSeparators) + 1);
+  return path.substr(0, std::max(path.find_last_of(kPathSeparators) + 1, system::RootLength(path)));
 }
 
 std::u16string PathFrom(std::u16string_view folder, std::u16string_view path) {
-  const bool isAbsolute = HostPath(path).Native().is_absolute();
-  return (isAbsolute ? std::u16string() : WithSeparator(folder)) + std::u16string(path);
+  const bool hasRoot = system::RootLength(path) > 0;
+  return (hasRoot ? std::u16string() : WithSeparator(folder)) + std::u16string(path);
 }
 
 std::u16string WithSeparator(std::u16string_view folder) {
   std::u16string result(WithoutLastSeparators(folder));
   result += kPathSeparators.front();
   return result;
-}
-
-std::u16string AbsolutePath(std::u16string_view path) {
-  std::error_code refused;
-  const auto absolute = std::filesystem::absolute(HostPath(path).Native(), refused);
-  return refused ? std::u16string(path) : HostPath::FromNative(absolute).Text();
-}
-
-std::u16string NormalPath(std::u16string_view path) {
-  return HostPath::FromNative(HostPath(path).Native().lexically_normal()).Text();
-}
-
-std::u16string CurrentFolder() {
-  std::error_code none;
-  return HostPath::FromNative(std::filesystem::current_path(none)).Text();
 }
 
 }  // namespace lexmill::platform

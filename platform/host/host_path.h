@@ -36,7 +36,7 @@ class HostPath {
 [[nodiscard]] std::u16string ParentFolder(std::u16string_view path);
 /// What follows the last separator of `path`.
 [[nodiscard]] std::u16string_view FileName(std::u16string_view path);
-/// `path` itself if it is absolute, else `path` taken from `folder`.
+/// `path` itself if it begins with a root, else `path` taken from `folder`.
 [[nodiscard]] std::u16string PathFrom(std::u16string_view folder, std::u16string_view path);
 /// What `path` has before FileName, with the separator; empty if there is none.
 [[nodiscard]] std::u16string_view FolderPart(std::u16string_view path);

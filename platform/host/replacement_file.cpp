@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/host/system_file.h"
+#include "platform/host/system_path.h"
 #include "platform/host/system_process.h"
 #include "platform/text/text.h"
 

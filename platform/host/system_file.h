@@ -41,8 +41,4 @@ void TakeOver(HostHandle handle, const HostPath& older);
 /// though files can be created beside it.
 [[nodiscard]] bool MayReplace(const HostPath& path);
 
-/// The most that a folder takes as a name, as NameLength counts.
-inline constexpr std::size_t kLongestName = 255;
-[[nodiscard]] std::size_t NameLength(std::u16string_view name);
-
 }  // namespace lexmill::platform::system

@@ -5,11 +5,13 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <system_error>
 #include <tuple>
 
 #include "platform/host/posix/descriptor.h"
 #include "platform/host/posix/error.h"
 #include "platform/host/posix/path.h"
+#include "platform/host/same_file.h"
 #include "platform/host/system_file.h"
 
 namespace lexmill::platform::system {
@@ -74,6 +76,7 @@ FileStatus ToFileStatus(const struct stat& host) {
     status.kind = FileKind::Folder;
   }
   status.hasName = host.st_nlink > 0;
+  status.changed = std::int64_t{host.st_mtim.tv_sec} * 1'000'000'000 + host.st_mtim.tv_nsec;
   return status;
 }
 
@@ -226,6 +229,22 @@ HostResult<FileStatus> StatusOf(const HostPath& path) {
     return system::LastError();
   }
   return system::ToFileStatus(host);
+}
+
+std::vector<std::u16string> NamesIn(const HostPath& folder) {
+  std::vector<std::u16string> names;
+  std::error_code failure;
+  std::filesystem::directory_iterator entry(folder.Native(), failure);
+  while (!failure && entry != std::filesystem::directory_iterator()) {
+    names.push_back(HostPath::FromNative(entry->path().filename()).Text());
+    entry.increment(failure);
+  }
+  return names;
+}
+
+bool IsSameFile(std::u16string_view path, std::u16string_view other) {
+  std::error_code missing;
+  return std::filesystem::equivalent(HostPath(path).Native(), HostPath(other).Native(), missing);
 }
 
 HostOutcome MayWrite(const HostPath& path) {

@@ -42,4 +42,6 @@ bool IsTerminal(StandardStream stream) {
   return isatty(DescriptorOf(stream)) != 0;
 }
 
+void PrepareOutput() {}  // bytes are bytes here, and terminals take UTF-8
+
 }  // namespace lexmill::platform

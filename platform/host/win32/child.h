@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// platform/host/win32: what is kept of a started program.
+#pragma once
+
+#include <utility>
+
+#include "platform/host/system_process.h"
+#include "platform/host/win32/handle.h"
+
+namespace lexmill::platform::system {
+
+class Child {
+ public:
+  Child(OwnedHandle started, OwnedHandle itsJob)
+      : process(std::move(started)), job(std::move(itsJob)) {}
+
+  OwnedHandle process;
+  OwnedHandle job;  ///< holds a family of its own; not open for a shared one
+};
+
+}  // namespace lexmill::platform::system

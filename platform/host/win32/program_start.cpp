@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <vector>
+
+#include "platform/host/system_process.h"
+#include "platform/host/win32/child.h"
+#include "platform/host/win32/error.h"
+#include "platform/host/win32/handle.h"
+#include "platform/host/win32/path.h"
+#include "platform/host/win32/program_search.h"
+#include "platform/host/win32/wide.h"
+
+namespace lexmill::platform::system {
+namespace {
+
+/// An argument as programs read it back: backslashes count only before a quote, where each is
+/// doubled, and the quote has one more.
+std::wstring Quoted(std::wstring_view word) {
+  if (!word.empty() && word.find_first_of(L" \t\n\v\"") == std::wstring_view::npos) {
+    return std::wstring(word);
+  }
+  std::wstring result = L"\"";
+  std::size_t backslashes = 0;
+  for (const wchar_t unit : word) {
+    if (unit == L'"') {
+      result.append(backslashes + 1, L'\\');
+    }
+    backslashes = unit == L'\\' ? backslashes + 1 : 0;
+    result += unit;
+  }
+  return result.append(backslashes, L'\\') + L"\"";
+}
+
+/// The program's name is read by another rule: up to the next quote, whatever is before it.
+std::wstring CommandLineOf(const std::vector<std::u16string>& words) {
+  std::wstring line = L"\"" + Wide(words[0]) + L"\"";
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    line += L" " + Quoted(Wide(words[i]));
+  }
+  return line;
+}
+
+/// A handle for the child, of `file` or of the empty device; it alone will inherit it.
+HostResult<OwnedHandle> ForChild(const HostFile* file) {
+  HostFile empty;
+  if (file == nullptr) {
+    auto device = HostFile::Open(HostPath(kNullDevice), OpenMode::ReadWrite);
+    if (!device) {
+      return device.Error();
+    }
+    empty = *std::move(device);
+    file = &empty;
+  }
+  const HANDLE self = GetCurrentProcess();
+  HANDLE copy = nullptr;
+  if (!file->IsOpen() || ::DuplicateHandle(self, HandleOf(file->Handle()), self, &copy, 0, TRUE,
+                                           DUPLICATE_SAME_ACCESS) == 0) {
+    return file->IsOpen() ? LastError() : HostError::Device;
+  }
+  return OwnedHandle(copy);
+}
+
+using Streams = std::array<OwnedHandle, 3>;
+
+HostResult<Streams> StreamsForChild(const ProgramStart& start) {
+  const std::array files = {start.standardInput, start.standardOutput, start.standardError};
+  Streams streams;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    auto stream = ForChild(files[i]);
+    if (!stream) {
+      return stream.Error();
+    }
+    streams[i] = *std::move(stream);
+  }
+  return streams;
+}
+
+/// What a new process begins with: the three streams, which are all that it inherits.
+class StartupInformation {
+ public:
+  explicit StartupInformation(const Streams& streams) {
+    for (std::size_t i = 0; i < streams.size(); ++i) {
+      handles_[i] = streams[i].Get();
+    }
+    SIZE_T size = 0;
+    InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+    attributes_.resize(size);
+    information_.StartupInfo.cb = sizeof information_;
+    information_.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
+    information_.StartupInfo.hStdInput = handles_[0];
+    information_.StartupInfo.hStdOutput = handles_[1];
+    information_.StartupInfo.hStdError = handles_[2];
+    const auto list = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes_.data());
+    if (InitializeProcThreadAttributeList(list, 1, 0, &size) != 0) {
+      information_.lpAttributeList = list;
+      isComplete_ =
+          UpdateProcThreadAttribute(list, 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_.data(),
+                                    sizeof handles_, nullptr, nullptr) != 0;
+    }
+  }
+  ~StartupInformation() {
+    if (information_.lpAttributeList != nullptr) {
+      DeleteProcThreadAttributeList(information_.lpAttributeList);
+    }
+  }
+  StartupInformation(const StartupInformation&) = delete;
+  StartupInformation& operator=(const StartupInformation&) = delete;
+
+  [[nodiscard]] bool IsComplete() const { return isComplete_; }
+  [[nodiscard]] STARTUPINFOW* Get() { return &information_.StartupInfo; }
+
+ private:
+  std::array<HANDLE, 3> handles_{};
+  std::vector<char> attributes_;
+  STARTUPINFOEXW information_{};
+  bool isComplete_ = false;
+};
+
+/// A family of its own gets a console without a window, which no key on ours reaches. Any other
+/// shares ours, if there is one.
+DWORD FlagsFor(Family family) {
+  const bool hasConsole = GetConsoleCP() != 0;
+  const bool isHidden = family == Family::Own || !hasConsole;
+  return EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT |
+         (isHidden ? CREATE_NO_WINDOW : 0);
+}
+
+/// Puts a process that hasn't begun into a job of its own.
+HostResult<OwnedHandle> JobFor(HANDLE process) {
+  OwnedHandle job(CreateJobObjectW(nullptr, nullptr));
+  if (!job.IsOpen() || AssignProcessToJobObject(job.Get(), process) == 0) {
+    return LastError();
+  }
+  return job;
+}
+
+HostResult<PROCESS_INFORMATION> Created(const ProgramStart& start, const std::wstring& file,
+                                        const Streams& streams, Family family) {
+  StartupInformation information(streams);
+  std::wstring line = CommandLineOf(start.words);
+  const std::wstring folder = Wide(start.directory);
+  PROCESS_INFORMATION process = {};
+  if (!information.IsComplete() ||
+      CreateProcessW(file.c_str(), line.data(), nullptr, nullptr, TRUE, FlagsFor(family), nullptr,
+                     folder.empty() ? nullptr : folder.c_str(), information.Get(), &process) == 0) {
+    return LastError();
+  }
+  return process;
+}
+
+}  // namespace
+
+HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
+  const auto file =
+      start.words.empty() ? std::nullopt : ProgramFile(start.words[0], start.directory);
+  if (!file) {
+    return HostError::NotFound;
+  }
+  const auto streams = StreamsForChild(start);
+  if (!streams) {
+    return streams.Error();
+  }
+  const auto created = Created(start, *file, *streams, family);
+  if (!created) {
+    return created.Error();
+  }
+  OwnedHandle process(created->hProcess);
+  const OwnedHandle thread(created->hThread);
+  OwnedHandle job;
+  if (family == Family::Own) {
+    auto made = JobFor(process.Get());
+    if (!made) {
+      TerminateProcess(process.Get(), kExitByForce);
+      return made.Error();
+    }
+    job = *std::move(made);
+  }
+  ResumeThread(thread.Get());
+  return std::make_shared<Child>(std::move(process), std::move(job));
+}
+
+}  // namespace lexmill::platform::system

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "platform/host/standard_streams.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+#include <iostream>
+#include <optional>
+#include <streambuf>
+
+#include "platform/host/win32/handle.h"
+#include "platform/host/win32/wide.h"
+#include "platform/text/text.h"
+
+namespace lexmill::platform {
+namespace {
+
+HANDLE StandardHandle(StandardStream stream) {
+  switch (stream) {
+    case StandardStream::Input:
+      return GetStdHandle(STD_INPUT_HANDLE);
+    case StandardStream::Output:
+      return GetStdHandle(STD_OUTPUT_HANDLE);
+    case StandardStream::Error:
+      break;
+  }
+  return GetStdHandle(STD_ERROR_HANDLE);
+}
+
+/// Length of `bytes` without the character at its end that isn't whole.
+std::size_t WholeLength(std::string_view bytes) {
+  std::size_t end = bytes.size();
+  while (end > 0 && bytes.size() - end < 3 && (bytes[end - 1] & 0xC0) == 0x80) {
+    --end;
+  }
+  return end > 0 && (bytes[end - 1] & 0xC0) == 0xC0 ? end - 1 : bytes.size();
+}
+
+/// Shows UTF-8 on a console, whatever page it has.
+class ConsoleBuffer : public std::streambuf {
+ public:
+  explicit ConsoleBuffer(HANDLE console) : console_(console) {}
+
+ protected:
+  int_type overflow(int_type unit) override {
+    if (!traits_type::eq_int_type(unit, traits_type::eof())) {
+      pending_ += traits_type::to_char_type(unit);
+    }
+    return traits_type::not_eof(unit);
+  }
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    pending_.append(bytes, static_cast<std::size_t>(count));
+    return count;
+  }
+  int sync() override {
+    const std::size_t length = WholeLength(pending_);
+    const std::wstring text = system::Wide(FromUtf8(pending_.substr(0, length)));
+    pending_.erase(0, length);
+    DWORD written = 0;
+    return WriteConsoleW(console_, text.data(), static_cast<DWORD>(text.size()), &written,
+                         nullptr) != 0
+               ? 0
+               : -1;
+  }
+
+ private:
+  HANDLE console_;
+  std::string pending_;
+};
+
+/// A stream of the library that writes to a console, for the rest of the program.
+class ConsoleStream {
+ public:
+  ConsoleStream(std::ostream& stream, HANDLE console)
+      : stream_(stream), buffer_(console), former_(stream.rdbuf(&buffer_)) {}
+  ~ConsoleStream() {
+    stream_.flush();
+    stream_.rdbuf(former_);
+  }
+  ConsoleStream(const ConsoleStream&) = delete;
+  ConsoleStream& operator=(const ConsoleStream&) = delete;
+
+ private:
+  std::ostream& stream_;
+  ConsoleBuffer buffer_;
+  std::streambuf* former_;
+};
+
+void Prepare(std::ostream& stream, std::FILE* file, StandardStream which,
+             std::optional<ConsoleStream>& console) {
+  DWORD mode = 0;
+  const HANDLE handle = StandardHandle(which);
+  if (GetConsoleMode(handle, &mode) == 0) {
+    _setmode(_fileno(file), _O_BINARY);
+    return;
+  }
+  SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+  console.emplace(stream, handle);
+}
+
+}  // namespace
+
+std::vector<std::u16string> ProgramWords(int /*count*/, const char* const* /*words*/) {
+  // What `main` is given has been through a code page.
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::u16string> result;
+  for (int i = 0; words != nullptr && i < count; ++i) {
+    result.push_back(system::TextOf(words[i]));
+  }
+  LocalFree(words);
+  if (result.empty()) {
+    result.emplace_back();
+  }
+  return result;
+}
+
+HostFile TakeStandardStream(StandardStream stream) {
+  return HostFile(system::FromHandle(StandardHandle(stream)));
+}
+
+bool IsTerminal(StandardStream stream) {
+  DWORD mode = 0;
+  return GetConsoleMode(StandardHandle(stream), &mode) != 0;
+}
+
+void PrepareOutput() {
+  static std::optional<ConsoleStream> output;
+  static std::optional<ConsoleStream> error;
+  Prepare(std::cout, stdout, StandardStream::Output, output);
+  Prepare(std::cerr, stderr, StandardStream::Error, error);
+}
+
+}  // namespace lexmill::platform
