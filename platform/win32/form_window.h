@@ -25,6 +25,10 @@ class FormWindow {
   FormWindow(const FormWindow&) = delete;
   FormWindow& operator=(const FormWindow&) = delete;
 
+  [[nodiscard]] HWND Window() const { return window_; }
+  /// The window of a control of the form; null for one that is drawn on the ground of its group.
+  [[nodiscard]] HWND WindowOf(const Control& control) const;
+
  private:
   /// @return whether `result` is the answer to the message
   bool Take(UINT message, WPARAM wide, LPARAM param, LRESULT& result);
@@ -49,8 +53,6 @@ class FormWindow {
   bool ShowPointer(HWND under) const;
   void TakeResolution(int dpi);
   [[nodiscard]] ControlMirror* MirrorOf(HWND window) const;
-  [[nodiscard]] HWND WindowOf(const Control& control) const;
-
   Form& form_;
   HWND window_;
   FontSet fonts_;
