@@ -116,19 +116,20 @@ void PlaceField(const TextBox& box, HWND field, FontSet& fonts) {
   MoveChild(field, place);
 }
 
-// The height of the system's field is that of its line and its borders; what a move sets is the
-// height with the open list.
+// The height of the system's field follows from its line's; what a move sets is the height with the
+// open list.
 void PlaceField(const ComboBox& combo, HWND field, FontSet& fonts) {
   constexpr int kOpenLines = 12;
   constexpr WPARAM kTypingLine = static_cast<WPARAM>(-1);
-  PixelPlace place = ToPixels(combo.Place(), fonts.Dpi());
+  const PixelPlace place = ToPixels(combo.Place(), fonts.Dpi());
   const int line = fonts.SizeOf({}, GetWindowFont(field)).height;
   SendMessageW(field, CB_SETITEMHEIGHT, 0, line);
-  const auto typing = static_cast<int>(SendMessageW(field, CB_GETITEMHEIGHT, kTypingLine, 0));
-  const int borders = PlaceOf(field).height - typing;
-  SendMessageW(field, CB_SETITEMHEIGHT, kTypingLine, place.height - borders);
-  place.height += kOpenLines * line;
-  MoveWindow(field, place.left, place.top, place.width, place.height, TRUE);
+  MoveWindow(field, place.left, place.top, place.width, place.height + kOpenLines * line, TRUE);
+  constexpr int kUsualBorders = 6;
+  int typing = place.height - kUsualBorders;
+  SendMessageW(field, CB_SETITEMHEIGHT, kTypingLine, typing);
+  typing += place.height - PlaceOf(field).height;
+  SendMessageW(field, CB_SETITEMHEIGHT, kTypingLine, typing);
   WidenList(combo, field, fonts);
 }
 
