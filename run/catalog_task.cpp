@@ -11,6 +11,7 @@
 #include "platform/failure.h"
 #include "platform/files/file_system.h"
 #include "platform/host/application.h"
+#include "platform/host/same_file.h"
 #include "platform/text/language_id.h"
 #include "platform/text/text.h"
 #include "run/catalog_notes.h"
@@ -47,6 +48,12 @@ Catalog OpenAny(const std::u16string& path) {
 
 std::u16string Number(std::int64_t number) {
   return platform::FromUtf8(std::to_string(number));
+}
+
+void RefuseToReplace(const std::u16string& path, const std::u16string& input) {
+  if (path == input || platform::IsSameFile(path, input)) {
+    Refuse(path, u"是要读的文件，不能写入");
+  }
 }
 
 // The name of a language in a head line; empty if the language table lacks it.
@@ -116,6 +123,10 @@ void ConvertCatalogs(std::span<const std::u16string> paths) {
   std::vector<Catalog> catalogs;
   for (const std::u16string& path : files) {
     catalogs.push_back(OpenAny(path));
+    RefuseToReplace(paths.back(), path);
+  }
+  if (DetectCatalog(paths.back())) {  // the dictionary's name was forgotten
+    Refuse(paths.back(), u"是语言文件，不能换成字典");
   }
   DictionaryWriter writer(paths.back(), catalogs.front().head);
   for (const Catalog& catalog : catalogs) {
@@ -130,6 +141,7 @@ void ConvertCatalogs(std::span<const std::u16string> paths) {
 std::u16string FillCatalogFrom(std::span<const std::u16string> paths) {
   const std::u16string& path = paths[0];
   const std::u16string& dictionary = paths[1];
+  RefuseToReplace(paths[2], dictionary);
   const Catalog catalog = OpenAny(path);
   if (!CanBeFilled(catalog.format)) {
     Refuse(path, u"只能作“参照字典”");

@@ -71,6 +71,9 @@ TEST_F(LexmillRun, ConvertsACatalogAndFillsItAgain) {
             catalog.substr(0, catalog.size() - 3) + "\"打开：\"\n");
   EXPECT_EQ(Run({u"--fill", u"refer", u"a.u.txt", u"b.po"}), 1);
   EXPECT_EQ(Run({u"--fill", u"a.po", u"b.po"}), 2);
+  // Neither may take the place of what was to be read, nor --convert that of any catalog.
+  EXPECT_EQ(Run({u"--fill", u"a.po", u"a.u.txt", u"a.u.txt"}), 1);
+  EXPECT_EQ(Run({u"--convert", u"a.po", u"b.po"}), 1);
   EXPECT_EQ(Run({u"--fill", u"a.po", u"a.u.txt", u"b.po", u"--several", u"all"}), 2);
 }
 
