@@ -34,7 +34,7 @@ constexpr int kNotFound = 127;
   _exit(kNotFound);
 }
 
-/// The process's name and peak, read while it stands at its end with its memory still there.
+/// The process's name and peak, read at its end, while its memory is still there.
 EndedProcess ReadEnding(pid_t process) {
   std::ifstream status("/proc/" + std::to_string(process) + "/status");
   EndedProcess ended;

@@ -61,7 +61,7 @@ std::string ReferenceScript() {
   return script;
 }
 
-/// Rows for the join: every second key stands in R.
+/// Rows for the join: every second key is in R.
 std::string UntranslatedScript() {
   std::string script =
       "BEGIN TRANSACTION;\nCREATE TABLE S(so TEXT,sh TEXT,sm TEXT,sk TEXT,st TEXT);\n";

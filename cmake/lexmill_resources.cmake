@@ -1,4 +1,4 @@
-# What a program for Windows carries besides its code: icon, version and manifest, from
+# What a program for Windows has besides its code: icon, version and manifest, from
 # packaging/win32. The icon is drawn from packaging/lexmill.svg in the sizes that the system asks for.
 
 enable_language(RC)

@@ -24,7 +24,7 @@ Values AllValues(const ProfileText& text) {
   return values;
 }
 
-/// `bytes` as a value that a line can carry.
+/// `bytes` as a value that a line can hold.
 std::u16string AsValue(std::string_view piece) {
   std::string bytes(piece);
   std::erase_if(bytes, [](char byte) { return byte == 0 || byte == '\r' || byte == '\n'; });
@@ -32,7 +32,7 @@ std::u16string AsValue(std::string_view piece) {
 }
 
 /// `bytes` as the name of a section or a key. A byte that is no text might make a character with
-/// the sign behind the name.
+/// the sign after the name.
 std::u16string AsName(std::string_view bytes) {
   std::u16string name = AsValue(bytes);
   std::erase_if(name, [](char16_t unit) {

@@ -39,7 +39,7 @@ void CheckUntranslated(const OptionSet& options, std::u16string_view text) {
   platform::RegExp expression;
   UntranslatedRules rules(options, expression);
   const auto row = rules.DecomposeUntranslated(text, text);
-  Require(row.has_value() && row->so == text, "an untranslated string is kept as it stands");
+  Require(row.has_value() && row->so == text, "an untranslated string is kept as it is");
   Require(row->sh.find_first_not_of(u' ') == std::u16string_view::npos, "a head is blank");
   const std::u16string whole = std::u16string(row->sh).append(row->sm).append(row->st);
   Require(whole.size() + (row->sk.empty() ? 0 : 1) == text.size(), "nothing is lost but the \"&\"");

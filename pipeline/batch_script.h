@@ -31,7 +31,7 @@ void BuildListingScript(const std::u16string& purified, const ListingFiles& file
 [[nodiscard]] std::u16string SavedDatabasePath();
 
 /// `path` in the double quotes of a batch line.
-/// @throws platform::Failure BadFileName for a path that no batch line can carry: one with a double
+/// @throws platform::Failure BadFileName for a path that no batch line can hold: one with a double
 ///   quote, a line end or a NUL in it
 [[nodiscard]] std::u16string QuotedPath(std::u16string_view path);
 

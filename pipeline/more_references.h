@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// pipeline: carries one run, one class for each pair of formats.
+// pipeline: performs one run, one class for each pair of formats.
 // The references that are asked after the first one.
 #pragma once
 

@@ -46,7 +46,7 @@ class Failure {
  public:
   /// A failure of the platform, with its Chinese description.
   /// Source: published message texts of the script libraries and the runtime.
-  /// @param subject  what it is about, such as the path of a file; empty if nobody can tell
+  /// @param subject  what it is about, such as the path of a file; empty if nobody knows
   Failure(FailureNumber number, FailureOrigin origin, std::u16string_view subject = {});
 
   /// A failure of the system's own.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
+// run: turns one press of the start command into a finished run.
 // What is said of the entries of a catalog.
 #pragma once
 

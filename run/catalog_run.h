@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
-// Catalogs in a run: each stands in it as a temporary glossary.
+// run: turns one press of the start command into a finished run.
+// Catalogs in a run: a temporary glossary takes the place of each.
 #pragma once
 
 #include <optional>

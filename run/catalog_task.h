@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// run: carries one press of the start command from the options on screen to a finished run.
+// run: turns one press of the start command into a finished run.
 // What lexmill-run does with catalogs without a run: a dictionary of them, and the way back.
 #pragma once
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The members of frmMain that carry a run.
+// The members of frmMain that perform a run.
 #include <cstdint>
 #include <initializer_list>
 #include <string>

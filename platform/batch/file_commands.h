@@ -26,7 +26,7 @@ struct CommandStreams {
 /// @return false if nothing was copied; why is then on the error stream
 [[nodiscard]] bool Copy(std::span<const std::u16string> names, CommandStreams streams);
 
-/// `del`: removes files by their names, which are taken as they stand. A folder and a file without
+/// `del`: removes files by their names, which are taken as they are. A folder and a file without
 /// write permission stay.
 /// @return false if one stays or is missing; why is then on the error stream
 [[nodiscard]] bool Delete(std::span<const std::u16string> names, CommandStreams streams);

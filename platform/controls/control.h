@@ -66,7 +66,7 @@ struct Rectangle {
   bool operator==(const Rectangle&) const = default;
 };
 
-/// Index of a control that stands in no control array.
+/// Index of a control that is in no control array.
 inline constexpr std::int16_t kNoIndex = -1;
 
 /// By what a window knows a control.
@@ -77,13 +77,13 @@ struct ControlIdentity {
 };
 
 /// The properties that every control has. Each change of one raises Changed; writing the value that
-/// it has already does nothing. Made only as one of the kinds in controls.h, which Kind tells.
+/// it has already does nothing. Made only as one of the kinds in controls.h; Kind says which.
 class Control {
  public:
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
-  /// For whoever shows the control: raised behind each change, with what changed.
+  /// For whoever shows the control: raised after each change, with what changed.
   Event<ControlProperty> Changed;
   /// The control has got the keyboard focus.
   Event<> GotFocus;

@@ -25,7 +25,7 @@ struct ScreenMetrics {
   std::int32_t twipsPerPixelX = 15;
   std::int32_t twipsPerPixelY = 15;
 };
-/// The screen that the program's window stands on.
+/// The screen that the program's window is on.
 [[nodiscard]] ScreenMetrics GetScreenMetrics();
 
 /// Hands a folder or an address to the desktop's shell, which opens it. Fails silently.

@@ -19,7 +19,7 @@ std::optional<std::u16string_view> LocalPart(std::u16string_view text) {
   return std::nullopt;
 }
 
-// The byte that two hexadecimal digits behind a percent sign stand for.
+// The byte that two hexadecimal digits after a percent sign stand for.
 std::optional<char> EscapedByte(std::string_view escape) {
   constexpr std::size_t kLength = 3;
   constexpr int kHexadecimal = 16;

@@ -34,7 +34,7 @@ class Form {
   Event<> HelpWanted;  ///< the user has pressed the key for help
   /// The user asks once more to close a busy window, or the system asks: the work is to end now.
   Event<> CloseInsisted;
-  /// For whoever shows the window: raised behind each change, with what changed.
+  /// For whoever shows the window: raised after each change, with what changed.
   Event<FormProperty> Changed;
 
   [[nodiscard]] const std::u16string& Name() const { return name_; }
@@ -76,7 +76,7 @@ class Form {
   void Close();
   /// True while the window is at work and must not close.
   [[nodiscard]] bool Busy() const { return busy_; }
-  /// Going from true to false carries out a close request that was kept.
+  /// Going from true to false performs a close request that was kept.
   void Busy(bool busy);
 
   /// The user presses Enter: clicks the button that has the focus, else the default button, if it

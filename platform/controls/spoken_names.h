@@ -23,7 +23,7 @@ struct SpokenName {
 [[nodiscard]] std::u16string WithoutMarks(std::u16string_view caption);
 
 /// Names each field after the label or box before it in the same group, by TabIndex, as the field
-/// of a label that stands directly before it; a label without a text as yet is described by the one
+/// of a label directly before it; a label without a text as yet is described by the one
 /// directly before it, a button "..." named by its tool tip. All others are left out.
 [[nodiscard]] std::vector<SpokenName> SpokenNames(const Form& form);
 

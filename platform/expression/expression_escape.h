@@ -13,7 +13,7 @@ struct Escape {
   bool isSet = false;
 };
 
-/// Reads the escape whose backslash stands at `at` and moves `at` past it. Control, hexadecimal
+/// Reads the escape whose backslash is at `at` and moves `at` past it. Control, hexadecimal
 /// and octal forms that are not complete, and every other escape, stand for the unit after the
 /// backslash. Assertions and references to groups mean something outside sets only and are the
 /// caller's.

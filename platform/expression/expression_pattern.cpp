@@ -139,7 +139,7 @@ class Translation {
   }
 
   /// Number of digits of the reference to a group that a backslash at hand begins: two or one if
-  /// that many groups stand before it, else 0, and the digits are an octal number.
+  /// that many groups come before it, else 0, and the digits are an octal number.
   [[nodiscard]] std::size_t ReferenceDigits() const {
     const std::u16string_view digits = Rest().substr(1, DigitsFrom(Rest().substr(0, 3), 1));
     if (digits.empty() || digits[0] == u'0') {

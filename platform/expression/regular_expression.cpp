@@ -89,10 +89,10 @@ bool RegExp::ReplaceInto(std::u16string_view text, std::u16string_view replaceme
   const auto start = static_cast<std::size_t>(groups[0].data() - text.data());
   const ExpressionMatch match{.before = text.substr(0, start),
                               .groups = groups,
-                              .behind = text.substr(start + groups[0].size())};
+                              .after = text.substr(start + groups[0].size())};
   result.assign(match.before);
   ExpandReplacement(replacement, match, result);
-  result += match.behind;
+  result += match.after;
   return true;
 }
 

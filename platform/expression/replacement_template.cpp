@@ -41,7 +41,7 @@ Expansion Expand(std::u16string_view rest, const ExpressionMatch& match) {
     case u'`':
       return {match.before, 2};
     case u'\'':
-      return {match.behind, 2};
+      return {match.after, 2};
     default:
       return {rest.substr(0, 1), 1};
   }

@@ -13,10 +13,10 @@ namespace lexmill::platform {
 struct ExpressionMatch {
   std::u16string_view before;
   std::span<const std::u16string_view> groups;
-  std::u16string_view behind;
+  std::u16string_view after;
 };
 
-/// Appends `replacement` to `result` with its $ signs expanded, as RegExp::Replace tells.
+/// Appends `replacement` to `result` with its $ signs expanded, as RegExp::Replace says.
 void ExpandReplacement(std::u16string_view replacement, const ExpressionMatch& match,
                        std::u16string& result);
 

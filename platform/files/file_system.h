@@ -28,10 +28,10 @@ class FileSystemObject {
   [[nodiscard]] std::int64_t FileSize(std::u16string_view path) const;
   /// A random name `radXXXXX.tmp` with five hexadecimal digits. Nothing is created or looked up.
   [[nodiscard]] std::u16string GetTempName() const;
-  /// Removes a file; one without write permission only with `force`. A name is taken as it stands,
+  /// Removes a file; one without write permission only with `force`. A name is taken as it is,
   /// no wildcards. @throws Failure FileNotFound (also for a folder), PathNotFound, PermissionDenied
   void DeleteFile(std::u16string_view path, bool force = false) const;
-  /// Opens an existing file for reading; a mark that `encoding` tells of is passed over.
+  /// Opens an existing file for reading; the mark of `encoding`, if it has one, is passed over.
   /// @throws Failure FileNotFound, PathNotFound, PermissionDenied
   [[nodiscard]] TextReader OpenTextFile(std::u16string_view path,
                                         TextEncoding encoding = TextEncoding::Ansi) const;

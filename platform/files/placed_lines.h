@@ -42,7 +42,7 @@ class PlacedLines {
   [[nodiscard]] std::int64_t Number() const { return number_; }
   /// Where the present line lies, its end included.
   [[nodiscard]] FileRange Range() const { return range_; }
-  /// Where unit `unit` of the present line lies; its size stands for the end of its text.
+  /// Where unit `unit` of the present line lies; its size means the end of its text.
   [[nodiscard]] std::int64_t PlaceOf(std::size_t unit) const;
 
  private:

@@ -72,7 +72,7 @@ class ProfileText {
 
   Encoding encoding_;
   /// The content as it came but for its mark, so that all of it can go back: UTF-16 units of a wide
-  /// file, else one unit for each byte. Line ends, blanks and "=" stand for themselves in all.
+  /// file, else one unit for each byte. Line ends, blanks and "=" are themselves in all of them.
   std::u16string units_;
 };
 

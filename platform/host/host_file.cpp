@@ -18,7 +18,7 @@ auto Ask(HostCall kind, Call call) -> decltype(call()) {
   return call();
 }
 
-/// Carries a transfer on until `total` bytes are through or a step moves none.
+/// Goes on with a transfer until `total` bytes are through or a step moves none.
 /// @return bytes moved
 template <class Step>
 HostResult<std::size_t> TransferAll(HostCall kind, std::size_t total, Step step) {

@@ -28,7 +28,7 @@ struct ProgramStart {
 /// The exit code of a program whose output may be a part of the whole, since it could not read or
 /// write to the end.
 inline constexpr int kExitBrokenStream = 74;
-/// From here on an exit code stands for a violent end: by a signal, or whatever the host has.
+/// From here on an exit code means a violent end: by a signal, or whatever the host has.
 inline constexpr int kExitByForce = 128;
 
 /// Starts a program and waits for its end. What ends this process by its terminal ends the program,

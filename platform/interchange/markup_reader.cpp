@@ -180,7 +180,7 @@ struct MarkupReader::State {
     return {begin, begin + XML_GetCurrentByteCount(parser)};
   }
 
-  /// What stands in the file for the present event; it came with the block, or one before.
+  /// What the file has for the present event; it came with the block, or one before.
   [[nodiscard]] std::string_view WrittenBytes() const {
     int offset = 0;
     int size = 0;

@@ -17,7 +17,7 @@ namespace lexmill::platform {
 
 enum class MarkupKind {
   Start,  ///< a start tag, or an empty-element tag
-  End,    ///< an end tag; of no length behind an empty-element tag
+  End,    ///< an end tag; of no length after an empty-element tag
   Text,   ///< a piece of text, references resolved, line ends as LF
   Other,  ///< a comment, an instruction, a reference to what the file doesn't define
 };
@@ -56,7 +56,7 @@ class MarkupReader {
   /// @throws Failure DeviceError if the host can't read; whatever `onEvent` throws
   [[nodiscard]] std::optional<MarkupFault> Read(const OnEvent& onEvent);
 
-  /// Ends the reading behind the present event.
+  /// Ends the reading after the present event.
   void Stop();
 
   // About the present event:
@@ -66,7 +66,7 @@ class MarkupReader {
   /// The value of an attribute of a start tag; none if it isn't there. An attribute of another
   /// namespace is found only if that is XML's own, as "xml:lang".
   [[nodiscard]] std::optional<std::u16string> Attribute(std::u16string_view name) const;
-  /// What stands in the file, as text.
+  /// What the file has, as text.
   [[nodiscard]] std::u16string Written() const;
 
   /// The file's encoding; known from the first start tag on.

@@ -58,7 +58,7 @@ void SetMousePointer(MousePointer pointer) {
   }
 }
 
-// The keys come in behind what is going on, and in no window if none is active.
+// The keys come in after what is going on, and in no window if none is active.
 void SendKeys(std::u16string_view keys) {
   QWidget* window = QApplication::activeWindow();
   if (window == nullptr) {

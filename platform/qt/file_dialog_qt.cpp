@@ -44,7 +44,7 @@ void SetFilters(QFileDialog& dialog, const FileDialogRequest& request) {
   }
 }
 
-// The chosen filter, from 1. The toolkit tells it by what it shows, without the patterns.
+// The chosen filter, from 1. The toolkit reports it as what it shows, without the patterns.
 std::int32_t ChosenFilter(const QFileDialog& dialog, const FileDialogRequest& request) {
   const std::u16string shown = FromQt(dialog.selectedNameFilter());
   const auto found = std::ranges::find(request.filters, shown, &FileFilter::description);

@@ -105,7 +105,7 @@ void FormWindow::ShowState() {
                                                  : Qt::WindowNoState);
 }
 
-void FormWindow::TellPlace() {
+void FormWindow::ReportPlace() {
   const QRect place = frameGeometry();
   form_.UserMoves({.left = ToTwips(place.x()),
                    .top = ToTwips(place.y()),
@@ -115,12 +115,12 @@ void FormWindow::TellPlace() {
 
 void FormWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  TellPlace();
+  ReportPlace();
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  TellPlace();
+  ReportPlace();
 }
 
 void FormWindow::ShowVisible() {

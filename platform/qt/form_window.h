@@ -33,7 +33,7 @@ class FormWindow final : public QWidget {
   void ShowVisible();
   void ShowPlace();
   void ShowState();
-  void TellPlace();
+  void ReportPlace();
   /// Brings containers and both orders to the widgets.
   void Arrange();
 

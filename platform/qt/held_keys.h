@@ -9,8 +9,8 @@
 namespace lexmill::platform::qt {
 
 /// Marks as repeated what a key that is held down sends. The toolkit does so only if a display
-/// server's release and the press that follows it have come in together; what tells them from a
-/// user's own is that both have the same time. A filter for the application's events.
+/// server's release and the press that follows it have come in together; what distinguishes them
+/// from a user's own is that both have the same time. A filter for the application's events.
 class HeldKeys final : public QObject {
  public:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -20,7 +20,7 @@ using Mirrors = std::span<const std::unique_ptr<ControlMirror>>;
 /// Makes the tab key go round by TabIndex.
 void ChainTabOrder(const Form& form, Mirrors mirrors);
 
-/// Tells those who can't see the window what the controls are called, and lets a label that stands
+/// Lets those who can't see the window hear what the controls are called, and lets a label that is
 /// directly before its field hand the focus to it.
 void NameFields(const Form& form, Mirrors mirrors);
 

@@ -19,7 +19,7 @@ constexpr std::array kSignals = {SIGTERM, SIGINT, SIGHUP};
 // What the handler writes to: it may do no more than that.
 volatile sig_atomic_t writeEnd = -1;
 
-void TellLoop(int /*signal*/) {
+void WakeLoop(int /*signal*/) {
   const int error = errno;
   const char byte = 0;
   std::ignore = write(writeEnd, &byte, 1);
@@ -52,7 +52,7 @@ TerminationSignals::TerminationSignals(std::function<void()> asked)
                    });
   writeEnd = system::DescriptorOf(pipe_.writeEnd.Handle());
   if (pipe_.writeEnd.IsOpen()) {
-    SetHandler(TellLoop);
+    SetHandler(WakeLoop);
   }
 }
 

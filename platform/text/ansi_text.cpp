@@ -40,8 +40,8 @@ std::unique_ptr<const CodePage> CodePage::Open(int number) {
   if (number == kUtf8Page) {
     return std::make_unique<Utf8Page>();
   }
-  const bool isCarriedOn = number == kDefaultPage || number == kGb18030Page;
-  return std::make_unique<TablePage>("windows-" + std::to_string(number), isCarriedOn);
+  const bool hasFourByteForms = number == kDefaultPage || number == kGb18030Page;
+  return std::make_unique<TablePage>("windows-" + std::to_string(number), hasFourByteForms);
 }
 
 const CodePage& AnsiCodePage() {

@@ -56,7 +56,7 @@ class CodePage {
 /// @throws Failure InvalidCall for an unknown page; the page stays as it was
 void SetAnsiCodePage(int number);
 
-/// True once SetAnsiCodePage was called: one page then stands for everything.
+/// True once SetAnsiCodePage was called: that page then serves for everything.
 [[nodiscard]] bool IsAnsiCodePageChosen();
 /// True if the page of SetAnsiCodePage is UTF-8.
 [[nodiscard]] bool IsAnsiCodePageUtf8();

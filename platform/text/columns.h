@@ -15,7 +15,7 @@ namespace lexmill::platform {
 
 /// Cuts `text` where a line may be broken, into lines of at most `width` columns; a piece that no
 /// break parts may be wider. At least one line. The views share the life of `text`.
-/// @param columns  tells the columns of a line
+/// @param columns  counts the columns of a line
 /// Source: Unicode's line breaking algorithm
 [[nodiscard]] std::vector<std::u16string_view> WrapLines(
     std::u16string_view text, std::size_t width,

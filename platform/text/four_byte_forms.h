@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/text: the four-byte forms of GB18030, which carry a code page on to all of Unicode.
+// platform/text: the four-byte forms of GB18030, which extend a code page to all of Unicode.
 #pragma once
 
 #include <array>

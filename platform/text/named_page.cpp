@@ -94,7 +94,7 @@ class ConverterPage final : public CodePage {
  private:
   static constexpr std::size_t kPiece = 512;
 
-  // Where the first unit stands that is a byte and no half of a pair; the size if nowhere.
+  // Position of the first unit that stands for a byte and is no half of a pair; the size if none.
   [[nodiscard]] static std::size_t FindSurvivor(std::u16string_view text) {
     std::size_t at = 0;
     while (at < text.size() && !IsSurvivingByte(text[at])) {

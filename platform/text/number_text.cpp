@@ -46,7 +46,7 @@ class NumberReader {
     return sign;
   }
 
-  /// Digits with at most one point; after the first digit commas may stand anywhere.
+  /// Digits with at most one point; after the first digit commas may be anywhere.
   [[nodiscard]] bool TakeDigits() {
     bool hasDigit = false;
     bool hasPoint = false;

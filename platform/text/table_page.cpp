@@ -9,8 +9,8 @@
 
 namespace lexmill::platform {
 
-TablePage::TablePage(const std::string& converter, bool isCarriedOn)
-    : table_(converter), isCarriedOn_(isCarriedOn) {}
+TablePage::TablePage(const std::string& converter, bool hasFourByteForms)
+    : table_(converter), hasFourByteForms_(hasFourByteForms) {}
 
 void TablePage::Decode(std::string_view bytes, std::u16string& text) const {
   DecodeRuns(bytes, text, [this](std::string_view from, std::size_t& at, char16_t*& out) {
@@ -70,7 +70,7 @@ inline bool TablePage::TakeUnit(std::u16string_view text, std::size_t& at, char*
     *out++ = static_cast<char>(codePoint - kSurvivingByte);
     return true;
   }
-  if (!isCarriedOn_ || !Forms().Encode(codePoint, out)) {
+  if (!hasFourByteForms_ || !Forms().Encode(codePoint, out)) {
     return false;
   }
   out += FourByteForms::kLength;
@@ -78,7 +78,7 @@ inline bool TablePage::TakeUnit(std::u16string_view text, std::size_t& at, char*
 }
 
 std::optional<char32_t> TablePage::FourByteCharacter(std::string_view bytes) const {
-  return isCarriedOn_ ? Forms().Decode(bytes) : std::nullopt;
+  return hasFourByteForms_ ? Forms().Decode(bytes) : std::nullopt;
 }
 
 // Most texts never need the four-byte forms, so they are built when the first one does.

@@ -16,9 +16,10 @@ namespace lexmill::platform {
 class TablePage final : public CodePage {
  public:
   /// @param converter    name of the machine's converter to take the characters from
-  /// @param isCarriedOn  whether GB18030's four-byte forms stand for all others
+  /// @param hasFourByteForms  whether GB18030's four-byte forms stand for the characters that the
+  /// table lacks
   /// @throws Failure InvalidCall if there is no such converter, or its page is of another kind
-  TablePage(const std::string& converter, bool isCarriedOn);
+  TablePage(const std::string& converter, bool hasFourByteForms);
 
   void Decode(std::string_view bytes, std::u16string& text) const override;
   [[nodiscard]] bool Encode(std::u16string_view text, std::string& bytes) const override;
@@ -31,7 +32,7 @@ class TablePage final : public CodePage {
   [[nodiscard]] const FourByteForms& Forms() const;
 
   DoubleByteTable table_;
-  bool isCarriedOn_;
+  bool hasFourByteForms_;
   mutable std::unique_ptr<const FourByteForms> forms_;  ///< none until a text needs them
 };
 

@@ -33,8 +33,8 @@ namespace lexmill::platform {
 [[nodiscard]] std::u16string ReplaceAll(std::u16string_view text, std::u16string_view from,
                                         std::u16string_view to);
 
-/// Where `unit` first stands in `text` from `start` on; its size if nowhere. Looks at many units in
-/// one step.
+/// Position of the first `unit` in `text` from `start` on; the size of `text` if there is none.
+/// Looks at many units in one step.
 [[nodiscard]] std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start = 0);
 
 /// True if `text` holds `piece`, which is not empty, anywhere.

@@ -14,8 +14,8 @@
 namespace lexmill::platform {
 namespace {
 
-/// Sequences of two bytes that are no chance any more.
-constexpr int kTellingPairs = 10;
+/// Sequences of two bytes from which on chance is ruled out: fewer may be text of a code page.
+constexpr int kPairsForCertain = 10;
 
 /// Length of `bytes` without a character that may go on after their end.
 std::size_t WithoutCutOff(std::string_view bytes) {
@@ -61,7 +61,7 @@ TextEncoding Utf8Recognition::Result() const {
   if (hasMark_) {
     return TextEncoding::Utf8WithMark;
   }
-  return hasLongSequence_ || pairs_ >= kTellingPairs ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  return hasLongSequence_ || pairs_ >= kPairsForCertain ? TextEncoding::Utf8 : TextEncoding::Ansi;
 }
 
 void Utf8Recognition::Scan(std::string_view bytes) {
@@ -77,7 +77,7 @@ void Utf8Recognition::Scan(std::string_view bytes) {
     valid_ = codePoint >= 0;
     hasMark_ = hasMark_ || (atStart_ && codePoint == kMark);
     hasLongSequence_ = hasLongSequence_ || codePoint > kLastOfTwoBytes;
-    pairs_ = std::min(pairs_ + 1, kTellingPairs);
+    pairs_ = std::min(pairs_ + 1, kPairsForCertain);
   }
 }
 

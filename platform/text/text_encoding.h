@@ -21,9 +21,10 @@ void DecodeText(TextEncoding encoding, std::string_view bytes, std::u16string& t
 /// @return false if the encoding lacks a character; `bytes` is then as it was
 [[nodiscard]] bool EncodeText(TextEncoding encoding, std::u16string_view text, std::string& bytes);
 
-/// Tells from a file's bytes whether it is UTF-8: strictly valid throughout, and with a mark at its
-/// start, a sequence of three or more bytes anywhere, or ten of two. Text of code page 936 looks
-/// like that in about two of a hundred million files. Fed piece by piece, pieces may end anywhere.
+/// Finds out from a file's bytes whether it is UTF-8: strictly valid throughout, and with a mark at
+/// its start, a sequence of three or more bytes anywhere, or ten of two. Text of code page 936
+/// looks like that in about two of a hundred million files. Fed piece by piece, pieces may end
+/// anywhere.
 class Utf8Recognition {
  public:
   /// Looks at the next bytes of the file.

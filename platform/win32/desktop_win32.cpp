@@ -66,7 +66,7 @@ void SetMousePointer(MousePointer pointer) {
   ShowPointerAnew();
 }
 
-// The keys come in behind what is going on, and in no window if none is active.
+// The keys come in after what is going on, and in no window if none is active.
 void SendKeys(std::u16string_view keys) {
   HWND active = GetActiveWindow();
   const WPARAM key = win32::KeyNamed(keys);

@@ -65,7 +65,7 @@ std::int64_t StringTally::EntriesOf(std::uint64_t key) const {
   return repeated == repeated_.end() ? 1 : repeated->second + 1;
 }
 
-// Where the slot is that holds `key`, or the free one where it would stand.
+// Position of the slot that holds `key`, or of the free one that would.
 std::size_t StringTally::PlaceOf(std::uint64_t key) const {
   constexpr int kBitsBelow = 3;
   const std::size_t mask = slots_.size() - 1;

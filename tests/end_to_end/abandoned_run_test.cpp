@@ -17,7 +17,7 @@ class AbandonedRun : public WholeRun {
   }
   ~AbandonedRun() override { platform::OverrideClock({}); }
 
-  /// Carries a run over an older result, and closes the window twice at its refresh `moment`, from
+  /// Performs a run over an older result, and closes the window twice at its refresh `moment`, from
   /// 0. @return false if the run has fewer
   bool Run(int moment) {
     WriteBytes(Dictionary("final"), "older");

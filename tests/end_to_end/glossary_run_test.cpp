@@ -40,7 +40,7 @@ TEST_F(GlossaryRun, ServesASavedPurifiedDatabaseAsReference) {
   EXPECT_EQ(first, "9 1\t4 2\n&Open...\t打开(&O)...\n");
 
   Press("todo", "saved.db", "again");
-  // The database tells no languages, and the untranslated glossary has no head here.
+  // The database names no languages, and the untranslated glossary has no head here.
   EXPECT_EQ(FromAnsiBytes(ReadBytes(Dictionary("again"))), "&Open...\t打开(&O)...\n");
   EXPECT_EQ(Readable(world_.window.lblState(0).Caption()), "");
   ExpectNoTemporaryFiles();

@@ -174,7 +174,7 @@ class UserGuide : public WholeRun {
   }
 };
 
-// Where the table of an option stands in the guide: position and length.
+// Where the table of an option is in the guide: position and length.
 struct Place {
   std::size_t begin = 0;
   std::size_t length = 0;

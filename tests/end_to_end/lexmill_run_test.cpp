@@ -172,7 +172,7 @@ TEST_F(LexmillRun, PrintsTheReportAfterTheRows) {
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--report", u"missing/report"}), 1);
 }
 
-TEST_F(LexmillRun, TellsHowItIsCalledAndItsVersion) {
+TEST_F(LexmillRun, SaysHowItIsCalledAndItsVersion) {
   EXPECT_EQ(Run({u"--help"}), 0);
   EXPECT_TRUE(Output().starts_with("Usage: lexmill-run TODO REFER FINAL ")) << Output();
   EXPECT_EQ(Errors(), "");
@@ -189,7 +189,7 @@ TEST_F(LexmillRun, TellsHowItIsCalledAndItsVersion) {
   EXPECT_EQ(Run({u"--", u"--help", u"refer", u"final"}), 1) << "a path, and no such file";
 }
 
-TEST_F(LexmillRun, TellsWhatFails) {
+TEST_F(LexmillRun, ReportsWhatFails) {
   EXPECT_EQ(Run({u"missing", u"refer", u"final"}), 1);
   EXPECT_TRUE(Errors().starts_with("错误:1\n")) << Errors();
   EXPECT_TRUE(Errors().ends_with("\nlexmill-run: 错误 1 的文件：" +
@@ -212,7 +212,7 @@ TEST_F(LexmillRun, TellsWhatFails) {
       << Errors();
 }
 
-TEST_F(LexmillRun, TellsWhatTheDatabaseShellComplainsOf) {
+TEST_F(LexmillRun, ReportsWhatTheDatabaseShellComplainsOf) {
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkaKeepTmpFile=1"}), 0) << Errors();
   for (const auto& entry : std::filesystem::directory_iterator(programs_.Path())) {
     if (entry.path().extension() == ".db") {
@@ -248,7 +248,7 @@ TEST_F(LexmillRun, LeavesAnOldResultThatCannotBeReplaced) {
   EXPECT_EQ(ReadBytes(folder_.File("final")), "old");
 }
 
-TEST_F(LexmillRun, TellsThatADatabaseWasNotSaved) {
+TEST_F(LexmillRun, ReportsThatADatabaseWasNotSaved) {
   const auto save = [&](const std::u16string& path) {
     return Run({u"todo", u"refer", u"final", u"--set", u"chkSaveRefDB=1", u"--set",
                 u"txtSaveRefDB=" + path});
@@ -328,7 +328,7 @@ TEST_F(LexmillRun, LeavesAnInstalledFolderAloneAndWorksInAnother) {
   EXPECT_EQ(files, 7);
 }
 
-TEST_F(LexmillRun, TellsThatTheShellIsMissingAndGoesOn) {
+TEST_F(LexmillRun, ReportsThatTheShellIsMissingAndGoesOn) {
   std::filesystem::remove(programs_.Path() / "sqlite");
   EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
   EXPECT_EQ(Errors(),

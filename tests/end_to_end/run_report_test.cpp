@@ -61,7 +61,7 @@ TEST_F(RunReport, ListsTheStringsOfAGlossaryAsJson) {
 )");
 }
 
-TEST_F(RunReport, TellsWhichTranslationStandsInAText) {
+TEST_F(RunReport, ReportsWhichTranslationIsInAText) {
   const std::string report = ReportOf("\n1:Open\nOpen\n2:a\\b\na\\b\n", "report.json");
   EXPECT_NE(report.find(R"("translations": ["打开", "开启"], "written": ["开启"]})"),
             std::string::npos)

@@ -44,7 +44,7 @@ TEST_F(SeveralReferences, GiveTheirCandidatesInTheOrderInWhichTheyAreAsked) {
     bool firstOnly;
     const char* result;
   };
-  // REFER alone tells the languages; each translation of a string comes once.
+  // REFER alone names the languages; each translation of a string comes once.
   for (const auto& row : {
            Case{{"glossary", "text", "saved.db"},
                 false,

@@ -41,7 +41,7 @@ TEST(EntryPoint, ShowsNothingWhenAllWentWell) {
   EXPECT_TRUE(TheSession().messages.empty());
 }
 
-TEST(EntryPoint, TellsWhenMemoryRunsOut) {
+TEST(EntryPoint, ReportsWhenMemoryRunsOut) {
   TheSession() = Session();
   EXPECT_FALSE(ReportFailures(u"place", [] { throw std::bad_alloc(); }));
   EXPECT_FALSE(ReportFailures(u"place", [] { std::string().resize(std::string::npos); }));

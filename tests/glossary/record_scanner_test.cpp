@@ -91,7 +91,7 @@ TEST_F(RecordScannerTest, ReadsADictionaryInItsOwnEncoding) {
   EXPECT_EQ(events, "<(打|开)>");
 }
 
-TEST_F(RecordScannerTest, TellsTheWholeRecordAndNothingBeyondItsFields) {
+TEST_F(RecordScannerTest, GivesTheWholeRecordAndNothingBeyondItsFields) {
   std::string seen;
   const platform::Connection connection = scanner.ScanRecord.Connect([&] {
     for (const std::int16_t n : std::initializer_list<std::int16_t>{0, 2, 3, 32767, -1}) {

@@ -108,7 +108,7 @@ TEST(ReferenceRules, CutAtTheOneLiteralTab) {
       {"at the start", All(), uR"(\tB)", uR"(\t)", R"([\tB][\t])"},
       {"escaped backslash", All(), uR"(A\\tB)", uR"(A\\\tB)", R"([A\\tB][A\\])"},
       {"lone backslash", All(), uR"(A\nB\tC)", uR"(A\tB\)", R"([A\nB\tC][A\tB\])"},
-      {"pair behind", All(), uR"(A\tB\\C)", u"", "[A][]"},
+      {"pair after it", All(), uR"(A\tB\\C)", u"", "[A][]"},
       {"a tab itself", All(), u"A\tB", u"", "[A\tB][]"},
       {"off", AllBut({&OptionSet::chkaMTab}), uR"(A\tB)", uR"(B\tC)", R"([A\tB][B\tC])"},
   });
@@ -256,7 +256,7 @@ TEST(UntranslatedRules, SetEachDecorationAside) {
       {"hot key of two units", All(), u"a&😀b", "[][a😀b][(&😀)][]"},
       {"hot key of its own case", All(), u"打&开", "[][打开][(&开)][]"},
       {"upper case of the main text only", upper, u"é&x: ", "[][ÉX][(&X)][: ]"},
-      {"brackets as they stand", otherBrackets, u"&a", R"([][a][ $1[&A]\][])"},
+      {"brackets as they are", otherBrackets, u"&a", R"([][a][ $1[&A]\][])"},
       {"no rules", MinimalPreset(), uR"( &a: \tb)", R"([][ &a: \tb][][])"},
   });
 }
@@ -295,7 +295,7 @@ TEST(UntranslatedRules, LeaveHotKeysThatAreNone) {
       {"beside doubled", All(), u"&&&Save", "[][&&Save][(&S)][]"},
       {"two", All(), u"&a&b", "[][&a&b][][]"},
       {"at the end", All(), u"Save&", "[][Save&][][]"},
-      {"behind the literal tab", All(), uR"(Save\t&S)", R"([][Save][][\t&S])"},
+      {"after the literal tab", All(), uR"(Save\t&S)", R"([][Save][][\t&S])"},
       {"off", AllBut({&OptionSet::chkaAndX}), u"&Save", "[][&Save][][]"},
   });
 }
@@ -328,7 +328,7 @@ TEST(UntranslatedRules, SetPunctuationAsideByTheFirstMarkHeld) {
       {"two colons", All(), u"Name::", "[][Name::][][]"},
       {"dots", All(), u"Wait...", "[][Wait][][...]"},
       {"dots alone", All(), u"...", "[][][][...]"},
-      {"dots alone behind blanks", All(), u"  ...", "[  ][][][...]"},
+      {"dots alone after blanks", All(), u"  ...", "[  ][][][...]"},
       {"four dots", All(), u"Wait....", "[][Wait....][][]"},
       {"a colon inside keeps the dots", All(), u"Note: wait...", "[][Note: wait...][][]"},
       {"also when colons are off", noColon, u"Note: wait...", "[][Note: wait...][][]"},

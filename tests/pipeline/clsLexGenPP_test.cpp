@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a pipeline does when its steps fail. Whole runs that succeed stand in end_to_end.
+// What a pipeline does when its steps fail. Whole runs that succeed are in end_to_end.
 #include "pipeline/clsLexGenPP.h"
 
 #include <gtest/gtest.h>

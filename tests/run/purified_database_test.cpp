@@ -11,7 +11,7 @@
 namespace lexmill {
 namespace {
 
-// A database as far as the test looks at it, with `schema` where the first table's stands.
+// A database as far as the test looks at it, with `schema` in place of the first table's.
 std::string Database(std::string_view version, std::string_view schema) {
   std::string bytes = "** This file contains an SQLite " + std::string(version) + " database **";
   bytes.resize(1066, '\0');
@@ -27,7 +27,7 @@ TEST(PurifiedDatabase, IsToldByItsHeadAndItsFirstTable) {
   };
   const Case cases[] = {
       {"as saved", Database("2.1", kTable), true},
-      {"something behind it", Database("2.1", std::string(kTable) + "; more"), true},
+      {"something after it", Database("2.1", std::string(kTable) + "; more"), true},
       {"another table", Database("2.1", "CREATE TABLE S(so TEXT,sm TEXT)"), false},
       {"one byte short", Database("2.1", kTable.substr(0, 30)), false},
       {"one byte late", Database("2.1", " " + std::string(kTable)), false},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The press of the start button, in a folder without the programs: every run is carried to its end,
-// and the messages tell which way it took.
+// and the messages show which way it took.
 #include <gtest/gtest.h>
 
 #include "run/shared/option_set.h"
@@ -118,7 +118,7 @@ TEST_F(RunDriver, RecognisesEachEncodingByItselfAndWritesTheResultInOneOfThem) {
     EXPECT_EQ(TheRun().resultEncoding, row.result) << row.toDo << " " << row.refer;
     EXPECT_EQ(KindOf(File(row.refer)).encoding, row.reference) << row.refer;
   }
-  // The head behind a mark was found.
+  // The head after a mark was found.
   EXPECT_EQ(Readable(TheRun().LanguagePair), "9 1\t4 2");
 }
 

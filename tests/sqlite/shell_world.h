@@ -24,7 +24,7 @@ void PrintTo(const ShellOutcome& outcome, std::ostream* stream);
 /// A folder with the database `w.db`.
 class ShellWorld {
  public:
-  /// Runs the shell with `words` behind the program's name, `sqlite`. An empty word stands for the
+  /// Runs the shell with `words` after the program's name, `sqlite`. An empty word stands for the
   /// database; the folder's path is taken out of the error stream again, as `DIR`.
   [[nodiscard]] ShellOutcome Run(std::vector<std::string> words,
                                  std::string_view script = {}) const;

@@ -22,7 +22,7 @@
 
 namespace lexmill::test {
 
-// What stands round the rows of two scripts that both formats write.
+// What comes before and after the rows of two scripts that both formats write.
 inline const std::string kHeadOfR = "BEGIN TRANSACTION;\nCREATE TABLE R(r1 TEXT,r2 TEXT);\n";
 inline const std::string kTailOfR = "CREATE INDEX irm ON R(r1);\nCOMMIT;\n";
 inline const std::string kHeadOfS =

@@ -66,7 +66,7 @@ TEST_F(CommonDialog, HandsBackTheChoice) {
   EXPECT_FALSE(readOnly);
 }
 
-TEST_F(CommonDialog, TellsThatTheUserCheckedReadOnly) {
+TEST_F(CommonDialog, ReportsThatTheUserCheckedReadOnly) {
   session.fileAnswers.push_back(FileDialogAnswer{u"/a", 1, true});
   EXPECT_TRUE(Open(false, false));
   EXPECT_TRUE(session.openDialogs[0].readOnlyBox);

@@ -311,7 +311,7 @@ TEST(LanguageTable, HoldsEveryLineOfTheFile) {
   const auto table = platform::LoadStringResource(kLanguageTableId);
   EXPECT_EQ(table.size(), 1392U);
   const auto lines = platform::Split(table, u'\n');
-  ASSERT_EQ(lines.size(), 141U);  // a heading, 139 rows, nothing behind the last line end
+  ASSERT_EQ(lines.size(), 141U);  // a heading, 139 rows, nothing after the last line end
   EXPECT_EQ(Readable(lines[0]), "[Language IDs]\r");
   std::set<std::u16string_view> keys;
   for (std::size_t i = 1; i < 140; ++i) {

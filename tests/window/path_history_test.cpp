@@ -18,7 +18,7 @@ struct PathHistory : testing::Test {
   test::HeadlessWindow world;
   platform::ComboBox& combo = world.window.cboToDo;
 
-  // The list, each entry behind a blank.
+  // The list, each entry after a blank.
   [[nodiscard]] std::string List() const {
     std::string list;
     for (std::size_t i = 0; i < combo.ListCount(); ++i) {

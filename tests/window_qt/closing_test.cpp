@@ -39,7 +39,7 @@ class Closing : public WindowOnScreen {
     WriteBytes(folder_.File("batch"), "#!/bin/sh\necho x\nexec sleep 600\n");
     std::filesystem::permissions(batch, std::filesystem::perms::owner_all);
   }
-  // Starts a run and calls `act` when the third row tells that the child has said its word. No
+  // Starts a run and calls `act` when the third row shows that the child has said its word. No
   // message may come afterwards.
   void StartAndOnceTheChildRuns(std::function<void()> act) {
     frmMain& window = frmMain::Instance();

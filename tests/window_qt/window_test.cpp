@@ -78,7 +78,7 @@ TEST_F(Window, PressesButtonsByTheirHotKeys) {
   EXPECT_TRUE(Find<QPushButton>("cmdHelp").isDown());
 }
 
-TEST_F(Window, TellsThoseWhoCannotSeeIt) {
+TEST_F(Window, SpeaksToThoseWhoCannotSeeIt) {
   frmMain::Instance().lblState(0).Caption(u"37%");
   Find("cboFinal").setFocus();
   struct Case {

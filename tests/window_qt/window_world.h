@@ -33,7 +33,7 @@ class WindowOnScreen : public testing::Test {
   }
 
   void Click(const char* name) const;
-  /// Puts the focus into a field and types, key by key, after what stands there.
+  /// Puts the focus into a field and types, key by key, after what is there.
   void Type(const char* name, std::string_view text) const;
   /// Presses a key where the focus is.
   void Press(Qt::Key key) const;

@@ -198,7 +198,7 @@ void Pager::Save(PageNumber page, const char* bytes) {
   }
 }
 
-/// From here on the file differs from what it was, and only the journal can tell.
+/// From here on the file differs from what it was, and only the journal knows what it was.
 void Pager::PrepareToWrite() {
   journal_->Images().Flush();
   hasWritten_ = true;

@@ -17,7 +17,7 @@ constexpr std::string_view kUsage =
     "   -help            show this text\n"
     "   -line            print one value a line, as NAME = VALUE\n"
     "   -list            print one row a line (default)\n"
-    "   -separator TEXT  what stands between two values of a row, at first |\n";
+    "   -separator TEXT  what separates two values of a row, at first |\n";
 
 ParsedArguments Complaint(const std::string& program, std::string_view text) {
   return {std::nullopt,

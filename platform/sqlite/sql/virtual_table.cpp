@@ -17,7 +17,7 @@
 namespace lexmill::platform::sqlite {
 namespace {
 
-/// How a cursor finds its rows: the number that libsqlite3 carries from BestIndex to Filter. From
+/// How a cursor finds its rows: the number that libsqlite3 hands on from BestIndex to Filter. From
 /// kByIndex on it is kByIndex plus a column's position.
 enum Plan : int { kAllRows, kByRowId, kByIndex };
 

@@ -90,7 +90,7 @@ TEST(TextBox, CutsEveryTextToItsMaxLength) {
   EXPECT_EQ(changes.Count(), 2);
 }
 
-TEST(ComboBox, TellsTypedTextFromChosenText) {
+TEST(ComboBox, DistinguishesTypedTextFromChosenText) {
   ComboBox combo;
   combo.AddItem(u"one", 0);
   const Counter changes(combo.Change);
@@ -123,7 +123,7 @@ TEST(ComboBox, KeepsItsListByPosition) {
   EXPECT_EQ(ListOf(combo), "B;c;d;");
 }
 
-TEST(Control, TellsItsMirrorWhatChangedAndNothingElse) {
+TEST(Control, ReportsToItsMirrorWhatChangedAndNothingElse) {
   Label label;
   std::vector<ControlProperty> changes;
   const Connection connection =

@@ -48,7 +48,7 @@ class FileSystem : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(FileSystem, TellsFilesFromFolders) {
+TEST_F(FileSystem, DistinguishesFilesFromFolders) {
   const struct {
     std::u16string path;
     bool isFile;

@@ -18,7 +18,7 @@ using test::ReadBytes;
 using test::TemporaryFolder;
 using test::WriteBytes;
 
-/// `text` with "|" for CR LF, so that a file stands on one line of a table.
+/// `text` with "|" for CR LF, so that a file fits on one line of a table.
 std::string Lines(std::string_view text) {
   std::string lines;
   for (const char c : text) {

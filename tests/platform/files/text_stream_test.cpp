@@ -128,7 +128,7 @@ TEST_F(TextStream, WritesBytesOfTheEncoding) {
   EXPECT_EQ(ReadBytes(path_), "\xEF\xBB\xBF");
 }
 
-// The failure may be told later; what is written is the same however much comes behind it.
+// The failure may be reported later; what is written is the same however much comes after it.
 TEST_F(TextStream, WritesNothingFromATextOnThatItsEncodingLacks) {
   const std::u16string many(50'000, u'x');
   for (const int behind : {0, 1, 10}) {

@@ -66,7 +66,7 @@ TEST_F(ProcessTest, LooksForAProgramInTheChildsDirectoryFirst) {
   EXPECT_EQ(Run(u"echo path"), "path\n");
 }
 
-TEST_F(ProcessTest, TellsThatAProgramCannotBeStarted) {
+TEST_F(ProcessTest, ReportsThatAProgramCannotBeStarted) {
   std::filesystem::create_directory(folder_.Path() / "folder");
   struct Case {
     const char16_t* line;

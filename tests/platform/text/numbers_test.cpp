@@ -48,7 +48,7 @@ TEST(Numbers, LongDigitsCountByTheirValue) {
   EXPECT_TRUE(IsNumeric(zeros));
 }
 
-/// The number, or the failure's number behind "err ".
+/// The number, or the failure's number after "err ".
 template <class Integer>
 std::string Outcome(Integer (*convert)(std::u16string_view), std::u16string_view text) {
   try {

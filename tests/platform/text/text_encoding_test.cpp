@@ -21,7 +21,7 @@ struct Case {
 
 constexpr Case kCases[] = {
     {"", kAnsi},
-    {"plain ASCII alone tells nothing", kAnsi},
+    {"plain ASCII alone proves nothing", kAnsi},
     {"nine: \xC3\xA9\xC3\xA9\xC3\xA9 \xC3\xA9\xC3\xA9\xC3\xA9 \xC3\xA9\xC3\xA9\xC3\xA9", kAnsi},
     {"ten: \xC3\xA9\xC3\xA9\xC3\xA9 \xC3\xA9\xC3\xA9\xC3\xA9 \xC3\xA9\xC3\xA9\xC3\xA9 \xC3\xA9",
      kUtf8},
@@ -60,7 +60,7 @@ TEST(Utf8Recognition, JudgesAFileWhereverItsPiecesEnd) {
   }
 }
 
-TEST(Utf8Recognition, TellsAtOnceThatAFileIsNot) {
+TEST(Utf8Recognition, SaysAtOnceThatAFileIsNot) {
   Utf8Recognition recognition;
   EXPECT_TRUE(recognition.Feed("abc\xE4"));
   EXPECT_FALSE(recognition.Feed("\xB8x"));

@@ -11,7 +11,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-TEST(SqliteArguments, TellsFormDatabaseAndStatement) {
+TEST(SqliteArguments, GiveFormDatabaseAndStatement) {
   struct Case {
     Words words;
     OutputForm form;

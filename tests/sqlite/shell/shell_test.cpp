@@ -55,7 +55,7 @@ TEST(SqliteShell, PrintsRowsOfEveryForm) {
   }
 }
 
-TEST(SqliteShell, TellsFailuresOfAScriptInItsOutputAndGoesOn) {
+TEST(SqliteShell, ReportsFailuresOfAScriptInItsOutputAndGoesOn) {
   const ShellWorld world;
   ASSERT_EQ(world.Script(kReference), "");
   const struct {
@@ -113,7 +113,7 @@ TEST(SqliteShell, StopsAtAFailedStatementOfTheCommandLine) {
             (ShellOutcome{"1\r\n", "SQL error: no such column: bad\r\n", 1}));
 }
 
-TEST(SqliteShell, TellsADatabaseThatCannotBeOpened) {
+TEST(SqliteShell, ReportsADatabaseThatCannotBeOpened) {
   const ShellWorld world;
   std::filesystem::create_directory(world.Folder().Path() / "folder");
   test::WriteBytes(world.Folder().File("foreign"), std::string(1024, 'x'));
@@ -305,7 +305,7 @@ TEST(SqliteShell, TakesManyStatementsOnOneLine) {
   EXPECT_EQ(world.Select("SELECT r1, count(*) FROM R GROUP BY r1"), "a|10000\nb|10000\n");
 }
 
-TEST(SqliteShell, TellsARowThatIsTooLong) {
+TEST(SqliteShell, ReportsARowThatIsTooLong) {
   const std::string head = "INSERT INTO R VALUES ('";
   const std::string longest(1'048'565, 'x');
   for (const char* end : {"','');", "', '');"}) {
