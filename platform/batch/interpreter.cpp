@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+// As the system's interpreter does, a script goes on after a line that failed: the stage that reads
+// the results decides what is missing. Output goes into a file aside, which takes its place once
+// the command has ended, so a reader never meets half a result.
 #include "platform/batch/interpreter.h"
 
 #include <utility>
@@ -99,6 +102,7 @@ bool Interpreter::RedirectInput(const std::u16string& path, HostFile& input) {
   return true;
 }
 
+// Of several files for one output the last gets it, and the others are left empty.
 bool Interpreter::RedirectOutput(const std::u16string& path, Redirected& files) {
   if (!CompleteOutput(files)) {
     return false;

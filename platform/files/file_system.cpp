@@ -50,6 +50,7 @@ std::int64_t FileSystemObject::FileSize(std::u16string_view path) const {
   return StatusOfFile(path).size;
 }
 
+// Source of the form: the names that the scripting runtime draws, such as rad2A605.tmp.
 std::u16string FileSystemObject::GetTempName() const {
   constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
   constexpr int kDigitCount = 5;
@@ -62,6 +63,8 @@ std::u16string FileSystemObject::GetTempName() const {
   return u"rad" + name + u".tmp";
 }
 
+// Hosts may let a file go that nobody may write to, since its folder may be written to; the
+// platform keeps it unless told otherwise.
 void FileSystemObject::DeleteFile(std::u16string_view path, bool force) const {
   StatusOfFile(path);
   const HostPath hostPath(path);

@@ -36,6 +36,7 @@ std::optional<NameReservation> NameReservation::Take(std::u16string_view path) {
   if (!lock) {
     return NameReservation(HostFile(), u"");
   }
+  // The lock first, the look at the path after it: whoever creates the file holds the lock then.
   if (!TryLock(*lock) || !HasName(*lock)) {
     return std::nullopt;
   }
@@ -62,6 +63,7 @@ NameReservation::~NameReservation() {
   Release();
 }
 
+// Removed while still locked: unlocked first, it could be somebody else's when it is removed.
 void NameReservation::Release() {
   if (!lockPath_.empty()) {
     RemoveFile(HostPath(std::exchange(lockPath_, {})));

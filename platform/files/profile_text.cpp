@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
+// The text is kept as it came, in units of the file: one for each byte, or for each pair of bytes
+// in UTF-16. So a line that isn't touched keeps its bytes, valid or not. What structure needs (line
+// ends, blanks, ";" and "=") is ASCII in every encoding and no second byte of any character, so it
+// is found in the units; names and values are decoded where they are compared or given.
 #include "platform/files/profile_text.h"
 
 #include <algorithm>
 
+#include "platform/files/text_stream.h"
 #include "platform/text/ansi_text.h"
 #include "platform/text/text.h"
 
@@ -10,7 +15,6 @@ namespace lexmill::platform {
 namespace {
 
 constexpr std::string_view kWideMark = "\xFF\xFE";
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::u16string_view kBlanks = u" \t\x1A";
 

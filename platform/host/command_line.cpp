@@ -9,6 +9,7 @@
 namespace lexmill::platform {
 namespace {
 
+/// A path with blanks may come without quotes, so it is looked for before the line is split.
 bool IsBatchFile(std::u16string_view path, std::u16string_view currentDirectory) {
   if (!LowerCase(path).ends_with(u".bat")) {
     return false;

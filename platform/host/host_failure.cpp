@@ -10,6 +10,8 @@ FailureNumber TransferNumber(HostError error) {
   return error == HostError::Full ? FailureNumber::DiskFull : FailureNumber::DeviceError;
 }
 
+/// The platform distinguishes a missing file from a missing folder; some hosts have one error for
+/// both.
 bool HasFolder(std::u16string_view path) {
   const auto end = path.find_last_not_of(kPathSeparators);
   const std::u16string_view name = path.substr(0, end == path.npos ? 0 : end + 1);

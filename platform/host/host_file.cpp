@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: MIT
+// Every call that can fail goes through Ask, where tests let it fail; the folder of the system
+// below knows nothing of that. A host may move fewer bytes than it was asked to (a signal, a pipe,
+// a disk that is nearly full), so writes, and reads at an offset, go on until all is
+// through.
 #include "platform/host/host_file.h"
 
 #include <utility>
@@ -36,6 +40,7 @@ HostResult<std::size_t> TransferAll(HostCall kind, std::size_t total, Step step)
   return done;
 }
 
+/// A write that moves nothing and reports no error has found no room.
 HostOutcome Whole(const HostResult<std::size_t>& moved, std::size_t total) {
   if (!moved) {
     return moved.Error();

@@ -9,6 +9,7 @@
 namespace lexmill::platform {
 namespace {
 
+/// Several separators in a row count as one, as for every host.
 std::u16string_view WithoutLastSeparators(std::u16string_view path) {
   const auto last = path.find_last_not_of(kPathSeparators);
   return path.substr(0, last == std::u16string_view::npos ? 0 : last + 1);
@@ -22,6 +23,7 @@ HostPath HostPath::FromNative(std::filesystem::path native) {
   return path;
 }
 
+// The root is set aside first: its separators are its own, and it has no parent.
 std::u16string ParentFolder(std::u16string_view path) {
   const std::size_t root = system::RootLength(path);
   const std::u16string_view name = WithoutLastSeparators(path.substr(root));

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+// UTF-8 follows from rules, every other page from a table of the machine's converters. One page
+// serves the whole process: it is named before the first text is decoded, and the default is built
+// only if none was named, since building a table takes some milliseconds.
 #include "platform/text/ansi_text.h"
 
 #include "platform/failure.h"
@@ -22,6 +25,7 @@ class Utf8Page final : public CodePage {
     return EncodeUtf8(text, bytes);
   }
 
+  // A byte that is no UTF-8 is passed over alone.
   std::size_t CharacterLength(std::string_view bytes) const override {
     std::size_t length = 0;
     static_cast<void>(NextUtf8(bytes, length));
@@ -40,6 +44,8 @@ std::unique_ptr<const CodePage> CodePage::Open(int number) {
   if (number == kUtf8Page) {
     return std::make_unique<Utf8Page>();
   }
+  // The converters know the pages by their numbers under these names. Page 936 has no character
+  // beyond its table; those of GB18030 extend it, and a file of pure page 936 keeps its bytes.
   const bool hasFourByteForms = number == kDefaultPage || number == kGb18030Page;
   return std::make_unique<TablePage>("windows-" + std::to_string(number), hasFourByteForms);
 }

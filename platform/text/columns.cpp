@@ -7,7 +7,7 @@
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
-#include "platform/failure.h"
+#include "platform/text/library_status.h"
 
 namespace lexmill::platform {
 namespace {
@@ -19,14 +19,13 @@ Breaks OpenBreaks(std::u16string_view text) {
   Breaks breaks(
       ubrk_open(UBRK_LINE, "", text.data(), static_cast<std::int32_t>(text.size()), &status),
       &ubrk_close);
-  if (U_FAILURE(status)) {
-    throw Failure(FailureNumber::InvalidCall, FailureOrigin::Runtime);
-  }
+  ThrowIfError(status);
   return breaks;
 }
 
 std::size_t ColumnsOf(UChar32 character) {
   const auto category = U_GET_GC_MASK(character);
+  // Combining marks and format characters are drawn into the character before them.
   if ((category & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) {
     return 0;
   }
@@ -46,6 +45,8 @@ std::size_t Columns(std::u16string_view text) {
   return columns;
 }
 
+// Goes from one place where a line may be broken to the next, and breaks at the last one before
+// which the line still fits.
 std::vector<std::u16string_view> WrapLines(
     std::u16string_view text, std::size_t width,
     const std::function<std::size_t(std::u16string_view)>& columns) {

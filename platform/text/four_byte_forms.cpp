@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: MIT
+// A form is a number of four digits in mixed radix, and characters beyond the Basic Multilingual
+// Plane follow one another in it, so those need no table. Those of the plane come from the
+// converter: GB18030 gives a form to what its own two-byte codes leave over.
+//
+// The page may differ from GB18030's two-byte part. A character that has a two-byte code there and
+// none in the page takes the form of the character that the page has under that code, which needs
+// it no more. So each form still belongs to one character.
 #include "platform/text/four_byte_forms.h"
 
 #include <string>

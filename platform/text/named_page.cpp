@@ -10,17 +10,11 @@
 #include <unicode/ucnv_cb.h>
 #include <unicode/utf16.h>
 
-#include "platform/failure.h"
+#include "platform/text/library_status.h"
 #include "platform/text/text.h"
 
 namespace lexmill::platform {
 namespace {
-
-void Check(UErrorCode status) {
-  if (U_FAILURE(status)) {
-    throw Failure(FailureNumber::InvalidCall, FailureOrigin::Runtime);
-  }
-}
 
 // Lets each byte that can't be decoded survive. A byte that was read with it and may begin a
 // character of its own comes back by itself.
@@ -42,12 +36,12 @@ class ConverterPage final : public CodePage {
   explicit ConverterPage(const std::string& name) : converter_(nullptr, &ucnv_close) {
     UErrorCode status = U_ZERO_ERROR;
     converter_.reset(ucnv_open(name.c_str(), &status));
-    Check(status);
+    ThrowIfError(status);
     ucnv_setFallback(converter_.get(), false);
     ucnv_setToUCallBack(converter_.get(), LetBytesSurvive, nullptr, nullptr, nullptr, &status);
     ucnv_setFromUCallBack(converter_.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr,
                           &status);
-    Check(status);
+    ThrowIfError(status);
   }
 
   void Decode(std::string_view bytes, std::u16string& text) const override {
@@ -63,7 +57,7 @@ class ConverterPage final : public CodePage {
                      &status);
       text.append(units.data(), out);
     }
-    Check(status);
+    ThrowIfError(status);
   }
 
   bool Encode(std::u16string_view text, std::string& bytes) const override {

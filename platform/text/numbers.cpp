@@ -23,6 +23,7 @@ Integer ToInteger(std::u16string_view text) {
   if (!number) {
     Fail(FailureNumber::TypeMismatch);
   }
+  // A half goes to the even neighbour, as the runtime rounds. Every bound is exact as a double.
   const double rounded = std::nearbyint(*number);
   if (rounded < std::numeric_limits<Integer>::min() ||
       rounded > std::numeric_limits<Integer>::max()) {

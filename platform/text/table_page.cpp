@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: MIT
+// A byte that is not ASCII is the first of a pair, or a character alone, or the first of a
+// four-byte form; if it is none of these it survives as itself. At most one of the three fits: no
+// byte both begins a pair and is a character, and the second byte of a form is a digit, as in no
+// pair.
 #include "platform/text/table_page.h"
 
 #include <array>
@@ -54,6 +58,8 @@ inline void TablePage::TakeCharacter(std::string_view bytes, std::size_t& at,
   }
 }
 
+// Nearly every unit has a code in the table, so the rest is asked for only after that: a byte that
+// decoding let survive, and a character in four bytes.
 inline bool TablePage::TakeUnit(std::u16string_view text, std::size_t& at, char*& out) const {
   const DoubleByteCode code = table_.Code(text[at]);
   if (code > 0xFF) {

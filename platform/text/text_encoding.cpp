@@ -39,6 +39,8 @@ bool EncodeText(TextEncoding encoding, std::u16string_view text, std::string& by
                                         : EncodeUtf8(text, bytes);
 }
 
+// Blocks end anywhere. The beginning of a character that a block cuts off waits in `pending_` until
+// the next block has completed it, or shown that it can't be completed.
 bool Utf8Recognition::Feed(std::string_view bytes) {
   while (!pending_.empty() && !bytes.empty()) {
     pending_ += bytes.front();
@@ -54,6 +56,8 @@ bool Utf8Recognition::Feed(std::string_view bytes) {
   return valid_;
 }
 
+// What is valid by chance: text of a two-byte page can look like a few sequences of two bytes,
+// hardly like one of three, and never like many.
 TextEncoding Utf8Recognition::Result() const {
   if (!valid_ || !pending_.empty()) {
     return TextEncoding::Ansi;

@@ -10,6 +10,7 @@
 namespace lexmill::platform {
 namespace {
 
+/// @param withHalves  whether half of a pair has a form, which strict UTF-8 denies it
 bool Encode(std::u16string_view text, std::string& bytes, bool withHalves) {
   const auto take = [withHalves](std::u16string_view from, std::size_t& at, char*& out) {
     UChar32 codePoint = 0;
@@ -39,6 +40,8 @@ std::int32_t NextUtf8(std::string_view bytes, std::size_t& at) {
 #pragma GCC diagnostic ignored "-Wconversion"
   U8_NEXT(bytes.data(), at, bytes.size(), codePoint);
 #pragma GCC diagnostic pop
+  // The library passes over all bytes of a broken sequence; here each is taken by itself, so that
+  // each survives.
   if (codePoint < 0) {
     at = start + 1;
   }
