@@ -23,6 +23,8 @@ std::u16string_view Describe(const Failure& failure) {
       return kPathNotFound;
     case FailureNumber::BadFileName:
       return kWrongName;
+    case FailureNumber::FileAlreadyOpen:
+      return kFileInUse;
     case FailureNumber::DiskFull:
       return kDiskFull;
     case FailureNumber::DeviceError:

@@ -20,6 +20,7 @@ inline constexpr std::u16string_view kFileNotFound = u"系统找不到指定的�
 inline constexpr std::u16string_view kPathNotFound = u"系统找不到指定的路径。";
 inline constexpr std::u16string_view kWrongName = u"文件名、目录名或卷标语法不正确。";
 inline constexpr std::u16string_view kAccessDenied = u"拒绝访问。";
+inline constexpr std::u16string_view kFileInUse = u"另一个程序正在使用此文件，进程无法访问。";
 inline constexpr std::u16string_view kDiskFull = u"磁盘空间不足。";
 inline constexpr std::u16string_view kDeviceError = u"由于 I/O 设备错误，无法运行此项请求。";
 inline constexpr std::u16string_view kCouldNotFind = u"找不到 ";  // before a full path

@@ -33,6 +33,9 @@ bool IsFree(std::u16string_view path) {
 std::optional<NameReservation> NameReservation::Take(std::u16string_view path) {
   std::u16string lockPath = LockPath(path);
   auto lock = HostFile::Open(HostPath(lockPath), OpenMode::ReadWriteCreate);
+  if (lock.FailedBy(HostError::InUse)) {
+    return std::nullopt;
+  }
   if (!lock) {
     return NameReservation(HostFile(), u"");
   }

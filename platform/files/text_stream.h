@@ -72,7 +72,8 @@ class TextWriter {
   /// Writes `text` and CR LF. @throws as Write
   void WriteLine(std::u16string_view text = {});
   /// Completes the file and puts it in its place. Closing twice is harmless.
-  /// @throws Failure as Write, or PermissionDenied if the file can't take its place
+  /// @throws Failure as Write, PermissionDenied, or FileAlreadyOpen if the file can't take its
+  /// place
   void Close();
   /// Drops what has been written: an older file of the name stays as it is. Nothing can be written
   /// from now on. A file that is closed stays.

@@ -33,8 +33,9 @@ FailureNumber FileNumber(HostError error, std::u16string_view path) {
       return FailureNumber::BadFileName;
     case HostError::Denied:
     case HostError::IsFolder:
-    case HostError::InUse:
       return FailureNumber::PermissionDenied;
+    case HostError::InUse:
+      return FailureNumber::FileAlreadyOpen;
     case HostError::Exists:
       return FailureNumber::FileAlreadyExists;
     case HostError::OutOfMemory:

@@ -11,7 +11,7 @@ namespace lexmill::platform {
 
 /// The failure of the file system object for a call on the file `path`, which is its subject: the
 /// nearest number that the platform has. NotFound is FileNotFound if the folder of `path` is there,
-/// else PathNotFound.
+/// else PathNotFound. InUse is FileAlreadyOpen.
 [[nodiscard]] Failure FileFailure(HostError error, std::u16string_view path);
 
 /// The same for binary files of the runtime, which say PathFileAccess for PermissionDenied.

@@ -76,7 +76,7 @@ bool FileAccess::TryEnter() {
 
 void FileAccess::RecoverJournal() {
   hasUselessJournal_ = false;
-  const auto journal = HostFile::Open(pager_->JournalPath(), OpenMode::Read);
+  auto journal = HostFile::Open(pager_->JournalPath(), OpenMode::Read);
   if (journal.FailedBy(HostError::NotFound)) {
     return;
   }
@@ -90,6 +90,7 @@ void FileAccess::RecoverJournal() {
     throw DatabaseError(kMalformed);
   }
   if (kind == JournalKind::Nothing) {
+    journal->Close();
     RemoveUselessJournal();
     return;
   }
@@ -100,6 +101,7 @@ void FileAccess::RecoverJournal() {
     throw DatabaseError(kLocked);
   }
   PlayBack(*journal, pager_->File(), ByteOrder::Little);
+  journal->Close();
   if (!RemoveFile(pager_->JournalPath())) {
     throw DatabaseError(kCannotOpen);
   }

@@ -162,6 +162,12 @@ void Journal::Flush() {
   pending_.clear();
 }
 
+void Journal::OpenAgain(const HostPath& path) {
+  if (auto file = HostFile::Open(path, OpenMode::Read)) {
+    file_ = *std::move(file);
+  }
+}
+
 void Journal::Replay(const RestorePage& restore) {
   Flush();
   ForEachImage(file_, LayoutOf(file_, kOrder), restore);

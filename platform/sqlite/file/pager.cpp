@@ -123,8 +123,13 @@ void Pager::Commit() {
   if (hasWritten_ && SizeOf(File()) != BytesOf(count_)) {
     ThrowUnless(File().Truncate(BytesOf(count_)));
   }
-  // This is the commit: until now the old state would have come back, from now on it can't.
-  ThrowUnless(RemoveFile(JournalPath()));
+  // This is the commit: until now the old state would have come back, from now on it can't. Closed
+  // first, since a host may keep a file as long as it is open.
+  journal_->Images().Close();
+  if (const auto removed = RemoveFile(JournalPath()); !removed) {
+    journal_->Images().OpenAgain(JournalPath());
+    ThrowUnless(removed);
+  }
   EndTransaction();
   tail_.clear();
 }
@@ -134,8 +139,8 @@ void Pager::Rollback() {
     PlayBack(journal_->Images().File(), File(), order_);
     ThrowUnless(File().WriteAt(tail_, BytesOf(journal_->Images().PageCount())));
   }
-  RemoveFile(JournalPath());
   EndTransaction();
+  RemoveFile(JournalPath());
   Refresh();
 }
 
