@@ -18,7 +18,8 @@ class LexmillRun : public testing::Test {
   LexmillRun() {
     // A copy, since the program takes the folder that it lies in for its own.
     for (const auto* program : {"lexmill-run", "batch", "sqlite"}) {
-      std::filesystem::copy(std::filesystem::path(LEXMILL_PROGRAMS) / program, programs_.Path());
+      std::filesystem::copy(std::filesystem::path(LEXMILL_PROGRAMS) / test::ProgramFile(program),
+                            programs_.Path());
     }
     WriteBytes(folder_.File("todo"), Ansi("9 1\t4 2\n&Open\t&Open\n"));
     WriteBytes(folder_.File("refer"), Ansi("Open\t打开\n"));

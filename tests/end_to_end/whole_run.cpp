@@ -8,8 +8,7 @@ namespace lexmill::test {
 
 WholeRun::WholeRun() {
   for (const auto* program : {"batch", "sqlite"}) {
-    std::filesystem::create_symlink(std::filesystem::path(LEXMILL_PROGRAMS) / program,
-                                    world_.folder.Path() / program);
+    LendProgram(LEXMILL_PROGRAMS, program, world_.folder.Path());
   }
   platform::SetApplicationFolder(platform::FromUtf8(world_.folder.Path().string()));
   world_.window.Show();
@@ -38,9 +37,10 @@ std::string WholeRun::ResultOf(std::string_view toDo, std::string_view refer) {
 
 void WholeRun::ExpectNoTemporaryFiles() const {
   std::string expected;
-  for (const auto* name : {"Lexmill.ini", "POLOLID.ini", "batch", "sqlite"}) {
+  for (const std::string& name : {std::string("Lexmill.ini"), std::string("POLOLID.ini"),
+                                  ProgramFile("batch"), ProgramFile("sqlite")}) {
     if (std::filesystem::exists(world_.folder.Path() / name)) {
-      expected += (expected.empty() ? "" : " ") + std::string(name);
+      expected += (expected.empty() ? "" : " ") + name;
     }
   }
   EXPECT_EQ(world_.folder.Listing(), expected);

@@ -39,6 +39,12 @@ class OrdinaryUser {
   bool wasSuperuser_;
 };
 
+/// The file name of one of our programs: "batch" or "batch.exe".
+[[nodiscard]] std::string ProgramFile(std::string_view program);
+/// Lets `program` of the folder `from` be in the folder `to`, too.
+void LendProgram(const std::filesystem::path& from, std::string_view program,
+                 const std::filesystem::path& to);
+
 /// Writes `bytes` as they are.
 void WriteBytes(std::u16string_view path, std::string_view bytes);
 /// The bytes of a file; a test failure and "" if it can't be read.

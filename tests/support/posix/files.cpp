@@ -29,4 +29,13 @@ OrdinaryUser::~OrdinaryUser() {
   }
 }
 
+std::string ProgramFile(std::string_view program) {
+  return std::string(program);
+}
+
+void LendProgram(const std::filesystem::path& from, std::string_view program,
+                 const std::filesystem::path& to) {
+  std::filesystem::create_symlink(from / program, to / program);
+}
+
 }  // namespace lexmill::test

@@ -17,4 +17,19 @@ TemporaryFolder::TemporaryFolder() {
 OrdinaryUser::OrdinaryUser() : wasSuperuser_(false) {}
 OrdinaryUser::~OrdinaryUser() = default;
 
+std::string ProgramFile(std::string_view program) {
+  return std::string(program) + ".exe";
+}
+
+// A link of the file itself: links by name are for administrators.
+void LendProgram(const std::filesystem::path& from, std::string_view program,
+                 const std::filesystem::path& to) {
+  const std::string name = ProgramFile(program);
+  std::error_code failure;
+  std::filesystem::create_hard_link(from / name, to / name, failure);
+  if (failure) {
+    std::filesystem::copy_file(from / name, to / name);
+  }
+}
+
 }  // namespace lexmill::test
