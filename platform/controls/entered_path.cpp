@@ -4,6 +4,7 @@
 #include <charconv>
 #include <optional>
 
+#include "platform/host/host_path.h"
 #include "platform/text/text.h"
 
 namespace lexmill::platform {
@@ -50,7 +51,8 @@ std::u16string EnteredPath(std::u16string_view text) {
     text.remove_suffix(1);
   }
   const auto address = LocalPart(text);
-  return address ? FromUtf8(Unescaped(ToUtf8(*address))) : std::u16string(text);
+  return address ? AddressedPath(FromUtf8(Unescaped(ToUtf8(*address))))
+                 : std::u16string(CopiedPath(text));
 }
 
 }  // namespace lexmill::platform

@@ -46,6 +46,11 @@ class HostPath {
 [[nodiscard]] std::u16string AbsolutePath(std::u16string_view path);
 /// `path` without `.`, `..` and double separators. Text work only.
 [[nodiscard]] std::u16string NormalPath(std::u16string_view path);
+/// The path in `text` as this host's file manager copies it: on some hosts it comes in quotes.
+[[nodiscard]] std::u16string_view CopiedPath(std::u16string_view text);
+/// The path that `text`, the part of a file's address after its machine, means on this host: one
+/// with drives has no separator before them.
+[[nodiscard]] std::u16string AddressedPath(std::u16string_view text);
 /// This process's current folder; empty if it is gone.
 [[nodiscard]] std::u16string CurrentFolder();
 

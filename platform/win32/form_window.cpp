@@ -147,6 +147,7 @@ bool FormWindow::Take(UINT message, WPARAM wide, LPARAM param, LRESULT& result) 
       return false;
     case WM_DPICHANGED:
       TakeResolution(LOWORD(wide));
+      MoveTo(reinterpret_cast<const RECT*>(param)->left, reinterpret_cast<const RECT*>(param)->top);
       return true;
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
@@ -226,12 +227,16 @@ void FormWindow::ShowSize() {
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void FormWindow::MoveTo(int left, int top) const {
+  SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void FormWindow::ShowVisible() {
   if (form_.Visible()) {
     const PixelPlace desktop = WorkAreaOf(window_);
     const PixelPlace own = FrameOf(window_);
-    SetWindowPos(window_, nullptr, desktop.left + (desktop.width - own.width) / 2,
-                 desktop.top + (desktop.height - own.height) / 2, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    MoveTo(desktop.left + (desktop.width - own.width) / 2,
+           desktop.top + (desktop.height - own.height) / 2);
     ShowWindow(window_, SW_SHOWNORMAL);
     RestoreFocus();
   } else if (IsWindowVisible(window_) != FALSE) {

@@ -39,6 +39,7 @@ class FormWindow {
   void ShowSize();
   void ShowVisible();
   void ShowPlace() const;
+  void MoveTo(int left, int top) const;
   void ShowState() const;
   void ShowAll();
   void ReportPlace();

@@ -96,7 +96,9 @@ bool TakePress(Form& form, HWND window, const MSG& message) {
       }
       return true;
     case VK_F1:
-      form.UserWantsHelp();
+      if (!IsRepeated(message)) {
+        form.UserWantsHelp();
+      }
       return true;
     case VK_MENU:
       ShowMarks(window);

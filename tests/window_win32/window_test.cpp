@@ -118,6 +118,15 @@ TEST_F(Window, KeepsWhatIsTypedWhateverTheListHoldsAndTheWheelDoes) {
   EXPECT_EQ(TextOf(field), u"字a");
 }
 
+TEST_F(Window, MakesAPathOfWhatIsPasted) {
+  HWND field = Of(Main().cboToDo);
+  for (const wchar_t* pasted : {L"\"C:\\a b\\字.glo\"", L"file:///C:/a%20b/%E5%AD%97.glo"}) {
+    SendMessageW(TypingPart(field), EM_SETSEL, 0, -1);
+    SendMessageW(TypingPart(field), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(pasted));
+    EXPECT_EQ(TextOf(field), u"C:\\a b\\字.glo");
+  }
+}
+
 TEST_F(Window, TakesDroppedFilesAsTheirFieldDoes) {
   using namespace std::string_view_literals;
   Drop(Of(Main().cboToDo), u"C:\\词 典.glo\0C:\\b.glo\0"sv);

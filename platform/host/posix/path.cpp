@@ -27,6 +27,14 @@ std::u16string NormalPath(std::u16string_view path) {
   return HostPath::FromNative(HostPath(path).Native().lexically_normal()).Text();
 }
 
+std::u16string_view CopiedPath(std::u16string_view text) {
+  return text;
+}
+
+std::u16string AddressedPath(std::u16string_view text) {
+  return std::u16string(text);
+}
+
 std::u16string CurrentFolder() {
   std::error_code none;
   return HostPath::FromNative(std::filesystem::current_path(none)).Text();

@@ -124,6 +124,18 @@ std::u16string NormalPath(std::u16string_view path) {
          HostPath::FromNative(rest.lexically_normal()).Text();
 }
 
+// No name has a quotation mark.
+std::u16string_view CopiedPath(std::u16string_view text) {
+  const bool isQuoted = text.size() > 2 && text.starts_with(u'"') && text.ends_with(u'"');
+  return isQuoted ? text.substr(1, text.size() - 2) : text;
+}
+
+std::u16string AddressedPath(std::u16string_view text) {
+  std::u16string path(text.substr(DriveRootLength(text.substr(1)) > 0 ? 1 : 0));
+  std::ranges::replace(path, u'/', u'\\');
+  return path;
+}
+
 std::u16string CurrentFolder() {
   return system::TextOf(system::Filled(
       [](wchar_t* buffer, DWORD size) { return GetCurrentDirectoryW(size, buffer); }));
