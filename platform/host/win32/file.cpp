@@ -2,7 +2,6 @@
 // Open files. Everybody may read, write, rename and remove what is open here, as the neutral code
 // expects; who else has a file without leave for that is in the way, which is InUse.
 #include <algorithm>
-#include <atomic>
 
 #include "platform/host/system_file.h"
 #include "platform/host/win32/error.h"
@@ -106,16 +105,17 @@ bool UnlockBytes(HostHandle handle, std::int64_t offset, DWORD size) {
   return UnlockFileEx(HandleOf(handle), 0, size, 0, &place) != 0;
 }
 
-/// Who is in the gate leaves it at once.
-bool EnterGate(HostHandle handle) {
+/// Who is in the gate leaves it at once, so it is waited for.
+HostOutcome EnterGate(HostHandle handle) {
   constexpr int kTries = 100;
-  for (int i = 0; i < kTries; ++i) {
-    if (LockBytes(handle, kGate, 1, LockKind::Exclusive)) {
-      return true;
+  for (int i = 1; !LockBytes(handle, kGate, 1, LockKind::Exclusive); ++i) {
+    const HostError refusal = LastError();
+    if (refusal != HostError::InUse || i == kTries) {
+      return refusal;
     }
     Sleep(1);
   }
-  return false;
+  return Done();
 }
 
 }  // namespace
@@ -131,14 +131,17 @@ HostResult<HostHandle> Open(const HostPath& path, OpenMode mode) {
   if (handle == INVALID_HANDLE_VALUE) {
     return OpeningError(*name);
   }
-  if (opening.isEmptied) {
-    SetEndOfFile(handle);  // a device has no end to set
+  // A device has no end to set.
+  if (opening.isEmptied && SetEndOfFile(handle) == 0 && GetFileType(handle) == FILE_TYPE_DISK) {
+    const HostError error = LastError();
+    CloseHandle(handle);
+    return error;
   }
   return FromHandle(handle);
 }
 
 HostResult<HostHandle> OpenTemporary(const HostPath& neighbour) {
-  static std::atomic<unsigned> number = 0;
+  static unsigned number = 0;
   const std::u16string start = std::u16string(FolderPart(neighbour.Text())) + u".lexmill-sort";
   while (true) {
     const auto mark = std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++number);
@@ -199,13 +202,14 @@ HostOutcome Truncate(HostHandle handle, std::int64_t size) {
 
 HostOutcome Lock(HostHandle handle, LockKind kind) {
   // A lock can't be changed here, but who has the gate loses nothing between two of them.
-  if (kind != LockKind::None && !EnterGate(handle)) {
-    return HostError::InUse;
-  }
-  const bool wasLocked = UnlockBytes(handle, kLocked, kLockedSize);
   if (kind == LockKind::None) {
+    UnlockBytes(handle, kLocked, kLockedSize);
     return Done();
   }
+  if (const auto entered = EnterGate(handle); !entered) {
+    return entered;
+  }
+  const bool wasLocked = UnlockBytes(handle, kLocked, kLockedSize);
   const bool isLocked = LockBytes(handle, kLocked, kLockedSize, kind);
   const HostError refusal = LastError();
   if (!isLocked && wasLocked) {

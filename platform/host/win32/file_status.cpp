@@ -93,17 +93,17 @@ HostOutcome MayWrite(const HostPath& path) {
 
 std::vector<std::u16string> NamesIn(const HostPath& folder) {
   std::vector<std::u16string> names;
-  const auto pattern = system::NameOf(folder);
+  const auto name = system::NameOf(HostPath(WithSeparator(folder.Text())));
   WIN32_FIND_DATAW entry = {};
   const HANDLE search =
-      pattern ? FindFirstFileW((*pattern + LR"(\*)").c_str(), &entry) : INVALID_HANDLE_VALUE;
+      name ? FindFirstFileW((*name + L"*").c_str(), &entry) : INVALID_HANDLE_VALUE;
   if (search == INVALID_HANDLE_VALUE) {
     return names;
   }
   do {
-    const std::wstring_view name = entry.cFileName;
-    if (name != L"." && name != L"..") {
-      names.push_back(system::TextOf(name));
+    const std::wstring_view found = entry.cFileName;
+    if (found != L"." && found != L"..") {
+      names.push_back(system::TextOf(found));
     }
   } while (FindNextFileW(search, &entry) != 0);
   FindClose(search);

@@ -75,28 +75,22 @@ HostResult<Streams> StreamsForChild(const ProgramStart& start) {
   return streams;
 }
 
-/// What a new process begins with: the three streams, which are all that it inherits.
+/// What a new process begins with: the three streams, which are all that it inherits, and its job,
+/// if it has one, which it is in from its first moment on.
 class StartupInformation {
  public:
-  explicit StartupInformation(const Streams& streams) {
+  StartupInformation(const Streams& streams, HANDLE job) : job_(job) {
     for (std::size_t i = 0; i < streams.size(); ++i) {
       handles_[i] = streams[i].Get();
     }
-    SIZE_T size = 0;
-    InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
-    attributes_.resize(size);
     information_.StartupInfo.cb = sizeof information_;
     information_.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
     information_.StartupInfo.hStdInput = handles_[0];
     information_.StartupInfo.hStdOutput = handles_[1];
     information_.StartupInfo.hStdError = handles_[2];
-    const auto list = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes_.data());
-    if (InitializeProcThreadAttributeList(list, 1, 0, &size) != 0) {
-      information_.lpAttributeList = list;
-      isComplete_ =
-          UpdateProcThreadAttribute(list, 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_.data(),
-                                    sizeof handles_, nullptr, nullptr) != 0;
-    }
+    isComplete_ = MakeList() &&
+                  Set(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_.data(), sizeof handles_) &&
+                  (job == nullptr || Set(PROC_THREAD_ATTRIBUTE_JOB_LIST, &job_, sizeof job_));
   }
   ~StartupInformation() {
     if (information_.lpAttributeList != nullptr) {
@@ -110,7 +104,26 @@ class StartupInformation {
   [[nodiscard]] STARTUPINFOW* Get() { return &information_.StartupInfo; }
 
  private:
+  static constexpr DWORD kMostAttributes = 2;
+
+  bool MakeList() {
+    SIZE_T size = 0;
+    InitializeProcThreadAttributeList(nullptr, kMostAttributes, 0, &size);
+    attributes_.resize(size);
+    const auto list = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes_.data());
+    if (InitializeProcThreadAttributeList(list, kMostAttributes, 0, &size) == 0) {
+      return false;
+    }
+    information_.lpAttributeList = list;
+    return true;
+  }
+  bool Set(DWORD_PTR attribute, void* value, SIZE_T size) {
+    return UpdateProcThreadAttribute(information_.lpAttributeList, 0, attribute, value, size,
+                                     nullptr, nullptr) != 0;
+  }
+
   std::array<HANDLE, 3> handles_{};
+  HANDLE job_;
   std::vector<char> attributes_;
   STARTUPINFOEXW information_{};
   bool isComplete_ = false;
@@ -121,22 +134,11 @@ class StartupInformation {
 DWORD FlagsFor(Family family) {
   const bool hasConsole = GetConsoleCP() != 0;
   const bool isHidden = family == Family::Own || !hasConsole;
-  return EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED | CREATE_UNICODE_ENVIRONMENT |
-         (isHidden ? CREATE_NO_WINDOW : 0);
-}
-
-/// Puts a process that hasn't begun into a job of its own.
-HostResult<OwnedHandle> JobFor(HANDLE process) {
-  OwnedHandle job(CreateJobObjectW(nullptr, nullptr));
-  if (!job.IsOpen() || AssignProcessToJobObject(job.Get(), process) == 0) {
-    return LastError();
-  }
-  return job;
+  return EXTENDED_STARTUPINFO_PRESENT | (isHidden ? CREATE_NO_WINDOW : 0);
 }
 
 HostResult<PROCESS_INFORMATION> Created(const ProgramStart& start, const std::wstring& file,
-                                        const Streams& streams, Family family) {
-  StartupInformation information(streams);
+                                        StartupInformation& information, Family family) {
   std::wstring line = CommandLineOf(start.words);
   const std::wstring folder = Wide(start.directory);
   PROCESS_INFORMATION process = {};
@@ -160,23 +162,17 @@ HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
   if (!streams) {
     return streams.Error();
   }
-  const auto created = Created(start, *file, *streams, family);
+  OwnedHandle job(family == Family::Own ? CreateJobObjectW(nullptr, nullptr) : nullptr);
+  if (family == Family::Own && !job.IsOpen()) {
+    return LastError();
+  }
+  StartupInformation information(*streams, job.Get());
+  const auto created = Created(start, *file, information, family);
   if (!created) {
     return created.Error();
   }
-  OwnedHandle process(created->hProcess);
   const OwnedHandle thread(created->hThread);
-  OwnedHandle job;
-  if (family == Family::Own) {
-    auto made = JobFor(process.Get());
-    if (!made) {
-      TerminateProcess(process.Get(), kExitByForce);
-      return made.Error();
-    }
-    job = *std::move(made);
-  }
-  ResumeThread(thread.Get());
-  return std::make_shared<Child>(std::move(process), std::move(job));
+  return std::make_shared<Child>(OwnedHandle(created->hProcess), std::move(job));
 }
 
 }  // namespace lexmill::platform::system

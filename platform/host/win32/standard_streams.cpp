@@ -28,13 +28,19 @@ HANDLE StandardHandle(StandardStream stream) {
   return GetStdHandle(STD_ERROR_HANDLE);
 }
 
-/// Length of `bytes` without the character at its end that isn't whole.
+/// Length of the UTF-8 text `bytes` without the character at its end that isn't whole.
 std::size_t WholeLength(std::string_view bytes) {
-  std::size_t end = bytes.size();
-  while (end > 0 && bytes.size() - end < 3 && (bytes[end - 1] & 0xC0) == 0x80) {
-    --end;
+  std::size_t first = bytes.size();
+  while (first > 0 && (bytes[first - 1] & 0xC0) == 0x80) {
+    --first;
   }
-  return end > 0 && (bytes[end - 1] & 0xC0) == 0xC0 ? end - 1 : bytes.size();
+  if (first == 0 || (bytes[first - 1] & 0xC0) != 0xC0) {
+    return bytes.size();
+  }
+  --first;
+  const int lead = bytes[first] & 0xFF;
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  return bytes.size() - first < length ? first : bytes.size();
 }
 
 /// Shows UTF-8 on a console, whatever page it has.
