@@ -92,6 +92,10 @@ bool Copy(std::span<const std::u16string> names, CommandStreams streams) {
   auto file = HostFile::Open(HostPath(source), OpenMode::Read);
   if (!file) {
     PrintLine(streams.error, Describe(FileFailure(file.Error(), source)));
+    // A folder is there to be copied from, and opens on some systems.
+    if (file.Error() == HostError::IsFolder) {
+      PrintLine(streams.output, kNoFileCopied);
+    }
     return false;
   }
   if (IsUnfinished(*file, source)) {
