@@ -106,14 +106,14 @@ TEST_F(CatalogRunTest, NeverReplacesAReference) {
     const char* reference;
     const char* result;
   };
-  std::filesystem::create_symlink("more", dictionaries_.Path() / "link");
+  WriteBytes(Dictionary("more"), kFilledPo);
+  std::filesystem::create_hard_link(dictionaries_.Path() / "more", dictionaries_.Path() / "link");
   for (const Case& row : {Case{"todo.po", "refer", "refer"}, Case{"todo.po", "refer", "more"},
                           Case{"todo.po", "refer", "link"}, Case{"todo.glo", "refer", "more"},
                           Case{"todo.glo", "table", "table"}}) {
     WriteBytes(Dictionary("todo.po"), kPo);
     WriteBytes(Dictionary("todo.glo"), "Open\tOpen\n");
     WriteBytes(Dictionary("refer"), "Open\t开\n");
-    WriteBytes(Dictionary("more"), kFilledPo);
     WriteBytes(Dictionary("table"), "source,target\nOpen,开\n");
     const std::string before = ReadBytes(Dictionary(row.result));
     TheRun().givenReferences = {Dictionary(row.reference), Dictionary("more")};

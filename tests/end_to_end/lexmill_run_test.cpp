@@ -18,7 +18,7 @@ class LexmillRun : public testing::Test {
   LexmillRun() {
     // A copy, since the program takes the folder that it lies in for its own.
     for (const auto* program : {"lexmill-run", "batch", "sqlite"}) {
-      std::filesystem::copy(std::filesystem::path(LEXMILL_PROGRAMS) / test::ProgramFile(program),
+      std::filesystem::copy(std::filesystem::path(LEXMILL_PROGRAMS) / ProgramFile(program),
                             programs_.Path());
     }
     WriteBytes(folder_.File("todo"), Ansi("9 1\t4 2\n&Open\t&Open\n"));
@@ -208,8 +208,8 @@ TEST_F(LexmillRun, ReportsWhatFails) {
   EXPECT_NE(Errors().find("错误 5020 的选项：txtrAndXBK1\n"), std::string::npos) << Errors();
 
   EXPECT_EQ(Run({u"todo", u"refer", u"nowhere/final"}), 1);
-  EXPECT_TRUE(
-      Errors().ends_with("错误 76 的文件：" + (folder_.Path() / "nowhere/final").string() + "\n"))
+  EXPECT_TRUE(Errors().ends_with("错误 76 的文件：" +
+                                 SystemPath((folder_.Path() / "nowhere/final").string()) + "\n"))
       << Errors();
 }
 
@@ -257,10 +257,10 @@ TEST_F(LexmillRun, ReportsThatADatabaseWasNotSaved) {
   EXPECT_EQ(save(u"saved.db"), 0) << Errors();
   EXPECT_EQ(Errors(), "");
   EXPECT_EQ(save(u"missing/saved.db"), 1);
-  EXPECT_EQ(Errors(), "lexmill-run: 数据库没有另存成功：" +
-                          (programs_.Path() / "missing/saved.db").string() + "\n");
+  EXPECT_EQ(Errors(), "lexmill-run: 数据库没有另存成功：" + (programs_.Path() / "").string() +
+                          "missing/saved.db\n");
   // An older one is none of this run's.
-  std::filesystem::remove(programs_.Path() / "batch");
+  std::filesystem::remove(programs_.Path() / ProgramFile("batch"));
   EXPECT_EQ(save(u"saved.db"), 1);
   EXPECT_NE(Errors().find("数据库没有另存成功："), std::string::npos) << Errors();
 }
@@ -330,7 +330,7 @@ TEST_F(LexmillRun, LeavesAnInstalledFolderAloneAndWorksInAnother) {
 }
 
 TEST_F(LexmillRun, ReportsThatTheShellIsMissingAndGoesOn) {
-  std::filesystem::remove(programs_.Path() / "sqlite");
+  std::filesystem::remove(programs_.Path() / ProgramFile("sqlite"));
   EXPECT_EQ(Run({u"todo", u"refer", u"final"}), 1);
   EXPECT_EQ(Errors(),
             "lexmill-run: the program 'sqlite' is missing\n"

@@ -2,6 +2,7 @@
 // The report of a run.
 #include "run/run_report.h"
 
+#include <regex>
 #include <string>
 #include <string_view>
 
@@ -31,8 +32,11 @@ class RunReport : public WholeRun {
     std::string report = ReadBytes(Dictionary(reportName));
     std::erase(report, '\r');
     const std::string folder = Readable(Dictionary(""));
-    for (std::size_t at = 0; (at = report.find(folder)) != std::string::npos;) {
-      report.erase(at, folder.size());
+    const std::string escaped = std::regex_replace(folder, std::regex(R"(\\)"), R"(\\)");
+    for (const std::string& written : {folder, escaped}) {
+      for (std::size_t at = 0; (at = report.find(written)) != std::string::npos;) {
+        report.erase(at, written.size());
+      }
     }
     return report;
   }

@@ -50,9 +50,14 @@ std::u16string TemporaryFolder::File(std::string_view name) const {
 }
 
 std::string TemporaryFolder::Listing() const {
+  const std::string suffix = ProgramFile("");
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-    names.push_back(platform::ToUtf8(entry.path().filename().u16string()));
+    std::string name = platform::ToUtf8(entry.path().filename().u16string());
+    if (name.ends_with(suffix)) {
+      name.resize(name.size() - suffix.size());
+    }
+    names.push_back(std::move(name));
   }
   std::sort(names.begin(), names.end());
   std::string result;
@@ -60,6 +65,11 @@ std::string TemporaryFolder::Listing() const {
     result += (result.empty() ? "" : " ") + name;
   }
   return result;
+}
+
+std::string SystemPath(std::string_view path) {
+  return platform::ToUtf8(
+      std::filesystem::path(platform::FromUtf8(path)).make_preferred().u16string());
 }
 
 void WriteBytes(std::u16string_view path, std::string_view bytes) {

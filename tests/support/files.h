@@ -19,7 +19,8 @@ class TemporaryFolder {
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
   /// The path of `name` in the folder as the system holds paths.
   [[nodiscard]] std::u16string File(std::string_view name) const;
-  /// Names of all that lies in the folder, sorted, joined by blanks.
+  /// Names of all that lies in the folder, programs as ProgramFile takes them, sorted, joined by
+  /// blanks.
   [[nodiscard]] std::string Listing() const;
 
  private:
@@ -44,6 +45,9 @@ class OrdinaryUser {
 /// Lets `program` of the folder `from` be in the folder `to`, too.
 void LendProgram(const std::filesystem::path& from, std::string_view program,
                  const std::filesystem::path& to);
+
+/// `path`, given with "/", with the separators that this system writes.
+[[nodiscard]] std::string SystemPath(std::string_view path);
 
 /// Writes `bytes` as they are.
 void WriteBytes(std::u16string_view path, std::string_view bytes);

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/host/application.h"
+#include "platform/host/host_path.h"
 #include "tests/support/headless_window.h"
 #include "tests/support/readable_text.h"
 #include "window/resources/language_table.h"
@@ -203,7 +204,7 @@ TEST_F(MainWindow, OpensDialogsInTheFolderOfThePathThatItHolds) {
       {u"", u""},
       {folder + u"/x.glo", folder},
       {folder + u"/missing/x.glo", u""},
-      {u"bare.glo", folder + u"/"},
+      {u"bare.glo", platform::WithSeparator(folder)},
   };
   session.fileAnswers.assign(std::size(cases), std::nullopt);
   for (const auto& [text, expected] : cases) {

@@ -50,15 +50,16 @@ TEST(CommandLine, RunsAnExistingBatchFileWithTheInterpreter) {
   std::filesystem::create_directory(folder.Path() / "folder.bat");
   SetApplicationFolder(u"/programs");
   const std::string path = ToUtf8(folder.File("a b.BAT"));
+  const std::string batch = "[/programs" + test::SystemPath("/") + "batch]";
 
   struct Case {
     std::u16string line;
     std::string words;
   };
   const Case cases[] = {
-      {folder.File("a b.BAT"), "[/programs/batch][" + path + "]"},
-      {u"a b.BAT", "[/programs/batch][a b.BAT]"},
-      {u" \"a b.BAT\" ", "[/programs/batch][a b.BAT]"},
+      {folder.File("a b.BAT"), batch + "[" + path + "]"},
+      {u"a b.BAT", batch + "[a b.BAT]"},
+      {u" \"a b.BAT\" ", batch + "[a b.BAT]"},
       {u"missing.bat", "[missing.bat]"},
       {u"folder.bat", "[folder.bat]"},
       {u"no.txt", "[no.txt]"},

@@ -117,20 +117,19 @@ TEST(SqliteShell, ReportsADatabaseThatCannotBeOpened) {
   const ShellWorld world;
   std::filesystem::create_directory(world.Folder().Path() / "folder");
   test::WriteBytes(world.Folder().File("foreign"), std::string(1024, 'x'));
+  const std::string missing = test::SystemPath("DIR/missing/w.db");
   const struct {
     const char* name;
-    const char* error;
+    std::string shown, reason;
   } cases[] = {
-      {"missing/w.db",
-       "Unable to open database \"DIR/missing/w.db\": unable to open database: "
-       "DIR/missing/w.db\r\n"},
-      {"folder", "Unable to open database \"DIR/folder\": disk I/O error\r\n"},
-      {"foreign",
-       "Unable to open database \"DIR/foreign\": file is encrypted or is not a database\r\n"},
+      {"missing/w.db", missing, "unable to open database: " + missing},
+      {"folder", test::SystemPath("DIR/folder"), "disk I/O error"},
+      {"foreign", test::SystemPath("DIR/foreign"), "file is encrypted or is not a database"},
   };
-  for (const auto& expected : cases) {
-    const std::string path = (world.Folder().Path() / expected.name).string();
-    const ShellOutcome outcome = {"", expected.error, 1};
+  for (const auto& [name, shown, reason] : cases) {
+    const std::string path = test::SystemPath((world.Folder().Path() / name).string());
+    const ShellOutcome outcome = {
+        "", "Unable to open database \"" + shown + "\": " + reason + "\r\n", 1};
     EXPECT_EQ(world.Run({path, "SELECT 1"}), outcome);
     EXPECT_EQ(world.Run({path}, "SELECT 1;\nSELECT 2;\n"), outcome);
   }
