@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstring>
+#include <span>
 
 #include <unicode/uchar.h>
 
@@ -37,21 +37,6 @@ const std::array<char16_t, kUnits>& Capitals() {
   return capitals;
 }
 
-/// Units that are looked at in one step: two words of four.
-constexpr std::size_t kBlockUnits = 8;
-/// One in each unit of a word.
-constexpr std::uint64_t kOnes = 0x0001'0001'0001'0001;
-
-/// True if one of the block's units is that of which `sought` holds four. A unit that is equal
-/// becomes zero, and subtracting one borrows from its highest bit, which was not set.
-bool HoldsUnit(const char16_t* units, std::uint64_t sought) {
-  constexpr std::uint64_t kHighest = kOnes << 15U;
-  std::array<std::uint64_t, 2> words;
-  std::memcpy(words.data(), units, sizeof words);
-  words = {words[0] ^ sought, words[1] ^ sought};
-  return ((((words[0] - kOnes) & ~words[0]) | ((words[1] - kOnes) & ~words[1])) & kHighest) != 0;
-}
-
 }  // namespace
 
 std::u16string_view TrimLeft(std::u16string_view text) {
@@ -67,16 +52,22 @@ std::u16string_view Trim(std::u16string_view text) {
   return TrimLeft(TrimRight(text));
 }
 
+// The library looks for one of the unit's bytes in many at once. Few other units have it.
 std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start) {
-  const std::uint64_t sought = unit * kOnes;
-  std::size_t at = start;
-  while (at + kBlockUnits <= text.size() && !HoldsUnit(text.data() + at, sought)) {
-    at += kBlockUnits;
+  const auto bytes = std::as_bytes(std::span(text));
+  for (std::size_t at = start; at < text.size(); ++at) {
+    const auto rest = bytes.subspan(at * sizeof unit);
+    const void* const found = std::memchr(rest.data(), unit & 0xFF, rest.size());
+    if (found == nullptr) {
+      break;
+    }
+    at =
+        static_cast<std::size_t>(static_cast<const std::byte*>(found) - bytes.data()) / sizeof unit;
+    if (text[at] == unit) {
+      return at;
+    }
   }
-  while (at < text.size() && text[at] != unit) {
-    ++at;
-  }
-  return at;
+  return text.size();
 }
 
 bool Contains(std::u16string_view text, std::u16string_view piece) {

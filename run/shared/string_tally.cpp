@@ -4,8 +4,6 @@
 #include <functional>
 #include <utility>
 
-#include "platform/text/text.h"
-
 namespace lexmill {
 namespace {
 
@@ -22,7 +20,7 @@ std::uint64_t KeyOf(std::u16string_view string) {
 }  // namespace
 
 std::u16string_view AsStored(std::u16string_view value) {
-  return value.substr(0, platform::Find(value, u'\0'));
+  return value.substr(0, value.find(u'\0'));
 }
 
 void StringTally::Add(std::u16string_view string) {
