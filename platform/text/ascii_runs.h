@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -14,15 +15,37 @@
 
 namespace lexmill::platform {
 
+/// Bytes or units that are looked at or converted in one step.
+inline constexpr std::size_t kBlock = 8;
+/// A block in registers: left to the compiler, a loop over it goes one by one.
+using BlockOfBytes [[gnu::vector_size(kBlock)]] = unsigned char;
+using BlockOfUnits [[gnu::vector_size(kBlock * sizeof(char16_t))]] = char16_t;
+
+/// Number of ASCII bytes at the start of the block at `bytes`.
+[[nodiscard]] inline std::size_t AsciiOfBlock(const char* bytes) {
+  constexpr std::uint64_t kNotAscii = 0x8080808080808080;
+  static_assert(std::endian::native == std::endian::little);
+  std::uint64_t block = 0;
+  std::memcpy(&block, bytes, sizeof block);
+  return static_cast<std::size_t>(std::countr_zero(block & kNotAscii)) / 8;
+}
+
+/// Number of ASCII units at the start of the block at `units`.
+[[nodiscard]] inline std::size_t AsciiOfBlock(const char16_t* units) {
+  constexpr std::uint64_t kNotAscii = 0xFF80FF80FF80FF80;
+  std::array<std::uint64_t, 2> halves;
+  std::memcpy(halves.data(), units, sizeof halves);
+  const bool isHalf = (halves[0] & kNotAscii) == 0;
+  const int bits = std::countr_zero(halves[isHalf ? 1 : 0] & kNotAscii);
+  return static_cast<std::size_t>(bits) / 16 + (isHalf ? kBlock / 2 : 0);
+}
+
 /// Number of ASCII bytes at the start of `bytes`.
 [[nodiscard]] inline std::size_t AsciiLength(std::string_view bytes) {
-  constexpr std::uint64_t kNotAscii = 0x8080808080808080;
   std::size_t length = 0;
-  for (std::uint64_t block = 0; length + sizeof block <= bytes.size(); length += sizeof block) {
-    std::memcpy(&block, bytes.data() + length, sizeof block);
-    if ((block & kNotAscii) != 0) {
-      break;
-    }
+  for (std::size_t ascii = kBlock; ascii == kBlock && length + kBlock <= bytes.size();) {
+    ascii = AsciiOfBlock(bytes.data() + length);
+    length += ascii;
   }
   while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) {
     ++length;
@@ -33,26 +56,33 @@ namespace lexmill::platform {
 /// Converts the ASCII bytes at the start of `bytes` into `text`, which has room for all of `bytes`.
 /// @return their number
 [[nodiscard]] inline std::size_t WidenAscii(std::string_view bytes, char16_t* text) {
-  const std::size_t length = AsciiLength(bytes);
-  for (std::size_t i = 0; i < length; ++i) {
-    text[i] = static_cast<unsigned char>(bytes[i]);
+  std::size_t done = 0;
+  for (; done + kBlock <= bytes.size(); done += kBlock) {
+    BlockOfBytes narrow;
+    std::memcpy(&narrow, bytes.data() + done, sizeof narrow);
+    const auto wide = __builtin_convertvector(narrow, BlockOfUnits);
+    std::memcpy(text + done, &wide, sizeof wide);
+    if (const std::size_t ascii = AsciiOfBlock(bytes.data() + done); ascii < kBlock) {
+      return done + ascii;
+    }
   }
-  return length;
+  for (; done < bytes.size() && static_cast<unsigned char>(bytes[done]) < 0x80; ++done) {
+    text[done] = static_cast<unsigned char>(bytes[done]);
+  }
+  return done;
 }
 
 /// Converts the ASCII units at the start of `text` into `bytes`, which has room for all of `text`.
 /// @return their number
 [[nodiscard]] inline std::size_t NarrowAscii(std::u16string_view text, char* bytes) {
-  constexpr std::uint64_t kNotAscii = 0xFF80FF80FF80FF80;
-  constexpr std::size_t kUnits = 8;
   std::size_t done = 0;
-  for (std::array<std::uint64_t, 2> block{}; done + kUnits <= text.size(); done += kUnits) {
-    std::memcpy(block.data(), text.data() + done, sizeof block);
-    if (((block[0] | block[1]) & kNotAscii) != 0) {
-      break;
-    }
-    for (std::size_t i = 0; i < kUnits; ++i) {
-      bytes[done + i] = static_cast<char>(text[done + i]);
+  for (; done + kBlock <= text.size(); done += kBlock) {
+    BlockOfUnits wide;
+    std::memcpy(&wide, text.data() + done, sizeof wide);
+    const auto narrow = __builtin_convertvector(wide, BlockOfBytes);
+    std::memcpy(bytes + done, &narrow, sizeof narrow);
+    if (const std::size_t ascii = AsciiOfBlock(text.data() + done); ascii < kBlock) {
+      return done + ascii;
     }
   }
   for (; done < text.size() && text[done] < 0x80; ++done) {
