@@ -60,17 +60,15 @@ PoToken PoTokens::Take(std::u16string& text) {
 
 PoToken PoTokens::TakeText(std::u16string& text) {
   const std::size_t begin = at_++;
-  while (true) {
-    std::size_t stop = at_;
-    while (stop < line_.size() && line_[stop] != u'"' && line_[stop] != u'\\') {
-      ++stop;
-    }
+  for (std::size_t quote = begin; true;) {
+    quote = quote < at_ ? platform::Find(line_, u'"', at_) : quote;
+    const std::size_t stop = platform::Find(line_.substr(0, quote), u'\\', at_);
     if (stop == line_.size()) {
       return {PoTokenKind::OpenText, begin, line_.size()};
     }
     text += line_.substr(at_, stop - at_);
     at_ = stop + 1;
-    if (line_[stop] == u'"') {
+    if (stop == quote) {
       return {PoTokenKind::Text, begin, at_};
     }
     if (!TakeEscape(text)) {
