@@ -15,36 +15,55 @@ constexpr std::u16string_view kLiteralTab = u"\\t";
 constexpr std::u16string_view kLiteralTabPattern = uR"(^((?:\\\\|[^\\])+)(\\t(?:\\\\|[^\\])+)$)";
 
 constexpr char16_t kAmpersand = u'&';
-constexpr std::u16string_view kReferenceHotKey = uR"(^((?:&&|[^&])*)&([^&](?:&&|[^&])*)$)";
-constexpr std::u16string_view kFullWidthHotKey =
-    uR"(^((?:&&|[^&])*)&([\u007F-\uFFFF](?:&&|[^&])*)$)";
-constexpr std::u16string_view kUntranslatedHotKey = uR"(^((?:&&|[^&])*)&([^ &](?:&&|[^&])*)$)";
-constexpr std::u16string_view kBeforeBrackets = uR"(^((?:&&|[^&])*))";
+// Taken run by run, since unit by unit, as "(?:&&|[^&])*", would be felt.
+constexpr std::u16string_view kBeforeBrackets = u"^([^&]*(?:&&[^&]*)*)";
 // A character of two units goes as a whole: half of it could be written to no file.
 constexpr std::u16string_view kBetweenBrackets =
     uR"(&(?:[\uD800-\uDBFF][\uDC00-\uDFFF]|[^ &\uD800-\uDBFF]))";
-constexpr std::u16string_view kBehindBrackets = uR"(((?:&&|[^&])*)$)";
+// A bracket that the user sets may reach into it, so that it stays as it always was.
+constexpr std::u16string_view kBehindBrackets = u"((?:&&|[^&])*)$";
 constexpr std::u16string_view kBothSides = u"$1$2";
 
 constexpr std::u16string_view kBlanksOnBothSides = u"^( *)([^ ].*[^ ])( *)$";
 constexpr std::u16string_view kLeadingBlanks = u"^( *)([^ ].*)$";
 constexpr std::u16string_view kTrailingBlanks = u"^(.*[^ ])( *)$";
 
-/// Takes away punctuation at the end of a string, group 1 being what stays.
+/// Takes away the punctuation that a string ends with: a run of one unit, at least as long as the
+/// tell-tale.
 struct PunctuationRule {
   std::u16string_view tellTale;
   bool OptionSet::*option;
-  std::u16string_view pattern;
+  std::size_t longest;    ///< a longer run stays
+  bool mayBeAll = false;  ///< also where the string is nothing else
 };
 
 /// In the order of precedence. The first two are for both sides, the others for reference targets.
 constexpr std::array<PunctuationRule, 4> kPunctuationRules = {{
-    {u":", &OptionSet::chkaBanMaoHao, u"^(.*[^:]):$"},
-    {u"...", &OptionSet::chkaBanSenHao, uR"(^(?:\.{3}|(.*[^\.])\.{3})$)"},
-    {u"：", &OptionSet::chkrQuanMaoHao, u"^(.*[^：])：$"},
-    {u"…", &OptionSet::chkrQuanSenHao, u"^(.*[^…])…{1,2}$"},
+    {u":", &OptionSet::chkaBanMaoHao, 1},
+    {u"...", &OptionSet::chkaBanSenHao, 3, true},
+    {u"：", &OptionSet::chkrQuanMaoHao, 1},
+    {u"…", &OptionSet::chkrQuanSenHao, 2},
 }};
 constexpr std::span kHalfWidthRules = std::span(kPunctuationRules).first<2>();
+
+/// Position of the one ampersand in `text` that is not half of a pair; none if there are several,
+/// or nothing comes after it.
+std::optional<std::size_t> LoneAmpersand(std::u16string_view text) {
+  std::optional<std::size_t> lone;
+  for (std::size_t at = 0; (at = platform::Find(text, kAmpersand, at)) < text.size(); ++at) {
+    if (text.substr(at).starts_with(u"&&")) {
+      ++at;
+    } else if (std::exchange(lone, at)) {
+      return std::nullopt;
+    }
+  }
+  return lone && *lone + 1 < text.size() ? lone : std::nullopt;
+}
+
+/// Sets `room` to `text` without the unit at `at`. @return `room`
+std::u16string& WithoutUnit(std::u16string_view text, std::size_t at, std::u16string& room) {
+  return room.assign(text, 0, at).append(text, at + 1);
+}
 
 /// The first unit of `text`, or the first two if they make up one character: half of it could be
 /// written to no file.
@@ -75,11 +94,11 @@ std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text,
 }
 
 /// `text` without its final punctuation. A string belongs to the first rule whose mark it holds
-/// anywhere, whether or not that rule is wanted or fits. No rule fits a string that ends in no
-/// mark, so most strings are never searched for one.
+/// anywhere, whether or not that rule is wanted or fits; none fits a string with a line end inside.
+/// No rule fits a string that ends in no mark either, so most are never searched for one.
 std::u16string_view WithoutPunctuation(std::u16string_view text,
                                        std::span<const PunctuationRule> rules,
-                                       const OptionSet& options, platform::RegExp& expression) {
+                                       const OptionSet& options) {
   const auto isLast = [&](const PunctuationRule& rule) { return text.ends_with(rule.tellTale); };
   if (std::ranges::none_of(rules, isLast)) {
     return text;
@@ -87,11 +106,14 @@ std::u16string_view WithoutPunctuation(std::u16string_view text,
   const auto rule = std::ranges::find_if(rules, [&](const PunctuationRule& candidate) {
     return platform::Contains(text, candidate.tellTale);
   });
-  if (rule == rules.end() || !(options.*rule->option)) {
+  if (!isLast(*rule) || !(options.*rule->option)) {
     return text;
   }
-  const auto groups = Match(expression, rule->pattern, text);
-  return groups.empty() ? text : groups[1];
+  const std::u16string_view rest =
+      text.substr(0, text.find_last_not_of(rule->tellTale.front()) + 1);
+  const bool isTooLong = text.size() - rest.size() > rule->longest;
+  const bool hasLines = platform::Find(rest, u'\n') + 1 < rest.size();
+  return isTooLong || hasLines || (rest.empty() && !rule->mayBeAll) ? text : rest;
 }
 
 }  // namespace
@@ -109,12 +131,12 @@ std::optional<PurifiedPair> ReferenceRules::PurifyReference(std::u16string_view 
 
 std::u16string_view ReferenceRules::PurifiedSource(std::u16string_view text) {
   text = WithoutBlanks(SourceWithoutHotKey(WithoutLiteralTab(text)));
-  return WithoutPunctuation(text, kHalfWidthRules, options_, expression_);
+  return WithoutPunctuation(text, kHalfWidthRules, options_);
 }
 
 std::u16string_view ReferenceRules::PurifiedTarget(std::u16string_view text) {
   text = WithoutBlanks(TargetWithoutHotKey(WithoutLiteralTab(text)));
-  return WithoutPunctuation(text, kPunctuationRules, options_, expression_);
+  return WithoutPunctuation(text, kPunctuationRules, options_);
 }
 
 std::u16string_view ReferenceRules::WithoutLiteralTab(std::u16string_view text) const {
@@ -126,11 +148,8 @@ std::u16string_view ReferenceRules::WithoutLiteralTab(std::u16string_view text) 
 
 /// The ampersand goes, the character after it stays; it may be a blank.
 std::u16string_view ReferenceRules::SourceWithoutHotKey(std::u16string_view source) {
-  if (!options_.chkaAndX || !platform::Contains(source, kAmpersand)) {
-    return source;
-  }
-  expression_.Pattern(kReferenceHotKey);
-  return expression_.ReplaceInto(source, kBothSides, source_) ? source_ : source;
+  const auto lone = options_.chkaAndX ? LoneAmpersand(source) : std::nullopt;
+  return lone ? WithoutUnit(source, *lone, source_) : source;
 }
 
 /// The hot key goes with its brackets; failing that, an ampersand before a full-width character.
@@ -147,11 +166,10 @@ std::u16string_view ReferenceRules::TargetWithoutHotKey(std::u16string_view targ
   if (expression_.ReplaceInto(target, kBothSides, target_)) {
     return target_;
   }
-  if (!options_.chkrAndXEER) {
-    return target;
-  }
-  expression_.Pattern(kFullWidthHotKey);
-  return expression_.ReplaceInto(target, kBothSides, target_) ? target_ : target;
+  constexpr char16_t kFirstOfFullWidth = 0x7F;
+  const auto lone = options_.chkrAndXEER ? LoneAmpersand(target) : std::nullopt;
+  const bool isHotKey = lone && target[*lone + 1] >= kFirstOfFullWidth;
+  return isHotKey ? WithoutUnit(target, *lone, target_) : target;
 }
 
 std::u16string_view ReferenceRules::WithoutBlanks(std::u16string_view text) const {
@@ -225,19 +243,18 @@ void UntranslatedRules::SetLiteralTabAside(Work& work) {
 /// Takes the ampersand out of the main text, and makes the hot key in upper case between its
 /// brackets. The character after the ampersand may not be a blank here.
 void UntranslatedRules::SetHotKeyAside(Work& work) {
-  if (!options_.chkaAndX || !platform::Contains(work.Main(), kAmpersand)) {
-    return;
-  }
-  const auto groups = Match(expression_, kUntranslatedHotKey, work.Main());
-  if (groups.empty()) {
+  const std::u16string_view main = work.Main();
+  const auto lone = options_.chkaAndX ? LoneAmpersand(main) : std::nullopt;
+  if (!lone || main[*lone + 1] == u' ') {
     return;
   }
   const std::u16string_view tail = work.text.substr(work.mainEnd);
-  text_.assign(groups[1]).append(groups[2]);
+  const std::u16string_view hotKey = FirstCharacter(main.substr(*lone + 1));
+  WithoutUnit(main, *lone, text_);
   work.mainEnd = text_.size();
   work.text = text_.append(tail);
   hotKey_.assign(options_.txttAndXBK1).append(1, u'&');
-  for (const char16_t unit : FirstCharacter(groups[2])) {
+  for (const char16_t unit : hotKey) {
     hotKey_.append(1, platform::UpperCase(unit));
   }
   work.hotKey = hotKey_.append(options_.txttAndXBK2);
@@ -262,8 +279,7 @@ void UntranslatedRules::SetBlanksAside(Work& work) {
 }
 
 void UntranslatedRules::SetPunctuationAside(Work& work) {
-  work.mainEnd = work.mainStart +
-                 WithoutPunctuation(work.Main(), kHalfWidthRules, options_, expression_).size();
+  work.mainEnd = work.mainStart + WithoutPunctuation(work.Main(), kHalfWidthRules, options_).size();
 }
 
 void UntranslatedRules::SetUpperCase(Work& work) {
