@@ -34,7 +34,8 @@ namespace lexmill::platform {
                                         std::u16string_view to);
 
 /// Position of the first `unit` in `text` from `start` on; the size of `text` if there is none.
-/// Looks at many units in one step.
+/// Looks at many units in one step, and is slow only for a unit that shares its lower byte with
+/// most others, as NUL does in plain ASCII.
 [[nodiscard]] std::size_t Find(std::u16string_view text, char16_t unit, std::size_t start = 0);
 
 /// True if `text` holds `piece`, which is not empty, anywhere.
