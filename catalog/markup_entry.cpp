@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "catalog/markup_entry.h"
 
+#include <utility>
+
 namespace lexmill {
 
 void MarkupEntry::Begin() {
+  isOpen_ = true;
   entry_ = {};
   entry_.line = walk_.Reader().Line();
   place_ = {};
@@ -31,6 +34,9 @@ void MarkupEntry::NoteElements() {
 }
 
 void MarkupEntry::Complete(bool isMarked, const OnEntry& onEntry) {
+  if (!std::exchange(isOpen_, false)) {
+    return;
+  }
   if (entry_.source.empty() && entry_.kind == EntryKind::Plain) {
     entry_.kind = EntryKind::Fixed;
   }

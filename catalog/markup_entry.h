@@ -15,12 +15,13 @@ class MarkupEntry {
   MarkupEntry(MarkupPlace::Language language, const CatalogHead& head, const MarkupWalk& walk)
       : language_(language), head_(head), walk_(walk) {}
 
-  /// Begins with the start tag that is the present event.
+  /// Begins with the start tag that is the present event. An entry within another takes its place.
   void Begin();
+  [[nodiscard]] bool IsOpen() const { return isOpen_; }
   /// The element captured last is its source, or its target.
   void TakeSource();
   void TakeTarget();
-  /// Reports it. A plain one without a source is Fixed.
+  /// Reports it if it is open. A plain one without a source is Fixed.
   /// @param isMarked  whether a target that it may have is for review
   void Complete(bool isMarked, const OnEntry& onEntry);
 
@@ -34,6 +35,7 @@ class MarkupEntry {
   MarkupPlace::Language language_;
   const CatalogHead& head_;
   const MarkupWalk& walk_;
+  bool isOpen_ = false;
   CatalogEntry entry_;
   MarkupPlace place_;
 };

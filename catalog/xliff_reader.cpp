@@ -33,19 +33,17 @@ class XliffParser {
   void TakeVersion() const;
   void BeginUnit();
   void BeginCapture(const MarkupEvent& event);
-  void CompleteUnit();
   [[nodiscard]] bool IsToReview() const;
   [[nodiscard]] UnitRules RulesHere() const;
   /// True between the tags of a unit, but for those of other targets than its own.
-  [[nodiscard]] bool IsInUnit() const { return isInUnit_ && alternatives_ == 0; }
+  [[nodiscard]] bool IsInUnit() const { return unit_.IsOpen() && alternatives_ == 0; }
 
   MarkupWalk& walk_;
   const OnEntry& onEntry_;
   MarkupEntry unit_;
   std::vector<UnitRules> groups_;  ///< those that are open
-  bool isInUnit_ = false;
-  int alternatives_ = 0;   ///< elements open that may hold other targets
-  bool isTarget_ = false;  ///< which element is under capture
+  int alternatives_ = 0;           ///< elements open that may hold other targets
+  bool isTarget_ = false;          ///< which element is under capture
   bool isApproved_ = true;
   std::u16string state_;
 };
@@ -86,14 +84,13 @@ void XliffParser::TakeEnd(const MarkupEvent& event) {
   } else if (event.name == u"seg-source" && IsInUnit()) {
     unit_.Place().afterSource = event.range.end;
   } else if (event.name == u"trans-unit") {
-    CompleteUnit();
+    unit_.Complete(IsToReview(), onEntry_);
   }
 }
 
 void XliffParser::BeginUnit() {
   const platform::MarkupReader& reader = walk_.Reader();
   const UnitRules rules = RulesHere();
-  isInUnit_ = true;
   unit_.Begin();
   CatalogEntry& entry = unit_.Entry();
   entry.context = reader.Attribute(u"resname").value_or(reader.Attribute(u"id").value_or(u""));
@@ -125,11 +122,6 @@ void XliffParser::KeepCaptured() {
 
 bool XliffParser::IsToReview() const {
   return state_.empty() ? !isApproved_ : state_.starts_with(u"needs-") || state_ == u"new";
-}
-
-void XliffParser::CompleteUnit() {
-  isInUnit_ = false;
-  unit_.Complete(IsToReview(), onEntry_);
 }
 
 }  // namespace
