@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "catalog/catalog_failure.h"
 #include "catalog/markup_head.h"
 #include "catalog/table_reader.h"
 #include "foundation/entry_point.h"
@@ -25,8 +26,8 @@ bool BeginsEntry(std::u16string_view line) {
   return false;
 }
 
-// Comments and empty lines may come first. A file of comments alone is one if entries stand in
-// them.
+// Comments and empty lines may come first. A file of comments alone is one if some of them are
+// entries.
 bool IsPo(std::u16string_view path) {
   const auto page = platform::OpenNamedPage(u"UTF-8");
   platform::PlacedLines lines(path, *page);
@@ -41,8 +42,7 @@ bool IsPo(std::u16string_view path) {
   return hasObsolete;
 }
 
-std::optional<CatalogFormat> FormatOf(std::u16string_view path) {
-  const std::u16string root = RootElement(path);
+std::optional<CatalogFormat> FormatOfRoot(std::u16string_view root) {
   if (root == u"TS") {
     return CatalogFormat::Ts;
   }
@@ -52,7 +52,7 @@ std::optional<CatalogFormat> FormatOf(std::u16string_view path) {
   if (root == u"tmx") {
     return CatalogFormat::Tmx;
   }
-  return IsPo(path) ? std::optional(CatalogFormat::Po) : std::nullopt;
+  return std::nullopt;
 }
 
 void TakeLanguages(const CatalogOptions& options, CatalogHead& head) {
@@ -74,9 +74,16 @@ char16_t AcceleratorOf(CatalogFormat format, const CatalogHead& head,
 }  // namespace
 
 std::optional<CatalogFormat> DetectCatalog(std::u16string_view path) {
-  std::optional<CatalogFormat> format;
-  IgnoreFailures([&] { format = FormatOf(path); });
-  return format;
+  MarkupRoot root;
+  bool isPo = false;
+  IgnoreFailures([&] {
+    root = ReadMarkupRoot(path);
+    isPo = root.name.empty() && IsPo(path);
+  });
+  if (root.fault && root.fault->isOfEncoding) {
+    RefuseCatalog(path, root.fault->line, root.fault->reason);
+  }
+  return isPo ? std::optional(CatalogFormat::Po) : FormatOfRoot(root.name);
 }
 
 bool CanBeFilled(CatalogFormat format) {

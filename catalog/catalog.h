@@ -16,12 +16,13 @@ struct Catalog {
   std::u16string path;
   CatalogFormat format = CatalogFormat::Po;
   CatalogHead head;
-  char16_t accelerator = u'&';  ///< what stands before its hot keys
+  char16_t accelerator = u'&';  ///< what is before the letter of a hot key
 };
 
 /// The format of a file, from its content: an XML file by its first element, a PO file by its first
 /// line that is no comment. Tables aren't told from other dictionaries here.
 /// @return none also for a file that can't be read
+/// @throws platform::Failure with file, line and reason for XML in an unknown encoding
 [[nodiscard]] std::optional<CatalogFormat> DetectCatalog(std::u16string_view path);
 
 /// True for a format that can be filled.

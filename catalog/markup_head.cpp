@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "catalog/markup_head.h"
 
-#include <tuple>
-
 #include "catalog/catalog_failure.h"
 
 namespace lexmill {
@@ -31,16 +29,16 @@ CatalogHead ReadMarkupHead(std::u16string_view path, const MarkupLanguages& lang
   return head;
 }
 
-std::u16string RootElement(std::u16string_view path) {
-  std::u16string name;
+MarkupRoot ReadMarkupRoot(std::u16string_view path) {
+  MarkupRoot root;
   platform::MarkupReader reader(path);
-  std::ignore = reader.Read([&](const MarkupEvent& event) {
+  root.fault = reader.Read([&](const MarkupEvent& event) {
     if (event.kind == MarkupKind::Start) {
-      name = event.name;
+      root.name = event.name;
       reader.Stop();
     }
   });
-  return name;
+  return root;
 }
 
 }  // namespace lexmill

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "catalog/catalog_head.h"
@@ -17,7 +19,7 @@ namespace lexmill {
 void ReadMarkupCatalog(std::u16string_view path, platform::MarkupReader& reader,
                        const platform::MarkupReader::OnEvent& onEvent);
 
-/// Where the languages of an XML catalog stand.
+/// Where the languages of an XML catalog are.
 struct MarkupLanguages {
   std::u16string_view element;  ///< the first of this name counts
   std::u16string_view source;   ///< its attributes
@@ -28,7 +30,13 @@ struct MarkupLanguages {
 [[nodiscard]] CatalogHead ReadMarkupHead(std::u16string_view path,
                                          const MarkupLanguages& languages);
 
-/// The name of the first element of a file; empty for what isn't XML up to there.
-[[nodiscard]] std::u16string RootElement(std::u16string_view path);
+/// The first element of a file.
+struct MarkupRoot {
+  std::u16string name;                         ///< empty for what isn't XML up to there
+  std::optional<platform::MarkupFault> fault;  ///< why it isn't
+};
+
+/// @throws platform::Failure for a file that can't be read
+[[nodiscard]] MarkupRoot ReadMarkupRoot(std::u16string_view path);
 
 }  // namespace lexmill

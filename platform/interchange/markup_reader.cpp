@@ -60,9 +60,6 @@ std::u16string ReasonOf(XML_Error error) {
       return u"引用了未定义的实体";
     case XML_ERROR_AMPLIFICATION_LIMIT_BREACH:
       return u"实体展开后过大";
-    case XML_ERROR_UNKNOWN_ENCODING:
-    case XML_ERROR_INCORRECT_ENCODING:
-      return u"未知的字符集";
     case XML_ERROR_UNBOUND_PREFIX:
       return u"命名空间前缀未声明";
     default:
@@ -221,7 +218,7 @@ struct MarkupReader::State {
       return true;
     }
     if (status != XML_STATUS_OK && !thrown && !isStopped && !fault) {
-      fault = MarkupFault{Line(), Reason()};
+      fault = FaultOfLibrary();
     }
     return status == XML_STATUS_OK && *count > 0;
   }
@@ -234,12 +231,16 @@ struct MarkupReader::State {
   }
 
   /// Why the library has stopped.
-  [[nodiscard]] std::u16string Reason() const {
+  [[nodiscard]] MarkupFault FaultOfLibrary() const {
     const XML_Error error = XML_GetErrorCode(parser);
-    if (error == XML_ERROR_INVALID_TOKEN && unknownPage != nullptr) {
-      return u"不符合 XML 语法，或者有 " + declared + u" 中多于两个字节的字符，请另存为 UTF-8";
+    if (error == XML_ERROR_UNKNOWN_ENCODING || error == XML_ERROR_INCORRECT_ENCODING) {
+      return {Line(), u"未知的字符集 " + declared, true};
     }
-    return ReasonOf(error);
+    if (error == XML_ERROR_INVALID_TOKEN && unknownPage != nullptr) {
+      return {Line(),
+              u"不符合 XML 语法，或者有 " + declared + u" 中多于两个字节的字符，请另存为 UTF-8"};
+    }
+    return {Line(), ReasonOf(error)};
   }
 
   std::u16string path;

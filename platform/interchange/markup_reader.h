@@ -33,8 +33,9 @@ struct MarkupEvent {
 
 /// Where and why a file isn't well-formed.
 struct MarkupFault {
-  std::int64_t line = 0;  ///< the first is 1
-  std::u16string reason;  ///< a Chinese phrase, or the library's own words
+  std::int64_t line = 0;      ///< the first is 1
+  std::u16string reason;      ///< a Chinese phrase, or the library's own words
+  bool isOfEncoding = false;  ///< nothing could be read, the encoding being unknown
 };
 
 /// Reads one XML file from start to end. Entities outside the file are not read, and those that

@@ -149,7 +149,7 @@ TEST(Xliff, IsFilledInItsOwnStyle) {
        "\n <source>a</source>\n <target state=\"needs-review-translation\">\"甲\"</target>\n"},
       {"an empty target", marked, "<source>a</source><target state='new' xml:lang='zh'/>",
        "<source>a</source><target state='needs-review-translation' xml:lang='zh'>\"甲\"</target>"},
-      {"behind segments", marked, "<source>a</source><seg-source>a</seg-source>",
+      {"after segments", marked, "<source>a</source><seg-source>a</seg-source>",
        "<source>a</source><seg-source>a</seg-source>"
        "<target state=\"needs-review-translation\">\"甲\"</target>"},
       {"a note", several, "\n <source>a</source>\n <target></target>\n",
@@ -213,7 +213,8 @@ TEST(Markup, IsRefusedWithLineAndReason) {
       {"<xliff version=\"1.2\">\n</file>", "第 2 行：结束标签与开始标签不符"},
       {"<xliff version=\"1.2\">\n<file a=b/></xliff>", "第 2 行：不符合 XML 语法"},
       {"<xliff version=\"1.2\">\n&x;</xliff>", "第 2 行：引用了未定义的实体"},
-      {"<?xml version=\"1.0\" encoding=\"none-such\"?>\n<xliff/>", "第 1 行：未知的字符集"},
+      {"<?xml version=\"1.0\" encoding=\"none-such\"?>\n<xliff/>",
+       "第 1 行：未知的字符集 none-such"},
       {"<?xml version=\"1.0\" encoding=\"gb18030\"?>\n<xliff>\x81\x30\x81\x30</xliff>",
        "第 2 行：不符合 XML 语法，或者有 gb18030 中多于两个字节的字符，请另存为 UTF-8"},
       {"<xliff version=\"2.0\"/>", "第 1 行：只支持 XLIFF 1.2 及更早的版本"},
