@@ -12,7 +12,7 @@ namespace lexmill {
 /// What has become of a catalog's entries: a Chinese sentence that names the file.
 [[nodiscard]] std::u16string FillSentence(const Catalog& catalog, const FillCounts& counts);
 
-/// What of a reference is of no use; empty if all of it is.
+/// What of a catalog was passed over: a sentence of that kind, empty if nothing was.
 [[nodiscard]] std::u16string UnusedSentence(const Catalog& catalog, const EntryCounts& counts);
 
 }  // namespace lexmill

@@ -2,6 +2,7 @@
 #include "run/catalog_run.h"
 
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "foundation/entry_point.h"
@@ -36,10 +37,13 @@ void KeepKindsOf(const std::u16string& catalog, const std::u16string& glossary) 
   TheRun().dictionaries[catalog] = kind;
 }
 
-void AddPassedOver(const std::u16string& path, const EntryCounts& counts) {
-  DroppedEntries& dropped = TheRun().counts.dropped[path];
+void NotePassedOver(const Catalog& catalog, const EntryCounts& counts) {
+  DroppedEntries& dropped = TheRun().counts.dropped[catalog.path];
   dropped.plural += counts.plural;
   dropped.inlined += counts.inlined;
+  if (std::u16string sentence = UnusedSentence(catalog, counts); !sentence.empty()) {
+    NoteHint(std::move(sentence));
+  }
 }
 
 /// Writes the entries of a catalog, and lets the window's pending events run meanwhile.
@@ -120,7 +124,7 @@ void CatalogRun::TakeUntranslated(const std::u16string& toDo,
       });
   writer.Close();
   TheRun().counts.alreadyTranslated += others.translated;
-  AddPassedOver(toDo, others);
+  NotePassedOver(*toDo_, others);
   TheRun().standIns.toDo = glossary;
   KeepKindsOf(toDo, glossary);
   TheRun().standIns.result = DrawGlossary(result_);
@@ -149,12 +153,9 @@ void CatalogRun::AddReference(const Catalog& catalog) {
       ReadTranslated(catalog, [&writer](std::u16string_view source, std::u16string_view target,
                                         std::int64_t /*line*/) { writer.Write(source, target); });
   writer.Close();
-  AddPassedOver(catalog.path, unused);
+  NotePassedOver(catalog, unused);
   TheRun().standIns.references[catalog.path] = glossary;
   KeepKindsOf(catalog.path, glossary);
-  if (const std::u16string sentence = UnusedSentence(catalog, unused); !sentence.empty()) {
-    NoteHint(sentence);
-  }
 }
 
 void CatalogRun::SettleCounts() const {
@@ -177,13 +178,12 @@ void CatalogRun::WriteResult() {
   kind.encoding = run.resultEncoding;
   const Translations found = ReadFound(run.standIns.result, kind);
   run.counts.resultWritten = false;
-  const FillCounts counts = FillFrom(*toDo_, result_, run.catalogOptions, found);
+  std::ignore = FillFrom(*toDo_, result_, run.catalogOptions, found);
   run.counts.resultWritten = true;
   if (run.catalogOptions.skipSeveral) {
     run.counts.leftOpen = run.counts.several;
     run.counts.filled -= run.counts.several;
   }
-  NoteHint(FillSentence(*toDo_, counts));
 }
 
 }  // namespace lexmill

@@ -22,6 +22,7 @@
 #include "run/catalog_task.h"
 #include "run/console_arguments.h"
 #include "run/console_run.h"
+#include "run/failure_notice.h"
 #include "run/modMain.h"
 #include "run/run_summary.h"
 #include "run/shared/run_state.h"
@@ -113,6 +114,8 @@ void ClearProgress() {
 
 // Converts or fills without a run.
 int PerformTask(const lexmill::ConsoleArguments& arguments) {
+  const lexmill::platform::Connection failures =
+      lexmill::FailureShown().Connect(lexmill::NoteSubject);
   const bool isDone = lexmill::ReportFailures(u"Module 'catalog_task' -> 'PerformTask'", [&] {
     if (arguments.task == lexmill::ConsoleTask::Convert) {
       lexmill::ConvertCatalogs(arguments.paths);
@@ -120,6 +123,7 @@ int PerformTask(const lexmill::ConsoleArguments& arguments) {
       std::cout << lexmill::platform::ToUtf8(lexmill::FillCatalogFrom(arguments.paths)) << "\n";
     }
   });
+  ReportNotices();
   return isDone ? 0 : kFailed;
 }
 
