@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "run/reference_entries.h"
 
+#include <limits>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -70,6 +71,11 @@ std::optional<Catalog> CatalogAt(const std::u16string& path) {
     modMain::RefuseUnknownFormat(path);
   }
   return table;
+}
+
+OptionSet WithoutLimit(OptionSet options) {
+  options.txtLenLimit = std::numeric_limits<std::int32_t>::max();
+  return options;
 }
 
 class Reading {
@@ -151,7 +157,7 @@ class Reading {
 
   void ReportUnused(std::u16string_view source, std::u16string_view target, std::int64_t line,
                     EntryUse use) {
-    const auto bare = rules_.PurifyReference(source, {});
+    const auto bare = rulesOfAnyLength_.PurifyReference(source, {});
     onEntry_({.line = line,
               .source = source,
               .target = target,
@@ -163,6 +169,8 @@ class Reading {
   ProgressTick progress_;
   platform::RegExp expression_;
   ReferenceRules rules_{RunOptions(), expression_};
+  OptionSet anyLength_ = WithoutLimit(RunOptions());
+  ReferenceRules rulesOfAnyLength_{anyLength_, expression_};
 };
 
 }  // namespace

@@ -21,7 +21,7 @@ struct ReferenceEntry {
   std::u16string_view source;  ///< as the reference has it
   std::u16string_view target;
   EntryUse use = EntryUse::Used;
-  PurifiedPair bare;  ///< after the rules; of an entry that is not used the source alone, if at all
+  PurifiedPair bare;  ///< after the rules; of an entry that is not used the source alone
 };
 
 /// Sees an entry; it is good until it returns.

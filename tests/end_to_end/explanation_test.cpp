@@ -15,7 +15,7 @@ class Explanations : public WholeRun {
   Explanations() {
     world_.window.chkSaveRefDB.Value(1);
     world_.window.txtSaveRefDB.Text(Dictionary("saved.db"));
-    std::ignore = ResultOf("x\tx\n", "Open\t打开(&O)\nClose\t关闭\nclose\t关\n");
+    std::ignore = ResultOf("x\tx\n", "Open\t打开(&O)\nClose\t关闭\nclose\t关\nClose:\t关闭\n");
     world_.window.chkSaveRefDB.Value(0);
     WriteBytes(Dictionary("glossary"),
                Ansi("9 1\t4 2\n\nO&pen\t打开\nOPEN!\t开\nOpen...\t打开(&O)...\nFind\tFind\n"
@@ -45,7 +45,7 @@ class Explanations : public WholeRun {
   }
 };
 
-TEST_F(Explanations, TellTranslationsWithTheirPlacesOrWhatIsNear) {
+TEST_F(Explanations, ShowTranslationsWithTheirPlacesOrWhatIsNear) {
   struct Case {
     std::u16string_view string;
     const char* reference;
@@ -108,6 +108,9 @@ TEST_F(Explanations, FollowTheOptionsOfTheRun) {
   world_.window.txtLenLimit.Text(u"4");
   EXPECT_TRUE(Explained(u"Close", {"text"})
                   .ends_with(" (txtLenLimit=4): 5 个字符\n字串太长，不查\nunknown"));
+  EXPECT_EQ(Explained(u"Open", {"glossary"}),
+            "查找: “OPEN”\n参照字典 “glossary”: 有\n  译文 “开启”: 第 7 行\n"
+            "  不用: 第 3 行、第 5 行，太长\nknown");
 }
 
 TEST_F(Explanations, FailWithTheFileThatIsAtFault) {
