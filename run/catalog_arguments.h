@@ -22,7 +22,7 @@ inline constexpr std::string_view kCatalogHelp =
     "                         comment, which is the default, or leave the entry open\n"
     "  --state NAME           the state of filled units of an XLIFF file\n"
     "  --ending FROM=TO       turn the ending of filled targets, such as :=：\n"
-    "  --accelerator MARK     what stands before hot keys in PO and XLIFF files: & or _\n"
+    "  --accelerator MARK     what marks a hot key in PO and XLIFF files: & _ ~ ^ or $\n"
     "  --languages FROM:TO    the languages to take from a TMX, CSV or TSV file\n"
     "  --convert FILE... OUT  write the entries of catalogs as a dictionary, .glo or .txt\n"
     "  --fill CATALOG RESULT OUT\n"
