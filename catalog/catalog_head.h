@@ -16,7 +16,7 @@ struct CatalogHead {
   std::u16string sourceLanguage;  ///< as the catalog names it; empty if it doesn't
   std::u16string targetLanguage;
   std::u16string accelerator;  ///< the mark of hot keys; empty if it doesn't say
-  /// Where the name of a charset stands that is still to be chosen; UTF-8 is read and written then.
+  /// Where a charset is still to be chosen; UTF-8 is read and written then.
   std::optional<platform::FileRange> openCharset;
   std::shared_ptr<const platform::CodePage> page;  ///< the catalog's encoding
 };

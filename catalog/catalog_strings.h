@@ -11,7 +11,7 @@
 
 namespace lexmill {
 
-/// A string of a catalog in front of the rules: on one line, without a TAB, its hot key behind "&".
+/// A string of a catalog as the rules take it: on one line, without a TAB, its hot key after "&".
 /// FromDictionary turns it back.
 /// @param accelerator  the mark that the catalog has before a hot key; one "&" of a catalog with
 ///   another mark becomes two, two marks become one

@@ -17,8 +17,8 @@ namespace lexmill {
 struct MarkupElement {
   std::u16string tag;            ///< its start tag, or the one tag that it is, as written
   platform::FileRange tagRange;  ///< of that tag
-  platform::FileRange content;   ///< between its tags; empty behind the one tag
-  std::int64_t end = 0;          ///< behind its last tag
+  platform::FileRange content;   ///< between its tags; empty after the one tag
+  std::int64_t end = 0;          ///< after its last tag
 };
 
 /// Where an XML catalog has the pieces of an entry, and how it writes them.
@@ -30,7 +30,7 @@ struct MarkupPlace {
   std::optional<MarkupElement> target;
   std::optional<MarkupElement> comment;  ///< of the translator, as far as the format has one only
   std::int64_t afterSource = 0;          ///< where a target may go that is missing
-  std::u16string indent;                 ///< line end and blanks in front of source or target
+  std::u16string indent;                 ///< line end and blanks before source or target
   bool escapesQuotes = false;            ///< quotes are written as references
   std::shared_ptr<const platform::CodePage> page;
 };

@@ -14,7 +14,7 @@ constexpr std::u16string_view kBlanks = u" \t\r\n";
 /// An attribute in a tag, which is known to be well-formed.
 struct AttributeSpan {
   std::size_t begin = 0;  ///< the blanks before it
-  std::size_t end = 0;    ///< behind its second quote
+  std::size_t end = 0;    ///< after its second quote
   std::u16string_view name;
   std::size_t valueBegin = 0;
 };
@@ -37,7 +37,7 @@ AttributeSpan NextAttribute(std::u16string_view tag, std::size_t from) {
   return {from, close + 1, tag.substr(begin, nameEnd - begin), quote + 1};
 }
 
-// The attribute `name`, or, if there is none, an empty one behind the last.
+// The attribute `name`, or, if there is none, an empty one after the last.
 AttributeSpan FindAttribute(std::u16string_view tag, std::u16string_view name, char16_t& quote) {
   AttributeSpan span = NextAttribute(tag, NameEnd(tag));
   while (span.end > span.begin) {

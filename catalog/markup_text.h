@@ -16,7 +16,7 @@ namespace lexmill {
 [[nodiscard]] std::u16string EscapedForMarkup(std::u16string_view text, const MarkupPlace& place);
 
 /// A start tag with the attribute `name` set to `value`, which needs no escapes, in its place if
-/// the tag has it, else behind the others and in their quotes.
+/// the tag has it, else after the others and in their quotes.
 [[nodiscard]] std::u16string WithAttribute(std::u16string_view tag, std::u16string_view name,
                                            std::u16string_view value);
 /// A start tag without the attribute `name` and the blanks before it.

@@ -19,7 +19,7 @@ enum class PoCommentKind {
 /// What kind of comment `line` is, which begins with `#`.
 [[nodiscard]] PoCommentKind KindOfPoComment(std::u16string_view line);
 
-/// True if the flag that asks for a review stands in a line of flags.
+/// True if a line of flags has the one that asks for a review.
 [[nodiscard]] bool HasFuzzyFlag(std::u16string_view line);
 /// A line of flags with the flag that asks for a review, which comes first there.
 [[nodiscard]] std::u16string WithFuzzyFlag(std::u16string_view line);

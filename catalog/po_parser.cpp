@@ -24,11 +24,11 @@ bool PoParser::ReadLine() {
 }
 
 void PoParser::ReadHeader() {
-  const auto isBehindHeader = [this] {
+  const auto isAfterHeader = [this] {
     return part_ == Part::Target && IsHeader() && !lines_.StartsWith("\"") &&
            !lines_.StartsWith(" ") && !lines_.StartsWith("\t");
   };
-  while (lines_.Next() && !isBehindHeader()) {
+  while (lines_.Next() && !isAfterHeader()) {
     TakeLine();
   }
   CompleteEntry();

@@ -15,7 +15,7 @@
 
 namespace lexmill {
 
-/// What stands for a charset in the header of a template.
+/// What a template has in its header in place of a charset.
 inline constexpr std::u16string_view kOpenCharset = u"CHARSET";
 
 /// Goes through the lines and puts entries together. An entry is complete when something begins
@@ -32,7 +32,7 @@ class PoParser {
   bool ReadLine();
 
   /// Reads the header entry, the first without source and context, and all before it; no line
-  /// behind it, which may be of another charset than the page's. Without one all is read.
+  /// after it, which may be of another charset than the page's. Without one all is read.
   /// @throws as ReadLine
   void ReadHeader();
 
@@ -70,7 +70,7 @@ class PoParser {
   bool hasText_ = true;  ///< the last keyword has a string
   bool hasContext_ = false;
   bool isFuzzy_ = false;
-  bool isBlockOpen_ = false;  ///< a comment of the entry stands right above
+  bool isBlockOpen_ = false;  ///< a comment of the entry is right above
   bool hasPrevious_ = false;  ///< one of the comments above is an earlier source
   int targets_ = 0;           ///< forms of the target so far
   bool lacksIndex_ = false;   ///< the last keyword was msgstr of a plural entry

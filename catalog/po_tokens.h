@@ -21,7 +21,7 @@ enum class PoTokenKind {
 
 enum class PoKeyword { Context, Source, Plural, Target, Domain, Unknown };
 
-/// What a word says that stands for a keyword.
+/// The keyword that a word is.
 [[nodiscard]] PoKeyword KeywordOf(std::u16string_view word);
 
 struct PoToken {
@@ -54,7 +54,7 @@ class PoTokens {
   std::size_t at_ = 0;
 };
 
-/// `text` as it stands between the quotes of a string.
+/// `text` as it is written between the quotes of a string.
 [[nodiscard]] std::u16string EscapedForPo(std::u16string_view text);
 
 }  // namespace lexmill

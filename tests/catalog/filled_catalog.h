@@ -49,7 +49,7 @@ class CatalogWorld {
     return ReadBytes(result_);
   }
 
-  /// Why the catalog can't be read or filled, from behind its name on; empty if it can.
+  /// Why the catalog can't be read or filled, from after its name on; empty if it can.
   [[nodiscard]] std::string Complaint(
       const std::map<std::u16string, Filling>& fillings = {}) const {
     try {

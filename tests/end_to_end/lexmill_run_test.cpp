@@ -78,7 +78,7 @@ TEST_F(LexmillRun, ConvertsACatalogAndFillsItAgain) {
   EXPECT_EQ(Run({u"--fill", u"a.po", u"a.u.txt", u"b.po", u"--several", u"all"}), 2);
 }
 
-TEST_F(LexmillRun, CarriesARunAndPrintsTheRows) {
+TEST_F(LexmillRun, PerformsARunAndPrintsTheRows) {
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--preset", u"full"}), 0) << Errors();
   EXPECT_EQ(FromAnsiBytes(ReadBytes(folder_.File("final"))), "9 1\t4 2\n&Open\t打开(&O)\n");
   EXPECT_TRUE(Output().starts_with("参照字典净化: 时间: ")) << Output();
