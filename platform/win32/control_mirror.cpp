@@ -55,11 +55,14 @@ void ControlMirror::Show(ControlProperty what) {
       break;
   }
   if (window_ == nullptr) {
-    InvalidateRect(surroundings_.window, nullptr, FALSE);
+    // The ground that shows it may be that of a group within the window.
+    RedrawWindow(surroundings_.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
   } else if (what == ControlProperty::Visible) {
     ShowVisible();
   } else {
-    surroundings_.tips.Set(window_, control_.Hint());
+    if (what == ControlProperty::Look) {
+      surroundings_.tips.Set(window_, control_.Hint());
+    }
     ShowOwnProperty(control_, what, window_, surroundings_);
   }
 }

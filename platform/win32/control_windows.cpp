@@ -42,7 +42,11 @@ struct Shower {
   }
   void operator()(const ComboBox& combo) const {
     ShowPlace(combo);
-    what == ControlProperty::List ? ShowList(combo, window) : ShowField(combo, window);
+    if (what == ControlProperty::Look) {
+      surroundings.tips.Set(TypingPart(window), combo.Hint());
+    }
+    what == ControlProperty::List ? ShowList(combo, window, surroundings.fonts)
+                                  : ShowField(combo, window);
   }
   void operator()(const CheckBox& box) const {
     ShowPushed(box);

@@ -16,22 +16,21 @@ constexpr int kBorders = 2;  ///< above and below a line of text, in pixels
 // A private message of a path field: its list has closed, and the text is to be the control's.
 constexpr UINT kListClosed = WM_APP + 1;
 
-HWND TypingPart(HWND combo) {
-  COMBOBOXINFO parts = {};
-  parts.cbSize = sizeof parts;
-  GetComboBoxInfo(combo, &parts);
-  return parts.hwndItem;
-}
-
 bool IsOpen(HWND combo) {
   return ComboBox_GetDroppedState(combo) != FALSE;
 }
 
-// The cursor goes to the end, as after typing.
+void GoToEnd(HWND typingPart) {
+  const int end = GetWindowTextLengthW(typingPart);
+  Edit_SetSel(typingPart, end, end);
+  Edit_ScrollCaret(typingPart);
+}
+
+// The cursor goes to the end, as after typing, where a path has its name.
 void ShowText(const std::u16string& text, HWND field, HWND typingPart) {
   if (TextOf(field) != text) {
     SetWindowTextW(field, Wide(text));
-    Edit_SetSel(typingPart, text.size(), text.size());
+    GoToEnd(typingPart);
   }
 }
 
@@ -60,28 +59,43 @@ void Choose(ComboBox& combo, HWND field) {
   }
 }
 
-// The list is as wide as its longest path, within the screen.
+// The system's field shows its text at the upper edge of a place that is higher than the text.
+void CentreTyping(HWND typingPart, int line) {
+  PixelPlace place = PlaceOf(typingPart);
+  place.top += std::max(0, (place.height - line) / 2);
+  place.height = std::min(place.height, line);
+  MoveChild(typingPart, place);
+}
+
+// The list is as wide as its longest path, or as half the screen, and the rest is scrolled to.
 void WidenList(const ComboBox& combo, HWND field, FontSet& fonts) {
   int width = 0;
   for (std::size_t i = 0; i < combo.ListCount(); ++i) {
     const std::u16string item(combo.List(i));
     width = std::max(width, fonts.SizeOf(item, GetWindowFont(field)).width);
   }
+  width += GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(fonts.Dpi()));
   const int limit = GetSystemMetrics(SM_CXSCREEN) / 2;
-  const int scrollBar = GetSystemMetrics(SM_CXVSCROLL);
-  SendMessageW(field, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(width + scrollBar, limit)),
-               0);
+  SendMessageW(field, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(width, limit)), 0);
+  SendMessageW(field, CB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
 }
 
 }  // namespace
+
+HWND TypingPart(HWND combo) {
+  COMBOBOXINFO parts = {};
+  parts.cbSize = sizeof parts;
+  GetComboBoxInfo(combo, &parts);
+  return parts.hwndItem;
+}
 
 HWND MakeField(TextBox& /*box*/, HWND parent) {
   return MakeChild(L"EDIT", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, parent);
 }
 
 HWND MakeField(ComboBox& combo, HWND parent) {
-  HWND field =
-      MakeChild(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, parent);
+  HWND field = MakeChild(
+      L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, parent);
   ComboBox_LimitText(field, 0);
   for (HWND window : {field, TypingPart(field)}) {
     FilterPathField(combo, field, window);
@@ -99,12 +113,16 @@ void ShowField(const ComboBox& combo, HWND field) {
   ShowText(combo.Text(), field, TypingPart(field));
 }
 
-void ShowList(const ComboBox& combo, HWND field) {
-  ComboBox_ResetContent(field);
+// The list goes item by item: emptied at once, it would take the text along.
+void ShowList(const ComboBox& combo, HWND field, FontSet& fonts) {
+  while (ComboBox_GetCount(field) > 0) {
+    ComboBox_DeleteString(field, 0);
+  }
   for (std::size_t i = 0; i < combo.ListCount(); ++i) {
     const std::u16string item(combo.List(i));
     ComboBox_AddString(field, Wide(item));
   }
+  WidenList(combo, field, fonts);
   ShowField(combo, field);
 }
 
@@ -130,6 +148,8 @@ void PlaceField(const ComboBox& combo, HWND field, FontSet& fonts) {
   SendMessageW(field, CB_SETITEMHEIGHT, kTypingLine, typing);
   typing += place.height - PlaceOf(field).height;
   SendMessageW(field, CB_SETITEMHEIGHT, kTypingLine, typing);
+  CentreTyping(TypingPart(field), line);
+  GoToEnd(TypingPart(field));  // the system's field chooses all of its text when it is moved
   WidenList(combo, field, fonts);
 }
 

@@ -12,10 +12,13 @@ namespace lexmill::platform::win32 {
 [[nodiscard]] HWND MakeField(TextBox& box, HWND parent);
 [[nodiscard]] HWND MakeField(ComboBox& combo, HWND parent);
 
+/// The window within the field that a user types into.
+[[nodiscard]] HWND TypingPart(HWND combo);
+
 /// Bring text, limit and list to the field. What is there already stays, with its cursor.
 void ShowField(const TextBox& box, HWND field);
 void ShowField(const ComboBox& combo, HWND field);
-void ShowList(const ComboBox& combo, HWND field);
+void ShowList(const ComboBox& combo, HWND field, FontSet& fonts);
 
 /// Put the field at the control's place. Where that is too low for a line of the desktop's font, a
 /// field for text takes what it needs.

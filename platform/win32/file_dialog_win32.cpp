@@ -6,6 +6,7 @@
 
 #include "platform/controls/dialogs.h"
 #include "platform/controls/program_end.h"
+#include "platform/win32/dialog_owner.h"
 #include "platform/win32/wide_text.h"
 
 // clang-format off
@@ -74,7 +75,7 @@ class DialogOrder {
     std::copy_n(Wide(request.fileName), std::min(request.fileName.size(), kAnswerUnits - 1),
                 buffer_.data());
     order_.lStructSize = sizeof order_;
-    order_.hwndOwner = request.overActiveWindow ? GetActiveWindow() : nullptr;
+    order_.hwndOwner = request.overActiveWindow ? win32::DialogOwner() : nullptr;
     order_.lpstrFilter = Wide(filters_);
     order_.nFilterIndex = static_cast<DWORD>(std::max(request.filterIndex, 1));
     order_.lpstrFile = buffer_.data();

@@ -9,6 +9,8 @@
 #include "platform/controls/spoken_names.h"
 #include "platform/controls/window_keys.h"
 #include "platform/controls/window_order.h"
+#include "platform/win32/dialog_owner.h"
+#include "platform/win32/fields.h"
 #include "platform/win32/keyboard.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/panels.h"
@@ -56,14 +58,6 @@ bool IsBehindFields(const Control& control) {
          !static_cast<const CheckBox&>(control).PushButtonStyle();
 }
 
-// Gives up the dialog that waits for an answer, if there is one.
-void CloseDialogOver(HWND window) {
-  HWND dialog = GetLastActivePopup(window);
-  if (dialog != nullptr && dialog != window) {
-    PostMessageW(dialog, WM_CLOSE, 0, 0);
-  }
-}
-
 }  // namespace
 
 FormWindow::FormWindow(Form& form)
@@ -73,12 +67,13 @@ FormWindow::FormWindow(Form& form)
       tips_(window_),
       surroundings_{.form = form, .window = window_, .fonts = fonts_, .tips = tips_},
       icon_(MakeIcon(form.Icon(), GetSystemMetrics(SM_CXICON))),
-      end_(form, [this] { CloseDialogOver(window_); }) {
+      smallIcon_(MakeIcon(form.Icon(), GetSystemMetrics(SM_CXSMICON))),
+      end_(form, CloseDialogs) {
   surroundings_.rearrange = [this] { Arrange(); };
   surroundings_.showEnabled = [this] { ShowEnabled(); };
   surroundings_.restoreFocus = [this] { RestoreFocus(); };
   SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon_.get()));
-  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
+  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
   for (Control* control : form.Controls()) {
     mirrors_.push_back(std::make_unique<ControlMirror>(*control, surroundings_));
   }
@@ -103,7 +98,7 @@ HWND FormWindow::Make(FormWindow& owner) {
   kind.lpfnWndProc = Procedure;
   kind.hInstance = GetModuleHandleW(nullptr);
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  kind.lpszClassName = L"LexmillForm";
+  kind.lpszClassName = kFormKind;
   RegisterClassW(&kind);
   HWND window = CreateWindowExW(kExtendedStyle, kind.lpszClassName, L"", kStyle, CW_USEDEFAULT,
                                 CW_USEDEFAULT, 0, 0, nullptr, nullptr, kind.hInstance, nullptr);
@@ -138,7 +133,7 @@ bool FormWindow::Take(UINT message, WPARAM wide, LPARAM param, LRESULT& result) 
       return true;
     case WM_SETCURSOR:
       result = TRUE;
-      return ShowPointer(reinterpret_cast<HWND>(wide));
+      return LOWORD(param) == HTCLIENT && ShowPointer(reinterpret_cast<HWND>(wide));
     case WM_SETFOCUS:
       RestoreFocus();
       return true;
@@ -146,20 +141,29 @@ bool FormWindow::Take(UINT message, WPARAM wide, LPARAM param, LRESULT& result) 
       ReportPlace();
       return false;
     case WM_DPICHANGED:
-      TakeResolution(LOWORD(wide));
-      MoveTo(reinterpret_cast<const RECT*>(param)->left, reinterpret_cast<const RECT*>(param)->top);
+      fonts_.Reset(LOWORD(wide));
+      ShowAt(reinterpret_cast<const RECT*>(param)->left, reinterpret_cast<const RECT*>(param)->top);
+      ShowAnew();
       return true;
     case WM_SETTINGCHANGE:
+      if (wide == SPI_SETNONCLIENTMETRICS) {
+        TakeLook();
+      }
+      return false;
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
-      TakeResolution(fonts_.Dpi());
+      TakeLook();
       return false;
     case WM_CLOSE:
       form_.Close();
       return true;
     case WM_QUERYENDSESSION:
-      end_.Ask();
-      result = form_.Visible() ? FALSE : TRUE;
+      result = MayEndSession() ? TRUE : FALSE;
+      return true;
+    case WM_ENDSESSION:
+      if (wide != FALSE) {
+        end_.Ask();
+      }
       return true;
     default:
       return false;
@@ -190,10 +194,25 @@ bool FormWindow::ShowPointer(HWND under) const {
   return true;
 }
 
-// Fonts, colours or the screen's resolution are others now.
-void FormWindow::TakeResolution(int dpi) {
-  fonts_.Reset(dpi);
+// The session may go on all the same, if something else keeps it: only a run has to end before the
+// answer, which holds the session's end back until it has.
+bool FormWindow::MayEndSession() {
+  if (!form_.Busy()) {
+    return true;
+  }
+  ShutdownBlockReasonCreate(window_, L"正在结束这次处理");
+  end_.Ask();
+  return !form_.Busy();
+}
+
+// The desktop's font or colours are others now.
+void FormWindow::TakeLook() {
+  fonts_.Reset(fonts_.Dpi());
   ShowSize();
+  ShowAnew();
+}
+
+void FormWindow::ShowAnew() {
   ShowAll();
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
@@ -218,25 +237,28 @@ void FormWindow::Show(FormProperty what) {
   }
 }
 
-void FormWindow::ShowSize() {
+void FormWindow::ShowSize() const {
+  const PixelPlace own = FrameOf(window_);
+  ShowAt(own.left, own.top);
+}
+
+// Place and size at once: a window that had the size of one screen at a place on another would be
+// asked to take the resolution of either in turn.
+void FormWindow::ShowAt(int left, int top) const {
   const int dpi = fonts_.Dpi();
   const PixelSize size = WithFrame(
       {.width = ToPixels(form_.ScaleWidth(), dpi), .height = ToPixels(form_.ScaleHeight(), dpi)},
       dpi);
-  SetWindowPos(window_, nullptr, 0, 0, size.width, size.height,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void FormWindow::MoveTo(int left, int top) const {
-  SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(window_, nullptr, left, top, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::ShowVisible() {
   if (form_.Visible()) {
     const PixelPlace desktop = WorkAreaOf(window_);
     const PixelPlace own = FrameOf(window_);
-    MoveTo(desktop.left + (desktop.width - own.width) / 2,
-           desktop.top + (desktop.height - own.height) / 2);
+    // The title stays on a screen that is too small for the window.
+    ShowAt(desktop.left + std::max(0, (desktop.width - own.width) / 2),
+           desktop.top + std::max(0, (desktop.height - own.height) / 2));
     ShowWindow(window_, SW_SHOWNORMAL);
     RestoreFocus();
   } else if (IsWindowVisible(window_) != FALSE) {
@@ -317,8 +339,8 @@ void FormWindow::NameControls() {
     HWND window = WindowOf(*spoken.control);
     Annotate(window, spoken);
     // A list's field has a part for typing, where the focus is.
-    if (HWND part = GetWindow(window, GW_CHILD)) {
-      Annotate(part, spoken);
+    if (spoken.control->Kind() == ControlKind::ComboBox) {
+      Annotate(TypingPart(window), spoken);
     }
   }
 }

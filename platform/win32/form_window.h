@@ -36,12 +36,13 @@ class FormWindow {
   static HWND Make(FormWindow& owner);
 
   void Show(FormProperty what);
-  void ShowSize();
+  void ShowSize() const;
   void ShowVisible();
   void ShowPlace() const;
-  void MoveTo(int left, int top) const;
+  void ShowAt(int left, int top) const;
   void ShowState() const;
   void ShowAll();
+  void ShowAnew();
   void ReportPlace();
 
   /// Brings containers and the order to the windows.
@@ -52,7 +53,8 @@ class FormWindow {
 
   void TakeCommand(HWND window, UINT notification);
   bool ShowPointer(HWND under) const;
-  void TakeResolution(int dpi);
+  void TakeLook();
+  [[nodiscard]] bool MayEndSession();
   [[nodiscard]] ControlMirror* MirrorOf(HWND window) const;
   Form& form_;
   HWND window_;
@@ -60,6 +62,7 @@ class FormWindow {
   ToolTips tips_;
   Surroundings surroundings_;
   Icon icon_;
+  Icon smallIcon_;
   ProgramEnd end_;
   std::vector<std::unique_ptr<ControlMirror>> mirrors_;
   Connection changed_;

@@ -8,6 +8,7 @@
 
 #include "platform/controls/window_keys.h"
 #include "platform/text/text.h"
+#include "platform/win32/wide_text.h"
 
 namespace lexmill::platform::win32 {
 namespace {
@@ -38,15 +39,55 @@ void ShowMarks(HWND window) {
   SendMessageW(window, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
 }
 
+bool IsTypedInto(HWND window) {
+  return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+}
+
 void MoveFocus(Form& form) {
   Control* next = NextInTabOrder(form, form.ActiveControl(), IsDown(VK_SHIFT));
   if (next == nullptr) {
     return;
   }
   next->SetFocus();
-  HWND focus = GetFocus();
-  if ((SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
-    Edit_SetSel(focus, 0, -1);
+  if (IsTypedInto(GetFocus())) {
+    Edit_SetSel(GetFocus(), 0, -1);
+  }
+}
+
+// Where the word or the part of a path begins that ends there.
+std::size_t StartOfWord(std::u16string_view text) {
+  constexpr std::u16string_view kBetween = u" \\/.;";
+  const std::size_t last = text.find_last_not_of(kBetween);
+  const std::size_t before = text.find_last_of(kBetween, last);
+  return last == std::u16string_view::npos || before == std::u16string_view::npos ? 0 : before + 1;
+}
+
+// What is chosen, or else the word before the cursor.
+void DeleteWord(HWND field) {
+  DWORD start = 0;
+  DWORD end = 0;
+  SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  if (start == end) {
+    Edit_SetSel(field, StartOfWord(TextOf(field).substr(0, end)), end);
+  }
+  SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+}
+
+// The system's field knows the one on some versions only, and types a control character for the
+// other. @return whether the key means something in a field
+bool TakeFieldKey(const MSG& message) {
+  if (!IsDown(VK_CONTROL) || IsDown(VK_MENU) || !IsTypedInto(message.hwnd)) {
+    return false;
+  }
+  switch (message.wParam) {
+    case u'A':
+      Edit_SetSel(message.hwnd, 0, -1);
+      return true;
+    case VK_BACK:
+      DeleteWord(message.hwnd);
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -55,7 +96,16 @@ std::u16string KeysOf(char16_t key) {
   std::u16string keys;
   keys += IsDown(VK_CONTROL) ? u"Ctrl+" : u"";
   keys += IsDown(VK_MENU) ? u"Alt+" : u"";
+  keys += IsDown(VK_SHIFT) ? u"Shift+" : u"";
   return keys + key;
+}
+
+// The system has to know that a key came with Alt, lest it take the end of Alt for a call of the
+// menu.
+void TellAltIsUsed(const MSG& message) {
+  if (message.message == WM_SYSKEYDOWN) {
+    DefWindowProcW(message.hwnd, message.message, message.wParam, message.lParam);
+  }
 }
 
 // @return whether the letter or digit means something to the form
@@ -69,9 +119,8 @@ bool TakeLetter(Form& form, const MSG& message) {
   if (control == nullptr && !IsDown(VK_CONTROL)) {
     control = WithHotKey(form, key);
   }
-  // The system has to know that a key came, lest it take the end of Alt for a call of the menu.
-  if (control != nullptr && message.message == WM_SYSKEYDOWN) {
-    DefWindowProcW(message.hwnd, message.message, message.wParam, message.lParam);
+  if (control != nullptr) {
+    TellAltIsUsed(message);
   }
   if (control != nullptr && !IsRepeated(message)) {
     form.UserPressesShortcut(*control);
@@ -103,8 +152,12 @@ bool TakePress(Form& form, HWND window, const MSG& message) {
     case VK_MENU:
       ShowMarks(window);
       return false;
+    case VK_UP:
+    case VK_DOWN:
+      TellAltIsUsed(message);  // as it opens a list
+      return false;
     default:
-      return TakeLetter(form, message);
+      return TakeLetter(form, message) || TakeFieldKey(message);
   }
 }
 

@@ -11,6 +11,10 @@
 #include "platform/win32/native_window.h"
 #include "platform/win32/wide_text.h"
 
+// clang-format off
+#include <uxtheme.h>
+// clang-format on
+
 namespace lexmill::platform::win32 {
 namespace {
 
@@ -45,18 +49,18 @@ PixelPlace AroundText(PixelPlace place, int width, Alignment alignment) {
 }
 
 // Draws what the group shows under the window.
-void DrawBehind(const Label& label, const DRAWITEMSTRUCT& drawing, const Form& form, int dpi) {
-  const PixelPlace place = PlaceOf(drawing.hwndItem);
+void DrawBehind(const Label& label, HDC device, HWND window, const Form& form, int dpi) {
+  const PixelPlace place = PlaceOf(window);
   RECT room = {};
-  GetClientRect(GetParent(drawing.hwndItem), &room);
-  OffsetViewportOrgEx(drawing.hDC, -place.left, -place.top, nullptr);
-  DrawGround(drawing.hDC, room, form, label.Container(), dpi);
+  GetClientRect(GetParent(window), &room);
+  OffsetViewportOrgEx(device, -place.left, -place.top, nullptr);
+  DrawGround(device, room, form, label.Container(), dpi);
   if (HasBackground(label)) {
     const PixelPlace own = ToPixels(label.Place(), dpi);
-    Fill(drawing.hDC, {own.left, own.top, own.left + own.width, own.top + own.height},
+    Fill(device, {own.left, own.top, own.left + own.width, own.top + own.height},
          ToSystem(label.BackColor(), COLOR_BTNFACE));
   }
-  OffsetViewportOrgEx(drawing.hDC, place.left, place.top, nullptr);
+  OffsetViewportOrgEx(device, place.left, place.top, nullptr);
 }
 
 COLORREF TextColor(const Label& label) {
@@ -93,16 +97,20 @@ void ShowLabel(const Label& label, HWND window, FontSet& fonts) {
 
 void DrawLabel(const Label& label, const DRAWITEMSTRUCT& drawing, const Form& form,
                FontSet& fonts) {
-  const int saved = SaveDC(drawing.hDC);
-  DrawBehind(label, drawing, form, fonts.Dpi());
+  // Drawn aside, so that a text that changes often doesn't flicker.
+  HDC device = drawing.hDC;
+  HPAINTBUFFER aside =
+      BeginBufferedPaint(drawing.hDC, &drawing.rcItem, BPBF_COMPATIBLEBITMAP, nullptr, &device);
+  const int saved = SaveDC(device);
+  DrawBehind(label, device, drawing.hwndItem, form, fonts.Dpi());
   const std::u16string text = TextOf(drawing.hwndItem);
   RECT room = drawing.rcItem;
-  SelectObject(drawing.hDC, GetWindowFont(drawing.hwndItem));
-  SetBkMode(drawing.hDC, TRANSPARENT);
-  SetTextColor(drawing.hDC, TextColor(label));
-  DrawTextW(drawing.hDC, Wide(text), static_cast<int>(text.size()), &room,
-            FormatOf(label.Alignment()));
-  RestoreDC(drawing.hDC, saved);
+  SelectObject(device, GetWindowFont(drawing.hwndItem));
+  SetBkMode(device, TRANSPARENT);
+  SetTextColor(device, TextColor(label));
+  DrawTextW(device, Wide(text), static_cast<int>(text.size()), &room, FormatOf(label.Alignment()));
+  RestoreDC(device, saved);
+  EndBufferedPaint(aside, TRUE);
 }
 
 void TakeNotification(Label& label, UINT notification) {

@@ -5,6 +5,7 @@
 #include "platform/controls/program_end.h"
 #include "platform/host/application.h"
 #include "platform/text/text.h"
+#include "platform/win32/dialog_owner.h"
 #include "platform/win32/wide_text.h"
 
 namespace lexmill::platform {
@@ -19,7 +20,7 @@ MessageAnswer ShowMessageBox(std::u16string_view text, MessageIcon icon, Message
   const std::u16string message(text);
   const std::u16string title(kApplicationTitle);
   const int answer =
-      MessageBoxW(GetActiveWindow(), win32::Wide(message), win32::Wide(title), style);
+      MessageBoxW(win32::DialogOwner(), win32::Wide(message), win32::Wide(title), style);
   return answer == IDOK ? MessageAnswer::Ok : MessageAnswer::Cancel;
 }
 

@@ -22,6 +22,8 @@ void ToolTips::Set(HWND control, const std::u16string& text) const {
   };
   send(TTM_DELTOOLW);
   if (!text.empty()) {
+    // Without a limit a tip of several words is one line, however long.
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
     tool.lpszText = const_cast<wchar_t*>(Wide(text));  // which the window copies
     send(TTM_ADDTOOLW);
   }

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: MIT
 // The window through its native controls.
+#include <array>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 
+#include "platform/controls/dialogs.h"
 #include "platform/controls/spoken_names.h"
 #include "platform/host/application.h"
 #include "platform/text/text.h"
+#include "platform/win32/dialog_owner.h"
 #include "platform/win32/file_drop.h"
 #include "platform/win32/form_window.h"
+#include "platform/win32/keyboard.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/native_window.h"
 #include "platform/win32/wide_text.h"
@@ -50,6 +55,23 @@ class Window : public testing::Test {
     RECT place = {0, 0, 1, 1};
     SendMessageW(shown_->Window(), WM_DPICHANGED, dpi | dpi << 16,
                  reinterpret_cast<LPARAM>(&place));
+  }
+
+  // @return whether the window has taken the key
+  bool Press(HWND field, WPARAM key, std::initializer_list<int> held) const {
+    std::array<BYTE, 256> keys = {};
+    for (const int one : held) {
+      keys[static_cast<std::size_t>(one)] = 0x80;
+    }
+    SetKeyboardState(keys.data());
+    MSG press = {};
+    press.hwnd = field;
+    press.message = WM_KEYDOWN;
+    press.wParam = key;
+    const bool isTaken = platform::win32::TakeKey(Main().Window, shown_->Window(), press);
+    keys = {};
+    SetKeyboardState(keys.data());
+    return isTaken;
   }
 
   // Drops files on a window, as the shell does.
@@ -111,11 +133,52 @@ TEST_F(Window, KeepsWhatIsTypedWhateverTheListHoldsAndTheWheelDoes) {
   }
   EXPECT_EQ(combo.Text(), u"字a");
   EXPECT_FALSE(Main().cmdStart.Enabled());
+  SendMessageW(TypingPart(field), EM_SETSEL, 1, 1);
   combo.AddItem(u"字abc", 0);
   EXPECT_EQ(TextOf(field), u"字a");
+  EXPECT_EQ(SendMessageW(TypingPart(field), EM_GETSEL, 0, 0), MAKELRESULT(1, 1));
   SendMessageW(TypingPart(field), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-120)), 0);
   SendMessageW(field, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-120)), 0);
   EXPECT_EQ(TextOf(field), u"字a");
+}
+
+TEST_F(Window, TakesKeysOfFieldsAndNoOthersThanAShortcuts) {
+  HWND field = TypingPart(Of(Main().cboToDo));
+  SetWindowTextW(field, L"C:\\a b\\c.glo");
+  SendMessageW(field, EM_SETSEL, 10, 10);
+  EXPECT_TRUE(Press(field, VK_BACK, {VK_CONTROL}));
+  EXPECT_TRUE(Press(field, VK_BACK, {VK_CONTROL}));
+  EXPECT_EQ(Main().cboToDo.Text(), u"C:\\a b\\lo");
+  EXPECT_TRUE(Press(field, u'A', {VK_CONTROL}));
+  EXPECT_TRUE(Press(field, VK_BACK, {VK_CONTROL}));
+  EXPECT_EQ(Main().cboToDo.Text(), u"");
+  EXPECT_FALSE(Press(field, u'O', {VK_CONTROL, VK_SHIFT}));
+}
+
+TEST_F(Window, ShowsAShapeOfAGroupInItsNewColour) {
+  HWND group = Of(Main().picState);
+  ShowWindow(group, SW_SHOW);
+  ValidateRect(group, nullptr);
+  Main().shpState(0).BackColor(platform::kBlack);
+  EXPECT_TRUE(GetUpdateRect(group, nullptr, FALSE));
+}
+
+TEST_F(Window, IsBlockedByAMessageAlsoWhileTheUserIsElsewhere) {
+  const HWND elsewhere = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                         nullptr, nullptr, nullptr, nullptr);
+  SetActiveWindow(elsewhere);
+  static BOOL isEnabled;
+  isEnabled = TRUE;
+  SetTimer(shown_->Window(), 1, 100, [](HWND window, UINT, UINT_PTR timer, DWORD) {
+    isEnabled = IsWindowEnabled(window);
+    KillTimer(window, timer);
+    platform::win32::CloseDialogs();
+  });
+  const auto answer = platform::ShowMessageBox(u"?", platform::MessageIcon::Question,
+                                               platform::MessageButtons::OkCancel);
+  DestroyWindow(elsewhere);
+  EXPECT_EQ(answer, platform::MessageAnswer::Cancel);
+  EXPECT_FALSE(isEnabled);
 }
 
 TEST_F(Window, MakesAPathOfWhatIsPasted) {
@@ -146,6 +209,9 @@ TEST_F(Window, ShowsAGreyedBoxAndUnchecksItByAClick) {
 
 TEST_F(Window, SavesItsSettingsAndGoesAtTheEndOfTheSession) {
   EXPECT_EQ(SendMessageW(shown_->Window(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  SendMessageW(shown_->Window(), WM_ENDSESSION, FALSE, 0);
+  EXPECT_TRUE(IsWindowVisible(shown_->Window())) << "the session goes on";
+  SendMessageW(shown_->Window(), WM_ENDSESSION, TRUE, 0);
   EXPECT_FALSE(IsWindowVisible(shown_->Window()));
   EXPECT_NE(folder_.Listing().find("Lexmill.ini"), std::string::npos);
   EXPECT_EQ(platform::win32::RunMessageLoop(), 0);
