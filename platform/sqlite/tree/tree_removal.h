@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Giving up the pages of a tree.
+// platform/sqlite/tree: giving up the pages of a tree.
 #pragma once
 
 #include "platform/sqlite/file/page.h"
@@ -11,7 +11,7 @@ namespace lexmill::platform::sqlite {
 enum class Overflow { Freed, Kept };
 
 /// Frees all pages of the tree at `root` but the root itself, which stays as it is.
-/// @throws DatabaseError kMalformed for a page that occurs twice and the like
+/// @throws DatabaseError kMalformed for a tree that is deeper, or has more pages, than a file can
 void FreeTreeBelow(Pager& pager, PageNumber root, Overflow overflow);
 
 }  // namespace lexmill::platform::sqlite
