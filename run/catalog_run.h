@@ -37,8 +37,8 @@ class CatalogRun {
   /// As TakeReference, for a table; to be asked for a file that is no dictionary of another format.
   void TakeTable(const std::u16string& path);
 
-  /// Fills the catalog that TakeUntranslated found from the glossary that the run has written, and
-  /// notes what has become of it. Nothing if there is no such catalog or no such glossary.
+  /// Fills the catalog that TakeUntranslated found from the glossary that the run has written.
+  /// Nothing if there is no such catalog or no such glossary.
   /// @throws platform::Failure if the result can't be written
   void WriteResult();
 

@@ -10,6 +10,7 @@
 #include "platform/files/platform_settings.h"
 #include "platform/host/application.h"
 #include "platform/host/host_path.h"
+#include "platform/host/same_file.h"
 #include "platform/text/text.h"
 #include "run/catalog_arguments.h"
 
@@ -73,6 +74,9 @@ class Reader {
       return WrongArguments{reason_};
     }
     KeepPaths();
+    if (const auto dictionary = ReplacedByReport()) {
+      return WrongArguments{"--report would replace " + platform::ToUtf8(*dictionary)};
+    }
     return arguments_;
   }
 
@@ -104,6 +108,17 @@ class Reader {
     } else {
       arguments_.paths = paths_;
     }
+  }
+
+  // The dictionary of the run in whose place the report would be written.
+  [[nodiscard]] std::optional<std::u16string> ReplacedByReport() const {
+    std::vector<std::u16string> dictionaries = arguments_.references;
+    dictionaries.insert(dictionaries.end(), {arguments_.toDo, arguments_.result});
+    const auto replaced = std::ranges::find_if(dictionaries, [&](const std::u16string& path) {
+      return !path.empty() &&
+             (path == arguments_.report || platform::IsSameFile(path, arguments_.report));
+    });
+    return replaced == dictionaries.end() ? std::nullopt : std::optional(*replaced);
   }
 
   void ReadWord(std::string_view word) {

@@ -126,6 +126,8 @@ TEST_F(LexmillRun, RefusesWrongArguments) {
            {u"todo", u"refer", u"final", u"--encoding", u"950"},
            {u"todo", u"refer", u"final", u"--refer", u"todo", u"--set", u"chkSaveRefDB=1"},
            {u"todo", u"refer", u"final", u"--work-dir", u"todo"},
+           {u"todo", u"refer", u"final", u"--report", u"./refer"},
+           {u"todo", u"refer", u"final", u"--report", u"final"},
            {u"todo", u"refer", u"final", u"--settings", u"missing.ini"},
            {u"todo", u"refer", u"final", u"--settings", u"."},
            {u"todo", u"refer", u"final", u"--set", u"chkaUpperCase"},
