@@ -64,9 +64,9 @@ platform::TextEncoding ResultEncoding(std::u16string_view toDo,
   if (!own.isPlainAscii) {
     return own.encoding;
   }
-  const auto telling = std::ranges::find_if(
+  const auto deciding = std::ranges::find_if(
       references, [](const std::u16string& path) { return !KindOf(path).isPlainAscii; });
-  return telling == references.end() ? own.encoding : KindOf(*telling).encoding;
+  return deciding == references.end() ? own.encoding : KindOf(*deciding).encoding;
 }
 
 }  // namespace lexmill

@@ -100,7 +100,7 @@ std::u16string KeysOf(char16_t key) {
   return keys + key;
 }
 
-// The system has to know that a key came with Alt, lest it take the end of Alt for a call of the
+// The system has to know that a key came with Alt, or it takes the end of Alt for a call of the
 // menu.
 void TellAltIsUsed(const MSG& message) {
   if (message.message == WM_SYSKEYDOWN) {

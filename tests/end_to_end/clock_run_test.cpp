@@ -47,7 +47,7 @@ TEST_F(ClockRun, IsCompleteWhenTheCounterWraps) {
   }
 }
 
-TEST_F(ClockRun, IsCompleteWhenTheClockGoesBackOrStands) {
+TEST_F(ClockRun, IsCompleteWhenTheClockGoesBackOrStops) {
   EXPECT_EQ(Run(50, 1'000'000, -1000), expected_);
   EXPECT_EQ(Run(50, 0, 0), expected_);
 }

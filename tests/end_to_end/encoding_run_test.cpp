@@ -22,7 +22,7 @@ class EncodingRun : public WholeRun {
 // code page 936 lacks, and one whose GB18030 form is a pair that 936 uses otherwise.
 constexpr const char* kRare = "😀 𠀀 \xEE\x80\x80 À ǹ 打";
 
-TEST_F(EncodingRun, CarriesRareCharactersThroughTheWorkingFiles) {
+TEST_F(EncodingRun, TakesRareCharactersThroughTheWorkingFiles) {
   const std::string rare = kRare;
   EXPECT_EQ(Run(rare + ":\t" + rare + ":\r\n", rare + "\t译 " + rare + "\r\n"),
             rare + ":\t译 " + rare + ":\r\n");
@@ -30,7 +30,7 @@ TEST_F(EncodingRun, CarriesRareCharactersThroughTheWorkingFiles) {
             "\r\n1:" + rare + "\r\n译 " + rare + "\r\n");
 }
 
-TEST_F(EncodingRun, KeepsTheMarkAndFindsTheHeadBehindIt) {
+TEST_F(EncodingRun, KeepsTheMarkAndFindsTheHeadAfterIt) {
   EXPECT_EQ(Run(std::string(kMark) + "9 1\t4 2\r\nOpen\tOpen\r\n", "Open\t打开\r\n"),
             std::string(kMark) + "9 1\t4 2\r\nOpen\t打开\r\n");
 }

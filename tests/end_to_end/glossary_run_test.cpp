@@ -46,7 +46,7 @@ TEST_F(GlossaryRun, ServesASavedPurifiedDatabaseAsReference) {
   ExpectNoTemporaryFiles();
 }
 
-TEST_F(GlossaryRun, CarriesTextOfEveryKindThroughTheDatabase) {
+TEST_F(GlossaryRun, TakesTextOfEveryKindThroughTheDatabase) {
   constexpr const char* kHard =
       "It's \"x\" 'y''\t甲'乙''丙\n"
       "back\\\tslash\\\n"

@@ -140,7 +140,7 @@ TEST_F(BatchScript, MakesUpTheSavedNameFromTheReference) {
   }
 }
 
-TEST_F(BatchScript, ShowsAPathThatCannotBeCarriedAndLeavesTheLinesBeforeIt) {
+TEST_F(BatchScript, ShowsAPathThatTheScriptCannotHoldAndLeavesTheLinesBeforeIt) {
   struct Case {
     std::u16string saved, reference;
     std::string message;

@@ -80,7 +80,7 @@ TEST_F(DictionaryFormats, FindsNothingInAFileThatIsNotThere) {
   EXPECT_EQ(world.folder.Listing(), "");
 }
 
-TEST_F(DictionaryFormats, FailsWhereItReadsOnBehindTheEnd) {
+TEST_F(DictionaryFormats, FailsWhereItReadsOnPastTheEnd) {
   for (const std::string_view text : {"", "abc\n1:x", "1:x\n"}) {
     EXPECT_EQ(test::FailureOf([&] { std::ignore = Detect(text); }), 62) << text;
   }

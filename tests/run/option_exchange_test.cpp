@@ -72,7 +72,7 @@ TEST_F(OptionExchange, MinimalPresetSwitchesAllOffButKeepsWhatHasNoKey) {
   EXPECT_EQ(window.chkNotAddANDX.Value(), 0);
 }
 
-TEST_F(OptionExchange, MakesALimitOfWhateverStandsInTheBox) {
+TEST_F(OptionExchange, MakesALimitOfWhateverIsInTheBox) {
   struct Case {
     std::u16string_view typed;
     std::int32_t limit;

@@ -18,7 +18,7 @@ std::string Database(std::string_view version, std::string_view schema) {
   return bytes + std::string(schema);
 }
 
-TEST(PurifiedDatabase, IsToldByItsHeadAndItsFirstTable) {
+TEST(PurifiedDatabase, IsRecognisedByItsHeadAndItsFirstTable) {
   constexpr std::string_view kTable = "CREATE TABLE R(r1 TEXT,r2 TEXT)";
   struct Case {
     std::string_view name;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The press of the start button, in a folder without the programs: every run is carried to its end,
+// The press of the start button, in a folder without the programs: every run goes to its end,
 // and the messages show which way it took.
 #include <gtest/gtest.h>
 

@@ -15,7 +15,7 @@ namespace {
 using modMain::DictionaryFormat;
 using test::Readable;
 
-// The counts of a run that was carried to its end.
+// The counts of a run that came to its end.
 RunCounts Counts(RunCounts counts) {
   counts.untranslatedRead = counts.readyRead = counts.resultWritten = true;
   return counts;

@@ -64,7 +64,7 @@ TEST_F(Dialogs, ShowTitleAndFilters) {
   EXPECT_EQ(Readable(frmMain::Instance().cboFinal.Text()), "");
 }
 
-TEST_F(Dialogs, TellTheChosenFilter) {
+TEST_F(Dialogs, ReportTheChosenFilter) {
   const std::pair<int, const char*> expected[] = {{0, "result.txt"}, {1, "result.glo"}};
   for (const auto& [filter, name] : expected) {
     ChooseFile("result", filter);
@@ -149,7 +149,7 @@ TEST_F(Dialogs, PutThePathOfTheDatabaseAndTheFocusIntoItsField) {
   EXPECT_EQ(shown_->focusWidget(), &Find("txtSaveRefDB"));
 }
 
-TEST_F(Dialogs, ShowAMessageAsItStands) {
+TEST_F(Dialogs, ShowAMessageAsItIs) {
   std::string shown;
   AnswerMessage(&shown, "确定");
   const auto answer = platform::ShowMessageBox(

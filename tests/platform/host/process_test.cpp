@@ -49,7 +49,7 @@ class ProcessTest : public testing::Test {
   test::TemporaryFolder folder_;
 };
 
-TEST_F(ProcessTest, PassesEachArgumentAsItStands) {
+TEST_F(ProcessTest, PassesEachArgumentAsItIs) {
   EXPECT_EQ(Run(u"printf <%s> $HOME \"a  b;\" \"\" * 译文"), "<$HOME><a  b;><><*><译文>");
 }
 

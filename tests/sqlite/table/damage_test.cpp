@@ -226,7 +226,7 @@ TEST_F(Damage, PagesThatShareChildrenAreMalformed) {
   EXPECT_TRUE(Bytes() == bytes);
 }
 
-TEST_F(Damage, StatementsOfAFileAreNotCarriedOut) {
+TEST_F(Damage, StatementsOfAFileAreNotExecuted) {
   Change([](Database& database) { MakeR(database, true); });
   AddForeign(path_, {"table", "X", "X", 0,
                      "CREATE TABLE X AS WITH RECURSIVE c(n) AS "
