@@ -11,7 +11,7 @@
 #include "catalog/catalog_failure.h"
 #include "catalog/language_tag.h"
 #include "foundation/entry_point.h"
-#include "platform/files/file_system.h"
+#include "platform/files/utf8_file.h"
 #include "platform/interchange/csv_rows.h"
 #include "platform/text/named_page.h"
 #include "platform/text/text.h"
@@ -65,22 +65,6 @@ std::optional<TableColumns> FindColumns(std::u16string_view path, const CatalogH
   return std::nullopt;
 }
 
-bool IsUtf8(std::u16string_view path) {
-  constexpr std::size_t kPiece = std::size_t{256} << 10U;
-  platform::Utf8Recognition recognition;
-  std::int64_t offset = 0;
-  while (true) {
-    const std::string piece = platform::ReadBinary(path, offset, kPiece);
-    if (!recognition.Feed(piece)) {
-      return false;
-    }
-    if (piece.size() < kPiece) {
-      return true;
-    }
-    offset += static_cast<std::int64_t>(piece.size());
-  }
-}
-
 }  // namespace
 
 bool IsTable(std::u16string_view path, const CatalogHead& head) {
@@ -91,9 +75,10 @@ bool IsTable(std::u16string_view path, const CatalogHead& head) {
 
 CatalogHead ReadTableHead(std::u16string_view path) {
   CatalogHead head;
-  head.page = IsUtf8(path) ? platform::OpenNamedPage(u"UTF-8")
-                           : std::shared_ptr<const platform::CodePage>(std::shared_ptr<void>(),
-                                                                       &platform::AnsiCodePage());
+  const bool isUtf8 = platform::RecogniseUtf8(path, [] {}).has_value();
+  head.page = isUtf8 ? platform::OpenNamedPage(u"UTF-8")
+                     : std::shared_ptr<const platform::CodePage>(std::shared_ptr<void>(),
+                                                                 &platform::AnsiCodePage());
   return head;
 }
 

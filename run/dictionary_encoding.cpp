@@ -7,6 +7,7 @@
 #include "foundation/entry_point.h"
 #include "platform/controls/desktop.h"
 #include "platform/files/file_system.h"
+#include "platform/files/utf8_file.h"
 #include "platform/text/ansi_text.h"
 #include "run/file_inspection.h"
 #include "run/shared/run_state.h"
@@ -15,20 +16,9 @@ namespace lexmill {
 namespace {
 
 DictionaryKind ReadAndRecognise(std::u16string_view path) {
-  constexpr std::size_t kPiece = std::size_t{256} << 10U;
-  platform::Utf8Recognition recognition;
-  std::int64_t offset = 0;
-  for (;;) {
-    const std::string piece = platform::ReadBinary(path, offset, kPiece);
-    if (!recognition.Feed(piece)) {
-      return {};
-    }
-    if (piece.size() < kPiece) {
-      return {.encoding = recognition.Result(), .isPlainAscii = recognition.IsPlainAscii()};
-    }
-    offset += static_cast<std::int64_t>(piece.size());
-    platform::DoEvents();
-  }
+  const auto shown = platform::RecogniseUtf8(path, platform::DoEvents);
+  return shown ? DictionaryKind{.encoding = shown->Result(), .isPlainAscii = shown->IsPlainAscii()}
+               : DictionaryKind();
 }
 
 bool BeginsWithMark(std::u16string_view path) {
