@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "platform/controls/controls.h"
-#include "platform/controls/failure_message.h"
 #include "platform/controls/pixels.h"
 #include "platform/controls/spoken_names.h"
 #include "platform/controls/window_keys.h"
@@ -13,8 +12,6 @@
 #include "platform/win32/fields.h"
 #include "platform/win32/keyboard.h"
 #include "platform/win32/message_loop.h"
-#include "platform/win32/panels.h"
-#include "platform/win32/pointer.h"
 #include "platform/win32/spoken.h"
 #include "platform/win32/wide_text.h"
 
@@ -104,112 +101,6 @@ HWND FormWindow::Make(FormWindow& owner) {
                                 CW_USEDEFAULT, 0, 0, nullptr, nullptr, kind.hInstance, nullptr);
   SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&owner));
   return window;
-}
-
-LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM param) {
-  auto* owner = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  LRESULT result = 0;
-  bool isTaken = false;
-  if (owner != nullptr) {
-    ShowFailureOf([&] { isTaken = owner->Take(message, wide, param, result); });
-  }
-  return isTaken ? result : DefWindowProcW(window, message, wide, param);
-}
-
-bool FormWindow::Take(UINT message, WPARAM wide, LPARAM param, LRESULT& result) {
-  switch (message) {
-    case WM_COMMAND:
-      TakeCommand(reinterpret_cast<HWND>(param), HIWORD(wide));
-      return true;
-    case WM_DRAWITEM: {
-      const auto& drawing = *reinterpret_cast<const DRAWITEMSTRUCT*>(param);
-      if (ControlMirror* mirror = MirrorOf(drawing.hwndItem)) {
-        mirror->Draw(drawing);
-      }
-      return true;
-    }
-    case WM_PAINT:
-      PaintGround(window_, form_, nullptr, fonts_.Dpi());
-      return true;
-    case WM_SETCURSOR:
-      result = TRUE;
-      return LOWORD(param) == HTCLIENT && ShowPointer(reinterpret_cast<HWND>(wide));
-    case WM_SETFOCUS:
-      RestoreFocus();
-      return true;
-    case WM_WINDOWPOSCHANGED:
-      ReportPlace();
-      return false;
-    case WM_DPICHANGED:
-      fonts_.Reset(LOWORD(wide));
-      ShowAt(reinterpret_cast<const RECT*>(param)->left, reinterpret_cast<const RECT*>(param)->top);
-      ShowAnew();
-      return true;
-    case WM_SETTINGCHANGE:
-      if (wide == SPI_SETNONCLIENTMETRICS) {
-        TakeLook();
-      }
-      return false;
-    case WM_SYSCOLORCHANGE:
-    case WM_THEMECHANGED:
-      TakeLook();
-      return false;
-    case WM_CLOSE:
-      form_.Close();
-      return true;
-    case WM_QUERYENDSESSION:
-      result = MayEndSession() ? TRUE : FALSE;
-      return true;
-    case WM_ENDSESSION:
-      if (wide != FALSE) {
-        end_.Ask();
-      }
-      return true;
-    default:
-      return false;
-  }
-}
-
-void FormWindow::TakeCommand(HWND window, UINT notification) {
-  if (ControlMirror* mirror = MirrorOf(window)) {
-    mirror->TakeNotification(notification);
-    for (const auto& each : mirrors_) {
-      each->ShowRole();
-    }
-  }
-}
-
-// The plain pointer is the business of whatever is under it.
-bool FormWindow::ShowPointer(HWND under) const {
-  if (IsWaitingPointer()) {
-    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-    return true;
-  }
-  const ControlMirror* mirror = MirrorOf(under);
-  if (mirror == nullptr || mirror->Shown().Kind() != ControlKind::Label ||
-      !static_cast<const Label&>(mirror->Shown()).HandPointer()) {
-    return false;
-  }
-  SetCursor(LoadCursorW(nullptr, IDC_HAND));
-  return true;
-}
-
-// The session may go on all the same, if something else keeps it: only a run has to end before the
-// answer, which holds the session's end back until it has.
-bool FormWindow::MayEndSession() {
-  if (!form_.Busy()) {
-    return true;
-  }
-  ShutdownBlockReasonCreate(window_, L"正在结束这次处理");
-  end_.Ask();
-  return !form_.Busy();
-}
-
-// The desktop's font or colours are others now.
-void FormWindow::TakeLook() {
-  fonts_.Reset(fonts_.Dpi());
-  ShowSize();
-  ShowAnew();
 }
 
 void FormWindow::ShowAnew() {

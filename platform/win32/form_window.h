@@ -32,6 +32,8 @@ class FormWindow {
  private:
   /// @return whether `result` is the answer to the message
   bool Take(UINT message, WPARAM wide, LPARAM param, LRESULT& result);
+  bool TakeChange(UINT message, WPARAM wide);
+  bool TakeEnd(UINT message, WPARAM wide, LRESULT& result);
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM param);
   static HWND Make(FormWindow& owner);
 
@@ -52,10 +54,12 @@ class FormWindow {
   void NameControls();
 
   void TakeCommand(HWND window, UINT notification);
+  void Draw(const DRAWITEMSTRUCT& drawing) const;
   bool ShowPointer(HWND under) const;
-  void TakeLook();
+  void TakeScreen(int dpi, const RECT& place);
   [[nodiscard]] bool MayEndSession();
   [[nodiscard]] ControlMirror* MirrorOf(HWND window) const;
+
   Form& form_;
   HWND window_;
   FontSet fonts_;

@@ -75,7 +75,7 @@ COLORREF TextColor(const Label& label) {
 
 // One that reports clicks can be pointed at.
 HWND MakeLabel(HWND parent) {
-  return MakeChild(L"STATIC", SS_OWNERDRAW | SS_NOTIFY, parent);
+  return MakeChild(L"STATIC", SS_OWNERDRAW | SS_NOTIFY | SS_NOPREFIX, parent);
 }
 
 void ShowLabel(const Label& label, HWND window, FontSet& fonts) {
