@@ -99,14 +99,16 @@ std::optional<std::size_t> LengthBeforeLiteralTab(std::u16string_view text,
 std::u16string_view WithoutPunctuation(std::u16string_view text,
                                        std::span<const PunctuationRule> rules,
                                        const OptionSet& options) {
-  const auto isLast = [&](const PunctuationRule& rule) { return text.ends_with(rule.tellTale); };
-  if (std::ranges::none_of(rules, isLast)) {
+  const auto endsAlike = [&](const PunctuationRule& rule) {
+    return text.ends_with(rule.tellTale.back());
+  };
+  if (std::ranges::none_of(rules, endsAlike)) {
     return text;
   }
   const auto rule = std::ranges::find_if(rules, [&](const PunctuationRule& candidate) {
     return platform::Contains(text, candidate.tellTale);
   });
-  if (!isLast(*rule) || !(options.*rule->option)) {
+  if (rule == rules.end() || !text.ends_with(rule->tellTale) || !(options.*rule->option)) {
     return text;
   }
   const std::u16string_view rest =

@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::u16string_view kBegin = u"BEGIN TRANSACTION;";
 constexpr std::u16string_view kCommit = u"COMMIT;";
+constexpr std::u16string_view kBetweenValues = u"','";
+constexpr std::u16string_view kAfterValues = u"');";
 
 void AppendQuoted(std::u16string& statement, std::u16string_view value) {
   constexpr char16_t kApostrophe = u'\'';
@@ -27,9 +29,9 @@ void SetInsert(std::u16string& statement, std::u16string_view opening,
   for (const auto value : values) {
     statement += before;
     AppendQuoted(statement, value);
-    before = u"','";
+    before = kBetweenValues;
   }
-  statement += u"');";
+  statement += kAfterValues;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 // itself: runs of ASCII a block at a time, each other character by a function of the encoding.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -128,15 +129,16 @@ void DecodeRuns(std::string_view bytes, std::u16string& text, TakeCharacter take
 template <class TakeCharacter>
 [[nodiscard]] bool EncodeRuns(std::u16string_view text, std::string& bytes,
                               TakeCharacter takeCharacter) {
-  constexpr std::ptrdiff_t kLongest = 4;
+  constexpr std::size_t kUnits = 256;
+  constexpr std::size_t kLongest = 4;
   const auto before = bytes.size();
-  std::array<char, 1024> piece;
-  char* const end = piece.data() + piece.size();
+  std::array<char, kUnits * kLongest> piece;
   for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(at + kUnits, text.size());
     char* out = piece.data();
-    while (at < text.size() && end - out >= kLongest) {
+    while (at < end) {
       if (text[at] < 0x80) {
-        const auto ascii = NarrowAscii(text.substr(at, static_cast<std::size_t>(end - out)), out);
+        const auto ascii = NarrowAscii(text.substr(at, end - at), out);
         at += ascii;
         out += ascii;
       } else if (!takeCharacter(text, at, out)) {
