@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: The header page of a database file.
+// platform/sqlite/file: the header page of a database file.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: Pages that nobody uses.
+// platform/sqlite/file: pages that nobody uses.
 #pragma once
 
 #include "platform/sqlite/file/page.h"

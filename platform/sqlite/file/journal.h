@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: Old contents of pages, kept to take changes back.
+// platform/sqlite/file: old contents of pages, kept to take changes back.
 #pragma once
 
 #include <cstdint>

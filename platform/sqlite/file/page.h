@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: Where the fields of a page are, and their byte order.
+// platform/sqlite/file: where the fields of a page are, and their byte order.
 #pragma once
 
 #include <bit>

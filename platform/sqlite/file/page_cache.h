@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: The pages held in memory.
+// platform/sqlite/file: the pages held in memory.
 #pragma once
 
 #include <array>

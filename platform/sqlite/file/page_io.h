@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: Pages to and from the file, neighbours in one system call.
+// platform/sqlite/file: pages to and from the file, neighbours in one system call.
 #pragma once
 
 #include <cstddef>

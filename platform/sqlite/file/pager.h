@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: The pages of a database file, changed in transactions.
+// platform/sqlite/file: the pages of a database file, changed in transactions.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/file: Files without a name, gone when they are closed.
+// platform/sqlite/file: files without a name, gone when they are closed.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/shell: What its command line asks for.
+// platform/sqlite/shell: what its command line asks for.
 #pragma once
 
 #include <optional>

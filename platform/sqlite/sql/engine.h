@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Queries of any kind on the tables of a file.
+// platform/sqlite/sql: queries of any kind on the tables of a file.
 #pragma once
 
 #include <cstdint>

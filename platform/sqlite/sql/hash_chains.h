@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Numbers found by hashes.
+// platform/sqlite/sql: numbers found by hashes.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Rows kept in memory as long as there is room.
+// platform/sqlite/sql: rows kept in memory as long as there is room.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Listings of one table, read straight from it.
+// platform/sqlite/sql: listings of one table, read straight from it.
 #pragma once
 
 #include "platform/sqlite/sql/plain_statement.h"

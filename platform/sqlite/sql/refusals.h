@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: What the shell of the real program does and this one doesn't.
+// platform/sqlite/sql: what the shell of the real program does and this one doesn't.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: How rows look.
+// platform/sqlite/sql: how rows look.
 #pragma once
 
 #include <span>

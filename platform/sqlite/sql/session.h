@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Statements of any kind, run on a database.
+// platform/sqlite/sql: statements of any kind, run on a database.
 #pragma once
 
 #include <cstdint>

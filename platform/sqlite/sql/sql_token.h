@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: The tokens of SQL text, byte by byte: enough to find where
+// platform/sqlite/sql: the tokens of SQL text, byte by byte: enough to find where
 // statements end and what they are. What they mean is libsqlite3's to say.
 #pragma once
 

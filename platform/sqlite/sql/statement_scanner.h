@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: Where statements end.
+// platform/sqlite/sql: where statements end.
 #pragma once
 
 #include <string_view>

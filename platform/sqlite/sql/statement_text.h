@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: What is done to a statement's text before it is understood.
+// platform/sqlite/sql: what is done to a statement's text before it is understood.
 #pragma once
 
 #include <string>

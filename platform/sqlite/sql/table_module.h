@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: The tables of a file as virtual tables of libsqlite3.
+// platform/sqlite/sql: the tables of a file as virtual tables of libsqlite3.
 #pragma once
 
 #include <sqlite3.h>

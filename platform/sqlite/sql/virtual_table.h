@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: What the parts of the table module share.
+// platform/sqlite/sql: what the parts of the table module share.
 #pragma once
 
 #include <sqlite3.h>

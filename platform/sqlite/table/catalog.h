@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: The master table.
+// platform/sqlite/table: the master table.
 #pragma once
 
 #include <cstdint>

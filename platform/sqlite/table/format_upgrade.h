@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Files of older releases.
+// platform/sqlite/table: files of older releases.
 #pragma once
 
 #include "platform/sqlite/file/pager.h"

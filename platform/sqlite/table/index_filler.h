@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Index entries by the thousand.
+// platform/sqlite/table: index entries by the thousand.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Many updates of rows by a text, made together.
+// platform/sqlite/table: many updates of rows by a text, made together.
 #pragma once
 
 #include <array>

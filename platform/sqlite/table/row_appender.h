@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Adding rows to the end of a table.
+// platform/sqlite/table: adding rows to the end of a table.
 #pragma once
 
 #include <memory>

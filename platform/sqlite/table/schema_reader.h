@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: What the statements of a schema mean.
+// platform/sqlite/table: what the statements of a schema mean.
 #pragma once
 
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: What a database file says of its objects.
+// platform/sqlite/table: what a database file says of its objects.
 #pragma once
 
 #include <cstddef>

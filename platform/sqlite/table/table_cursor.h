@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: Reading the rows of a table, and the row numbers in an index.
+// platform/sqlite/table: reading the rows of a table, and the row numbers in an index.
 #pragma once
 
 #include <cstddef>

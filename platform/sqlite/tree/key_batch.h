@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Sorting what fits in memory.
+// platform/sqlite/tree: sorting what fits in memory.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Sorting more than fits in memory.
+// platform/sqlite/tree: sorting more than fits in memory.
 #pragma once
 
 #include <cstddef>

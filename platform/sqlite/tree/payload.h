@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Keys and data too long for a page.
+// platform/sqlite/tree: keys and data too long for a page.
 #pragma once
 
 #include <string>

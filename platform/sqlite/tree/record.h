@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Rows, row numbers and index entries as bytes.
+// platform/sqlite/tree: rows, row numbers and index entries as bytes.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Filling a tree from left to right.
+// platform/sqlite/tree: filling a tree from left to right.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Going through a tree in the order of its keys.
+// platform/sqlite/tree: going through a tree in the order of its keys.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/tree: Changing single entries of a tree.
+// platform/sqlite/tree: changing single entries of a tree.
 #pragma once
 
 #include <array>
