@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "bench/dictionary.h"
 
-#include <array>
 #include <span>
 #include <string_view>
 

@@ -2,7 +2,6 @@
 #include "bench/dictionary_files.h"
 
 #include <functional>
-#include <string_view>
 #include <unordered_set>
 
 #include "platform/files/file_system.h"

@@ -7,7 +7,6 @@
 #include <functional>
 #include <string>
 #include <variant>
-#include <vector>
 
 #include "catalog/markup_place.h"
 #include "catalog/po_place.h"

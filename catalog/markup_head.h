@@ -3,7 +3,6 @@
 // The way through an XML catalog, and its first tags.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 
 #include "platform/failure.h"
 #include "platform/host/application.h"

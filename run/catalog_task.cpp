@@ -2,7 +2,6 @@
 #include "run/catalog_task.h"
 
 #include <cstdint>
-#include <optional>
 #include <tuple>
 #include <vector>
 

@@ -2,7 +2,6 @@
 // The members of frmMain that exchange the options between the controls, the snapshot of a run, the
 // settings files and the two presets.
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 

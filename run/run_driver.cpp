@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The members of frmMain that perform a run.
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <vector>
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
 #include <vector>
 
 #include "platform/controls/dialogs.h"

@@ -7,6 +7,16 @@
 #include "platform/text/text.h"
 
 namespace lexmill::platform::batch {
+namespace {
+
+constexpr std::u16string_view kFileNotFound = u"系统找不到指定的文件。";
+constexpr std::u16string_view kPathNotFound = u"系统找不到指定的路径。";
+constexpr std::u16string_view kWrongName = u"文件名、目录名或卷标语法不正确。";
+constexpr std::u16string_view kFileInUse = u"另一个程序正在使用此文件，进程无法访问。";
+constexpr std::u16string_view kDiskFull = u"磁盘空间不足。";
+constexpr std::u16string_view kDeviceError = u"由于 I/O 设备错误，无法运行此项请求。";
+
+}  // namespace
 
 std::u16string UnknownCommand(std::u16string_view name) {
   std::u16string message = u"'";

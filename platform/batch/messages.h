@@ -16,13 +16,7 @@ inline constexpr std::u16string_view kEchoIsOff = u"ECHO 处于关闭状态。";
 inline constexpr std::u16string_view kOneFileCopied = u"已复制         1 个文件。";
 inline constexpr std::u16string_view kNoFileCopied = u"已复制         0 个文件。";
 inline constexpr std::u16string_view kWrongSyntax = u"命令语法不正确。";
-inline constexpr std::u16string_view kFileNotFound = u"系统找不到指定的文件。";
-inline constexpr std::u16string_view kPathNotFound = u"系统找不到指定的路径。";
-inline constexpr std::u16string_view kWrongName = u"文件名、目录名或卷标语法不正确。";
 inline constexpr std::u16string_view kAccessDenied = u"拒绝访问。";
-inline constexpr std::u16string_view kFileInUse = u"另一个程序正在使用此文件，进程无法访问。";
-inline constexpr std::u16string_view kDiskFull = u"磁盘空间不足。";
-inline constexpr std::u16string_view kDeviceError = u"由于 I/O 设备错误，无法运行此项请求。";
 inline constexpr std::u16string_view kCouldNotFind = u"找不到 ";  // before a full path
 inline constexpr std::u16string_view kUsage = u"用法: batch SCRIPT 或 batch /c LINE";
 

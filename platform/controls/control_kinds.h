@@ -3,8 +3,6 @@
 // From a control to its kind.
 #pragma once
 
-#include <utility>
-
 #include "platform/controls/controls.h"
 
 namespace lexmill::platform {

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <tuple>
 
 #include "platform/expression/expression_pattern.h"
 #include "platform/failure.h"

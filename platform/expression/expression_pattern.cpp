@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/expression/expression_pattern.h"
 
-#include <optional>
-
 #include "platform/expression/expression_escape.h"
 #include "platform/failure.h"
 

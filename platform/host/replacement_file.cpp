@@ -5,7 +5,6 @@
 // power cut can't leave the new name with an empty file.
 #include "platform/host/replacement_file.h"
 
-#include <algorithm>
 #include <charconv>
 #include <utility>
 

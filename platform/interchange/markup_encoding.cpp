@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/interchange/markup_encoding.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Which entries are filled, with what, and how strings go to a dictionary and back.
-#include <map>
 #include <string>
 #include <vector>
 

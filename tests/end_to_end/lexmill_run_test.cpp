@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The program lexmill-run, called as a user calls it.
-#include <optional>
 #include <vector>
 
 #include <gtest/gtest.h>

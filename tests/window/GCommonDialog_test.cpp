@@ -2,7 +2,6 @@
 #include "window/GCommonDialog.h"
 
 #include <string>
-#include <string_view>
 
 #include <gtest/gtest.h>
 

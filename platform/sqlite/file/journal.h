@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "platform/host/host_file.h"
 #include "platform/sqlite/file/page.h"

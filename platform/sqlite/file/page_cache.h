@@ -2,7 +2,6 @@
 // platform/sqlite/file: the pages held in memory.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>

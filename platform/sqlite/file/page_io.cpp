@@ -10,7 +10,6 @@
 
 #include <cstring>
 #include <span>
-#include <string_view>
 #include <tuple>
 
 #include "platform/sqlite/database_error.h"

@@ -2,7 +2,6 @@
 // platform/sqlite/file: the pages of a database file, changed in transactions.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>

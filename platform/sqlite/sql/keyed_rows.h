@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string_view>
 
 #include "platform/sqlite/sql/hash_chains.h"
 #include "platform/sqlite/sql/row_store.h"

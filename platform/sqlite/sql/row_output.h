@@ -4,7 +4,6 @@
 
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "platform/sqlite/streams.h"
 #include "platform/sqlite/table/table.h"

@@ -11,7 +11,6 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/database_error.h"

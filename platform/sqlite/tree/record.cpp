@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/sqlite/tree/record.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "platform/sqlite/database_error.h"

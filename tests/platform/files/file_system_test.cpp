@@ -2,8 +2,6 @@
 #include "platform/files/file_system.h"
 
 #include <array>
-#include <functional>
-#include <optional>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/text_stream.h"
 
-#include <functional>
-#include <optional>
 #include <vector>
 
 #include <gmock/gmock.h>

@@ -2,7 +2,6 @@
 // Rows of all sizes at which their bytes change their form, up to the greatest.
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
