@@ -12,7 +12,7 @@
 
 namespace lexmill {
 
-/// Sees the two sides of an entry of a dictionary; they are good until it returns.
+/// Sees the two sides of an entry of a dictionary; they are valid until it returns.
 using OnPair = std::function<void(std::u16string_view source, std::u16string_view target)>;
 
 /// The same for an entry of a catalog that begins in line `line`.

@@ -40,7 +40,7 @@ struct CatalogEntry {
   std::variant<std::monostate, PoPlace, MarkupPlace> place;
 };
 
-/// Sees the entries of a catalog in their order; an entry is good until it returns.
+/// Sees the entries of a catalog in their order; an entry is valid until it returns.
 using OnEntry = std::function<void(const CatalogEntry&)>;
 
 }  // namespace lexmill

@@ -24,7 +24,7 @@ struct ReferenceEntry {
   PurifiedPair bare;  ///< after the rules; of an entry that is not used the source alone
 };
 
-/// Sees an entry; it is good until it returns.
+/// Sees an entry, which is valid until it returns.
 using OnReferenceEntry = std::function<void(const ReferenceEntry&)>;
 
 /// Reads a reference of any kind to its end, or until the run is abandoned, and reports its entries

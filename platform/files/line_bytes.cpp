@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The unread bytes lie in one piece in the buffer, from `begin_` to `end_`. They move to its front
 // before more are read, and it doubles when a line doesn't fit, so a line may have any length, and
-// views of lines are good until more is read.
+// views of lines are valid until more is read.
 #include "platform/files/line_bytes.h"
 
 #include <cstring>

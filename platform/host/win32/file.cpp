@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Open files. Everybody may read, write, rename and remove what is open here, as the neutral code
-// expects; who else has a file without leave for that is in the way, which is InUse.
+// expects; a file that somebody else has open without allowing that is InUse.
 #include <algorithm>
 
 #include "platform/host/system_file.h"
@@ -105,7 +105,7 @@ bool UnlockBytes(HostHandle handle, std::int64_t offset, DWORD size) {
   return UnlockFileEx(HandleOf(handle), 0, size, 0, &place) != 0;
 }
 
-/// Who is in the gate leaves it at once, so it is waited for.
+/// Whoever is in the gate leaves it at once, so this waits.
 HostOutcome EnterGate(HostHandle handle) {
   constexpr int kTries = 100;
   for (int i = 1; !LockBytes(handle, kGate, 1, LockKind::Exclusive); ++i) {
@@ -201,7 +201,7 @@ HostOutcome Truncate(HostHandle handle, std::int64_t size) {
 }
 
 HostOutcome Lock(HostHandle handle, LockKind kind) {
-  // A lock can't be changed here, but who has the gate loses nothing between two of them.
+  // This system can't change a lock, but whoever holds the gate loses nothing between two locks.
   if (kind == LockKind::None) {
     UnlockBytes(handle, kLocked, kLockedSize);
     return Done();

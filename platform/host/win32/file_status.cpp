@@ -12,7 +12,8 @@ namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// Opens a file or a folder for `access`; nobody who has it open is in the way of looking at it.
+/// Opens a file or a folder for `access`; that somebody has it open is no hindrance to looking at
+/// it.
 system::OwnedHandle OpenFor(const std::wstring& name, DWORD access) {
   return system::OwnedHandle(CreateFileW(name.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
                                          FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -86,7 +87,7 @@ HostOutcome MayWrite(const HostPath& path) {
       attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   // The right to write to a file is, for a folder, the right to create files in it.
   const auto file = OpenFor(*name, isFolder ? FILE_ADD_FILE : GENERIC_WRITE);
-  // Somebody who has it open is asked about when it is written.
+  // Whether somebody has it open matters once it is written.
   return file.IsOpen() || system::LastError() == HostError::InUse ? HostOutcome(Done())
                                                                   : system::LastError();
 }

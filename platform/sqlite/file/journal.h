@@ -29,7 +29,7 @@ class Journal {
   void Flush();
   [[nodiscard]] PageNumber PageCount() const { return pageCount_; }
   [[nodiscard]] const HostFile& File() const { return file_; }
-  /// Closes the file, as it has to be before it can go; what was collected goes nowhere.
+  /// Closes the file, as it has to be before it can go; what was collected is dropped.
   void Close() { file_.Close(); }
   /// Opens the file again that Close has closed, to play it back: it lies at `path`.
   void OpenAgain(const HostPath& path);

@@ -15,7 +15,7 @@
 
 namespace lexmill::platform::sqlite {
 
-/// A page held for writing. `bytes` is good as long as `hold`.
+/// A page held for writing. `bytes` is valid as long as `hold`.
 struct PageEdit {
   PageRef hold;
   char* bytes = nullptr;

@@ -35,7 +35,7 @@ class ScriptReader {
   /// @param read  has to outlive this object
   explicit ScriptReader(const ReadFunction& read);
 
-  /// The next batch; none at the end. What it holds is good until the next call.
+  /// The next batch; none at the end. What it holds is valid until the next call.
   /// @throws StreamFailure if the script can't be read on
   [[nodiscard]] std::optional<ScriptBatch> Next();
 

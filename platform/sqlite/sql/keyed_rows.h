@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: the rows of a table, at hand by a key.
+// platform/sqlite/sql: the rows of a table, found by a key.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: statements of fixed forms, which scripts repeat by the million. They are
+// platform/sqlite/sql: statements of fixed forms, which scripts repeat a million times. They are
 // recognised by their exact text and need no compiler; any other spelling is simply not recognised.
 #pragma once
 

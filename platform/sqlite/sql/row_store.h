@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/sql: rows, at hand by their number.
+// platform/sqlite/sql: rows, found by their number.
 #pragma once
 
 #include <cstddef>

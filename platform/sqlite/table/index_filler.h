@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// platform/sqlite/table: index entries by the thousand.
+// platform/sqlite/table: many index entries at once.
 #pragma once
 
 #include <cstddef>

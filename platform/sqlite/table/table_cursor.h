@@ -43,7 +43,7 @@ class TableCursor {
   void SeekPlace(RowPlace place);
 
   [[nodiscard]] RowId CurrentRowId() const { return *last_; }
-  /// The current row. Its texts are in a page or a buffer of the cursor: they are good until the
+  /// The current row. Its texts are in a page or a buffer of the cursor: they are valid until the
   /// cursor moves or the table changes.
   [[nodiscard]] const RecordView& Record() const { return record_; }
   /// The current row's value; NULL for a column that the row doesn't have.

@@ -29,7 +29,7 @@ class PagePacker {
   void Append(std::string_view cell, PageNumber leftChild);
   /// The last cell; there has to be one.
   [[nodiscard]] CellView Last() const { return {&page_[last_], order_}; }
-  /// Takes the last of several cells away; its bytes are good until the next change.
+  /// Takes the last of several cells away; its bytes are valid until the next change.
   CellView TakeLast();
 
   /// Completes the page. @return its bytes, good until the next change
