@@ -37,8 +37,8 @@ struct SearchResult {
   std::vector<FoundTranslation> translations;  ///< in the order of their first entries
   std::vector<NearEntry> nearest;              ///< those with the fewest differences first
   std::int64_t furtherNear = 0;                ///< how many more there are
-  std::map<EntryUse, std::vector<std::int64_t>>
-      unused;  ///< lines that have the string but are of no use
+  /// Lines that have the string but are of no use.
+  std::map<EntryUse, std::vector<std::int64_t>> unused;
 };
 
 /// Looks for a string in a reference by the comparison of a run.
