@@ -3,17 +3,6 @@
 // system. The system's own declarations, for this folder's sources alone.
 #pragma once
 
-#ifndef UNICODE
-#define UNICODE
-#endif
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WINVER
-#define WINVER 0x0A00
-#define _WIN32_WINNT 0x0A00
-#endif
-
 // clang-format off
 #include <windows.h>
 #include <windowsx.h>

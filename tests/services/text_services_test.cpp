@@ -98,71 +98,14 @@ TEST(TextServices, MapCase) {
 }
 
 TEST(TextServices, TakeNumbers) {
-  const char16_t* const texts[] = {u"12",
-                                   u"00012",
-                                   u" 12",
-                                   u"12 ",
-                                   u"\t1",
-                                   u"1\t",
-                                   u"+5",
-                                   u"-5",
-                                   u"- 5",
-                                   u"1,234",
-                                   u"1,2,3",
-                                   u"5,",
-                                   u"1.5",
-                                   u".5",
-                                   u"5.",
-                                   u"1,234.5",
-                                   u"1e5",
-                                   u"1E5",
-                                   u"1e+5",
-                                   u"1e-5",
-                                   u"1e308",
-                                   u"-0",
-                                   u"99999999999999999999",
-                                   u"1e309",
-                                   u"",
-                                   u" ",
-                                   u".",
-                                   u"-.",
-                                   u",",
-                                   u",5",
-                                   u"--5",
-                                   u"-5-",
-                                   u"(5",
-                                   u"5)",
-                                   u"-",
-                                   u"+",
-                                   u"1.2.3",
-                                   u"1e",
-                                   u"1e+",
-                                   u"e5",
-                                   u"1e5.5",
-                                   u"1e 5",
-                                   u"1 2",
-                                   u"1_000",
-                                   u"1%",
-                                   u"0x1F",
-                                   u"1a",
-                                   u"a1",
-                                   u"nan",
-                                   u"True",
-                                   u"\u00BD",
-                                   u"\u0661",
-                                   u"1:2",
-                                   u"1/2",
-                                   u"2147483647.4",
-                                   u"2147483647.5",
-                                   u"-2147483648.5",
-                                   u"-2147483649",
-                                   u"32767.5",
-                                   u"0.5",
-                                   u"1.5",
-                                   u"2.5",
-                                   u"-0.5",
-                                   u"0.50000000001"};
-  for (std::u16string text : texts) {
+  constexpr std::u16string_view kTexts =
+      u"12|00012| 12|12 |\t1|1\t|+5|-5|- 5|1,234|1,2,3|5,|1.5|.5|5.|1,234.5|1e5|1E5|"
+      u"1e+5|1e-5|1e308|-0|99999999999999999999|1e309|| |.|-.|,|,5|--5|-5-|(5|5)|-|+|"
+      u"1.2.3|1e|1e+|e5|1e5.5|1e 5|1 2|1_000|1%|0x1F|1a|a1|nan|True|\u00BD|\u0661|1:2|"
+      u"1/2|2147483647.4|2147483647.5|-2147483648.5|-2147483649|32767.5|0.5|1.5|2.5|"
+      u"-0.5|0.50000000001";
+  for (const std::u16string_view piece : Split(kTexts, u'|')) {
+    std::u16string text(piece);
     SCOPED_TRACE(Readable(text));
     double real = 0;
     EXPECT_EQ(IsNumeric(text), VarR8FromStr(Wide(text), kChinese, 0, &real) == S_OK);
