@@ -27,8 +27,8 @@ bool IsWithoutHotKey(std::u16string_view text, std::u16string_view rest,
   const std::u16string_view key = hotKey.substr(2, hotKey.size() - 3);
   for (std::size_t at = 0; (at = text.find(u'&', at)) != std::u16string_view::npos; ++at) {
     const std::u16string without = std::u16string(text.substr(0, at)).append(text.substr(at + 1));
-    const std::u16string_view behind = text.substr(at + 1, key.size());
-    if (without == rest && platform::UpperCase(behind.front()) == key.front()) {
+    const std::u16string_view after = text.substr(at + 1, key.size());
+    if (without == rest && platform::UpperCase(after.front()) == key.front()) {
       return true;
     }
   }

@@ -21,7 +21,7 @@ constexpr std::u16string_view kBeforeBrackets = u"^([^&]*(?:&&[^&]*)*)";
 constexpr std::u16string_view kBetweenBrackets =
     uR"(&(?:[\uD800-\uDBFF][\uDC00-\uDFFF]|[^ &\uD800-\uDBFF]))";
 // A bracket that the user sets may reach into it, so that it stays as it always was.
-constexpr std::u16string_view kBehindBrackets = u"((?:&&|[^&])*)$";
+constexpr std::u16string_view kAfterBrackets = u"((?:&&|[^&])*)$";
 constexpr std::u16string_view kBothSides = u"$1$2";
 
 constexpr std::u16string_view kBlanksOnBothSides = u"^( *)([^ ].*[^ ])( *)$";
@@ -163,7 +163,7 @@ std::u16string_view ReferenceRules::TargetWithoutHotKey(std::u16string_view targ
       .append(options_.txtrAndXBK1)
       .append(kBetweenBrackets)
       .append(options_.txtrAndXBK2)
-      .append(kBehindBrackets);
+      .append(kAfterBrackets);
   expression_.Pattern(hotKeyPattern_);
   if (expression_.ReplaceInto(target, kBothSides, target_)) {
     return target_;

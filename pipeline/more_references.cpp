@@ -100,11 +100,11 @@ void PurifyMoreReferences(RecordScanner& scanner, const std::vector<MoreReferenc
     if (files.isDatabase || TheRun().abandoned) {
       continue;
     }
-    const auto carry = KindOf(files.path).format == modMain::DictionaryFormat::DianjingText
-                           ? CarryStage<clsLexUPB1, std::u16string>
-                           : CarryStage<clsLexGLO1, std::u16string>;
+    const auto perform = KindOf(files.path).format == modMain::DictionaryFormat::DianjingText
+                             ? PerformStage<clsLexUPB1, std::u16string>
+                             : PerformStage<clsLexGLO1, std::u16string>;
     const StageInput input = {TheRun().standIns.ForReference(files.path), files.path};
-    std::ignore = carry(scanner, unseen, input, InWorkFolder(files.sRefSqlFile));
+    std::ignore = perform(scanner, unseen, input, InWorkFolder(files.sRefSqlFile));
   }
 }
 

@@ -79,8 +79,8 @@ struct StageInput {
 /// @param progress  the label whose caption shows the progress
 /// @return the stage's time in milliseconds
 template <Stage S, class... Outputs>
-std::int32_t CarryStage(RecordScanner& scanner, platform::Label& progress, const StageInput& input,
-                        const Outputs&... outputs) {
+std::int32_t PerformStage(RecordScanner& scanner, platform::Label& progress,
+                          const StageInput& input, const Outputs&... outputs) {
   scanner.ScanAction(RecordScanner::kReset);
   S stage;
   if constexpr (ScannerStage<S>) {
@@ -102,7 +102,7 @@ void RunStage(RecordScanner& scanner, std::int16_t row, const StageInput& input,
     return;
   }
   frmMain& window = frmMain::Instance();
-  const std::int32_t time = CarryStage<S>(scanner, window.lblState(row), input, outputs...);
+  const std::int32_t time = PerformStage<S>(scanner, window.lblState(row), input, outputs...);
   window.UpdateStateLabel(row, time, input.shown);
 }
 

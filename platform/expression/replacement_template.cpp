@@ -27,13 +27,13 @@ std::size_t GroupNumber(std::u16string_view digits, std::size_t count, std::size
 
 /// Expands the $ that `rest` begins with. The longer number wins where its group exists.
 Expansion Expand(std::u16string_view rest, const ExpressionMatch& match) {
-  const std::u16string_view behindSign = rest.substr(1);
+  const std::u16string_view afterSign = rest.substr(1);
   for (const std::size_t digits : {2, 1}) {
-    if (const auto group = GroupNumber(behindSign, digits, match.groups.size()); group > 0) {
+    if (const auto group = GroupNumber(afterSign, digits, match.groups.size()); group > 0) {
       return {match.groups[group], digits + 1};
     }
   }
-  switch (behindSign.empty() ? u'\0' : behindSign[0]) {
+  switch (afterSign.empty() ? u'\0' : afterSign[0]) {
     case u'$':
       return {rest.substr(0, 1), 2};
     case u'&':

@@ -63,7 +63,7 @@ QFileDialog::FileMode OpenMode(const FileDialogRequest& request) {
 void SetUp(QFileDialog& dialog, const FileDialogRequest& request) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
   dialog.setWindowTitle(ToQt(request.title));
-  // The toolkit's own dialog is the same on every desktop, matches patterns without case and tells
+  // The toolkit's own dialog is the same on every desktop, matches patterns without case and reports
   // the chosen filter.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::HideNameFilterDetails);

@@ -10,21 +10,21 @@ namespace {
 constexpr int kLongestValue = 1048576;
 
 /// Failures that a statement on our tables brings through libsqlite3.
-struct CarriedError {
+struct MappedError {
   int code;
   KnownError error;
 };
-constexpr std::array<CarriedError, 5> kCarriedErrors = {{{SQLITE_CORRUPT, kMalformed},
-                                                         {SQLITE_CANTOPEN, kCannotOpen},
-                                                         {SQLITE_IOERR, kInputOutput},
-                                                         {SQLITE_FULL, kFull},
-                                                         {SQLITE_TOOBIG, kRowTooLong}}};
+constexpr std::array<MappedError, 5> kMappedErrors = {{{SQLITE_CORRUPT, kMalformed},
+                                                       {SQLITE_CANTOPEN, kCannotOpen},
+                                                       {SQLITE_IOERR, kInputOutput},
+                                                       {SQLITE_FULL, kFull},
+                                                       {SQLITE_TOOBIG, kRowTooLong}}};
 
 /// The last failure in the words of the shell.
 DatabaseError LastError(sqlite3* handle) {
-  for (const CarriedError& carried : kCarriedErrors) {
-    if (sqlite3_errcode(handle) == carried.code) {
-      return DatabaseError(carried.error);
+  for (const MappedError& mapped : kMappedErrors) {
+    if (sqlite3_errcode(handle) == mapped.code) {
+      return DatabaseError(mapped.error);
     }
   }
   std::string text = sqlite3_errmsg(handle);
@@ -70,9 +70,9 @@ class OnlyDeclarations {
 }  // namespace
 
 int ResultCodeOf(const DatabaseError& failure) {
-  for (const CarriedError& carried : kCarriedErrors) {
-    if (failure.Kind() == carried.error.kind) {
-      return carried.code;
+  for (const MappedError& mapped : kMappedErrors) {
+    if (failure.Kind() == mapped.error.kind) {
+      return mapped.code;
     }
   }
   return SQLITE_ERROR;

@@ -102,7 +102,7 @@ std::u16string KeysOf(char16_t key) {
 
 // The system has to know that a key came with Alt, or it takes the end of Alt for a call of the
 // menu.
-void TellAltIsUsed(const MSG& message) {
+void ReportAltAsUsed(const MSG& message) {
   if (message.message == WM_SYSKEYDOWN) {
     DefWindowProcW(message.hwnd, message.message, message.wParam, message.lParam);
   }
@@ -120,7 +120,7 @@ bool TakeLetter(Form& form, const MSG& message) {
     control = WithHotKey(form, key);
   }
   if (control != nullptr) {
-    TellAltIsUsed(message);
+    ReportAltAsUsed(message);
   }
   if (control != nullptr && !IsRepeated(message)) {
     form.UserPressesShortcut(*control);
@@ -154,7 +154,7 @@ bool TakePress(Form& form, HWND window, const MSG& message) {
       return false;
     case VK_UP:
     case VK_DOWN:
-      TellAltIsUsed(message);  // as it opens a list
+      ReportAltAsUsed(message);  // as it opens a list
       return false;
     default:
       return TakeLetter(form, message) || TakeFieldKey(message);

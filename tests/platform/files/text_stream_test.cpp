@@ -129,14 +129,14 @@ TEST_F(TextStream, WritesBytesOfTheEncoding) {
 // The failure may be reported later; what is written is the same however much comes after it.
 TEST_F(TextStream, WritesNothingFromATextOnThatItsEncodingLacks) {
   const std::u16string many(50'000, u'x');
-  for (const int behind : {0, 1, 10}) {
-    SCOPED_TRACE(behind);
+  for (const int after : {0, 1, 10}) {
+    SCOPED_TRACE(after);
     {
       TextWriter writer = Create();
       const auto write = [&] {
         writer.WriteLine(u"kept");
         writer.WriteLine(u"lacked \xD800");
-        for (int i = 0; i < behind; ++i) {
+        for (int i = 0; i < after; ++i) {
           writer.WriteLine(many);
         }
         writer.Close();
