@@ -63,8 +63,8 @@ QFileDialog::FileMode OpenMode(const FileDialogRequest& request) {
 void SetUp(QFileDialog& dialog, const FileDialogRequest& request) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
   dialog.setWindowTitle(ToQt(request.title));
-  // The toolkit's own dialog is the same on every desktop, matches patterns without case and reports
-  // the chosen filter.
+  // The toolkit's own dialog is the same on every desktop, matches patterns without case and
+  // reports the chosen filter.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
