@@ -154,23 +154,6 @@ int PerformExplanation(const lexmill::ConsoleArguments& arguments) {
 }
 
 int PerformRun(const lexmill::ConsoleArguments& arguments) {
-  auto& session = lexmill::platform::headless::TheSession();
-  session.messagesToStandardError = true;
-  lexmill::platform::KeepProfileWritesInMemory();
-  lexmill::modMain::Main();
-  if (!arguments.workFolder.empty()) {
-    lexmill::TheRun().WorkDir = lexmill::platform::WithSeparator(arguments.workFolder);
-  }
-  if (const std::string wrong = lexmill::SetOptions(arguments); !wrong.empty()) {
-    return RefuseArguments(wrong);
-  }
-  lexmill::TheRun().catalogOptions = arguments.catalogs;
-  if (arguments.task == lexmill::ConsoleTask::Explain) {
-    return PerformExplanation(arguments);
-  }
-  if (arguments.task != lexmill::ConsoleTask::Run) {
-    return PerformTask(arguments);
-  }
   const bool programsThere = ReportMissingPrograms();
   lexmill::ShellComplaint complaint;
   WatchChildren(complaint);
@@ -183,11 +166,33 @@ int PerformRun(const lexmill::ConsoleArguments& arguments) {
   }
   const bool allLoaded = ReportComplaint(complaint.Text());
   const bool allDone = ReportNotices();
-  if (!programsThere || !allLoaded || !allDone || !session.messages.empty()) {
+  const bool noneShown = lexmill::platform::headless::TheSession().messages.empty();
+  if (!programsThere || !allLoaded || !allDone || !noneShown) {
     return kFailed;
   }
   const double share = lexmill::FilledPercent(lexmill::TheRun().counts);
   return arguments.failBelow && share < *arguments.failBelow ? kTooLittleFilled : 0;
+}
+
+int Perform(const lexmill::ConsoleArguments& arguments) {
+  lexmill::platform::headless::TheSession().messagesToStandardError = true;
+  lexmill::platform::KeepProfileWritesInMemory();
+  lexmill::modMain::Main();
+  if (!arguments.workFolder.empty()) {
+    lexmill::TheRun().WorkDir = lexmill::platform::WithSeparator(arguments.workFolder);
+  }
+  if (const std::string wrong = lexmill::SetOptions(arguments); !wrong.empty()) {
+    return RefuseArguments(wrong);
+  }
+  lexmill::TheRun().catalogOptions = arguments.catalogs;
+  switch (arguments.task) {
+    case lexmill::ConsoleTask::Run:
+      return PerformRun(arguments);
+    case lexmill::ConsoleTask::Explain:
+      return PerformExplanation(arguments);
+    default:
+      return PerformTask(arguments);
+  }
 }
 
 }  // namespace
@@ -208,5 +213,5 @@ int main(int argc, char** argv) {
     lexmill::platform::PassOnCodePage(wanted.codePage);
   }
   lexmill::platform::ReadPlatformSettings();
-  return PerformRun(wanted);
+  return Perform(wanted);
 }
