@@ -231,7 +231,7 @@ void ReportAsTable(const ReportLine& takeLine) {
 
 void WriteReport(std::u16string_view path) {
   using platform::TextEncoding;
-  const bool isJson = path.ends_with(u".json");
+  const bool isJson = platform::LowerCase(path).ends_with(u".json");
   auto file = platform::FileSystemObject().CreateTextFile(
       path, true, isJson ? TextEncoding::Utf8 : TextEncoding::Utf8WithMark);
   const auto takeLine = [&](std::u16string_view line) { file.WriteLine(line); };
