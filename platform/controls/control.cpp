@@ -23,8 +23,12 @@ bool Control::IsShown() const {
   return visible_ && (container_ == nullptr || container_->IsShown());
 }
 
+bool Control::IsEnabled() const {
+  return enabled_ && (container_ == nullptr || container_->IsEnabled());
+}
+
 bool Control::IsUsable() const {
-  return visible_ && enabled_ && (container_ == nullptr || container_->IsUsable());
+  return IsShown() && IsEnabled();
 }
 
 std::u16string Control::Hint() const {

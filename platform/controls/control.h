@@ -115,6 +115,8 @@ class Control {
 
   /// True if the control and all groups round it are visible.
   [[nodiscard]] bool IsShown() const;
+  /// True if the control and all groups round it are enabled.
+  [[nodiscard]] bool IsEnabled() const;
   /// True if a user can work the control: it is shown, and it and all groups round it are enabled.
   [[nodiscard]] bool IsUsable() const;
 

@@ -48,6 +48,14 @@ void ComboBox::UserChooses(std::size_t position) {
   Click.Raise();
 }
 
+std::u16string ComboBox::TextFor(const std::vector<std::u16string>& files) const {
+  std::u16string text = files.front();
+  for (std::size_t i = 1; takesSeveralFiles_ && i < files.size(); ++i) {
+    text += u';' + files[i];
+  }
+  return text;
+}
+
 void ComboBox::UserDropsFile(std::u16string_view path) {
   if (IsUsable()) {
     FileDropped.Raise(path);

@@ -85,10 +85,11 @@ class ComboBox : public Control {
   Event<std::u16string_view> FileDropped;  ///< the user has dropped a file of that path on the box
   /// The user chooses entry `position`, which becomes the text. Nothing if there is none.
   void UserChooses(std::size_t position);
-  /// True if the box takes several dropped files at a time, as one text of their paths with ";"
-  /// between two; otherwise the first of them counts.
-  [[nodiscard]] bool TakesSeveralFiles() const { return takesSeveralFiles_; }
+  /// Sets whether the box takes several files at a time, as one text of their paths with ";"
+  /// between two; otherwise the first of them counts, which is so at first.
   void TakesSeveralFiles(bool several) { takesSeveralFiles_ = several; }
+  /// The text for files that are given at a time, at least one: for as many as the box takes.
+  [[nodiscard]] std::u16string TextFor(const std::vector<std::u16string>& files) const;
   /// The user drops a file. The box itself stays as it is.
   void UserDropsFile(std::u16string_view path);
 

@@ -90,12 +90,14 @@ void Form::SetVisible(bool visible) {
   Changed.Raise(FormProperty::Visible);
 }
 
-void Form::UserPressesEnter() {
+Button* Form::EnterButton() const {
   const bool onButton =
       active_ != nullptr && active_->Kind() == ControlKind::Button && active_->IsUsable();
-  Button* button =
-      onButton ? static_cast<Button*>(active_) : FindButton(controls_, &Button::Default);
-  if (button != nullptr) {
+  return onButton ? static_cast<Button*>(active_) : FindButton(controls_, &Button::Default);
+}
+
+void Form::UserPressesEnter() {
+  if (Button* button = EnterButton()) {
     button->UserClicks();
   }
 }

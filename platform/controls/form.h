@@ -19,6 +19,8 @@ enum class FormProperty { Caption, Size, Visible, Place, State };
 
 enum class FormState : std::int16_t { Normal = 0, Minimised = 1, Maximised = 2 };
 
+class Button;
+
 /// A window as state and events. Controls enter themselves when they are made for it and leave when
 /// they are destroyed; it must outlive them.
 class Form {
@@ -79,8 +81,10 @@ class Form {
   /// Going from true to false performs a close request that was kept.
   void Busy(bool busy);
 
-  /// The user presses Enter: clicks the button that has the focus, else the default button, if it
-  /// is usable.
+  /// The button for the Enter key: the one that has the focus, if it is usable, else the default
+  /// button; null if there is neither.
+  [[nodiscard]] Button* EnterButton() const;
+  /// The user presses Enter: clicks the button for it, if it is usable.
   void UserPressesEnter();
   /// The user presses Esc: clicks the cancel button, if it is usable.
   void UserPressesEscape();

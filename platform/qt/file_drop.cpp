@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/file_drop.h"
 
+#include <string>
+#include <vector>
+
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QStringList>
 #include <QUrl>
 
 #include "platform/controls/entered_path.h"
@@ -14,11 +16,11 @@ namespace lexmill::platform::qt {
 namespace {
 
 // The paths of the files that are dragged; none if what is dragged is no file here.
-QStringList DraggedFiles(const QDropEvent& event) {
-  QStringList paths;
+std::vector<std::u16string> DraggedFiles(const QDropEvent& event) {
+  std::vector<std::u16string> paths;
   for (const QUrl& address : event.mimeData()->urls()) {
     if (address.isLocalFile()) {
-      paths += qt::ToQt(EnteredPath(qt::FromQt(QString::fromLatin1(address.toEncoded()))));
+      paths.push_back(EnteredPath(FromQt(QString::fromLatin1(address.toEncoded()))));
     }
   }
   return paths;
@@ -42,16 +44,16 @@ class FileDropFilter final : public QObject {
 
  private:
   bool TakeFile(QDropEvent& event) {
-    const QStringList files = DraggedFiles(event);
-    if (files.isEmpty()) {
+    const std::vector<std::u16string> files = DraggedFiles(event);
+    if (files.empty()) {
       return false;
     }
-    const QString file = combo_.TakesSeveralFiles() ? files.join(QLatin1Char(';')) : files.front();
     event.acceptProposedAction();
     if (event.type() == QEvent::Drop) {
       // Who dragged it waits for this event's end, and the control may show a message.
       QMetaObject::invokeMethod(
-          this, [this, file] { combo_.UserDropsFile(FromQt(file)); }, Qt::QueuedConnection);
+          this, [this, file = combo_.TextFor(files)] { combo_.UserDropsFile(file); },
+          Qt::QueuedConnection);
     }
     return true;
   }

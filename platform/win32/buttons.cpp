@@ -54,12 +54,8 @@ void ShowState(const OptionButton& button, HWND window) {
 }
 
 void ShowDefault(const Form& form, const Button& button, HWND window) {
-  const Control* active = form.ActiveControl();
-  const bool isOther = active != nullptr && active != &button &&
-                       active->Kind() == ControlKind::Button && active->IsUsable();
-  const bool stands = active == &button || (button.Default() && !isOther);
   const LONG_PTR type = GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK;
-  const LONG wanted = stands ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+  const LONG wanted = form.EnterButton() == &button ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
   if (type != wanted) {
     Button_SetStyle(window, wanted, TRUE);
   }

@@ -16,7 +16,7 @@ namespace lexmill::platform::win32 {
 /// Bring the state to the window.
 void ShowState(const CheckBox& box, HWND window);
 void ShowState(const OptionButton& button, HWND window);
-/// Shows which button the Enter key presses: the one with the focus, else the default button.
+/// Shows whether the Enter key presses the button.
 void ShowDefault(const Form& form, const Button& button, HWND window);
 
 /// Shows the caption, narrowed where it doesn't fit. Hot keys are underlined as the user has it.

@@ -15,13 +15,6 @@ bool HoldsFocus(HWND window) {
   return focus != nullptr && (focus == window || IsChild(window, focus) != FALSE);
 }
 
-bool IsEnabledThroughout(const Control* control) {
-  while (control != nullptr && control->Enabled()) {
-    control = control->Container();
-  }
-  return control == nullptr;
-}
-
 }  // namespace
 
 ControlMirror::ControlMirror(Control& control, Surroundings& surroundings)
@@ -84,7 +77,7 @@ void ControlMirror::TakeFocus() {
 }
 
 void ControlMirror::ShowEnabled() {
-  const bool isEnabled = IsEnabledThroughout(&control_);
+  const bool isEnabled = control_.IsEnabled();
   if (window_ == nullptr || (IsWindowEnabled(window_) != FALSE) == isEnabled) {
     return;
   }

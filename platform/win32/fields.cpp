@@ -36,13 +36,15 @@ void ShowText(const std::u16string& text, HWND field, HWND typingPart) {
 
 // The system's field takes another text from its list when the wheel turns over it.
 void FilterPathField(ComboBox& combo, HWND field, HWND window) {
-  FilterMessages(window, [&combo, field](UINT message, WPARAM wide, LPARAM /*param*/) {
+  FilterMessages(window, [&combo, field, window](UINT message, WPARAM wide, LPARAM /*param*/) {
     switch (message) {
       case WM_MOUSEWHEEL:
         return !IsOpen(field);
       case WM_DROPFILES:
         DropFiles(combo, reinterpret_cast<HDROP>(wide));
         return true;
+      case WM_PASTE:
+        return PasteFiles(combo, window);
       case kListClosed:
         ShowField(combo, field);
         return true;

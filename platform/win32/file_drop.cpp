@@ -2,6 +2,7 @@
 #include "platform/win32/file_drop.h"
 
 #include <string>
+#include <vector>
 
 #include "platform/win32/wide_text.h"
 
@@ -16,11 +17,10 @@ std::u16string PathOf(HDROP drop, UINT index) {
   return FromWide(path);
 }
 
-std::u16string PathsOf(HDROP drop, bool several) {
-  std::u16string paths = PathOf(drop, 0);
-  const UINT count = several ? DragQueryFileW(drop, kAll, nullptr, 0) : 1;
-  for (UINT i = 1; i < count; ++i) {
-    paths += u';' + PathOf(drop, i);
+std::vector<std::u16string> PathsOf(HDROP drop) {
+  std::vector<std::u16string> paths(DragQueryFileW(drop, kAll, nullptr, 0));
+  for (UINT i = 0; i < paths.size(); ++i) {
+    paths[i] = PathOf(drop, i);
   }
   return paths;
 }
@@ -32,9 +32,27 @@ void AcceptFiles(HWND window) {
 }
 
 void DropFiles(ComboBox& combo, HDROP drop) {
-  const std::u16string paths = PathsOf(drop, combo.TakesSeveralFiles());
+  const std::vector<std::u16string> paths = PathsOf(drop);
   DragFinish(drop);
-  combo.UserDropsFile(paths);
+  if (!paths.empty()) {
+    combo.UserDropsFile(combo.TextFor(paths));
+  }
+}
+
+bool PasteFiles(const ComboBox& combo, HWND typingPart) {
+  if (IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE || OpenClipboard(typingPart) == FALSE) {
+    return false;
+  }
+  HANDLE files = GetClipboardData(CF_HDROP);
+  const auto paths =
+      files == nullptr ? std::vector<std::u16string>() : PathsOf(static_cast<HDROP>(files));
+  CloseClipboard();
+  if (paths.empty()) {
+    return false;
+  }
+  const std::u16string text = combo.TextFor(paths);
+  SendMessageW(typingPart, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text)));
+  return true;
 }
 
 }  // namespace lexmill::platform::win32

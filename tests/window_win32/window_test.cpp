@@ -74,16 +74,25 @@ class Window : public testing::Test {
     return isTaken;
   }
 
-  // Drops files on a window, as the shell does.
-  static void Drop(HWND window, std::u16string_view paths) {
+  // Files as the shell hands them over.
+  static HGLOBAL Files(std::u16string_view paths) {
     HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
     auto* head = static_cast<DROPFILES*>(GlobalLock(memory));
     head->pFiles = sizeof(DROPFILES);
     head->fWide = TRUE;
     std::memcpy(head + 1, paths.data(), paths.size() * sizeof(wchar_t));
     GlobalUnlock(memory);
-    PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    return memory;
+  }
+  static void Drop(HWND window, std::u16string_view paths) {
+    PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(Files(paths)), 0);
     platform::win32::DeliverPending();
+  }
+  void Copy(std::u16string_view paths) const {
+    OpenClipboard(shown_->Window());
+    EmptyClipboard();
+    SetClipboardData(CF_HDROP, Files(paths));
+    CloseClipboard();
   }
 
   TemporaryFolder folder_;
@@ -190,12 +199,15 @@ TEST_F(Window, MakesAPathOfWhatIsPasted) {
   }
 }
 
-TEST_F(Window, TakesDroppedFilesAsTheirFieldDoes) {
+TEST_F(Window, TakesDroppedAndCopiedFilesAsTheirFieldDoes) {
   using namespace std::string_view_literals;
   Drop(Of(Main().cboToDo), u"C:\\词 典.glo\0C:\\b.glo\0"sv);
   Drop(TypingPart(Of(Main().cboRefer)), u"C:\\词 典.glo\0C:\\b.glo\0"sv);
   EXPECT_EQ(Main().cboToDo.Text(), u"C:\\词 典.glo");
   EXPECT_EQ(TextOf(Of(Main().cboRefer)), u"C:\\词 典.glo;C:\\b.glo");
+  Copy(u"C:\\字.glo\0C:\\b.glo\0"sv);
+  SendMessageW(TypingPart(Of(Main().cboFinal)), WM_PASTE, 0, 0);
+  EXPECT_EQ(Main().cboFinal.Text(), u"C:\\字.glo");
 }
 
 TEST_F(Window, ShowsAGreyedBoxAndUnchecksItByAClick) {
