@@ -19,7 +19,7 @@ constexpr std::u16string_view kJoin =
     u" \"SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON R.r1=S.sm;\">";
 constexpr std::u16string_view kJoinWithoutCase =
     u" \"SELECT DISTINCT S.so,S.sh,R.r2,S.sk,S.st FROM R INNER JOIN S ON Upper(R.r1)=S.sm;\">";
-constexpr std::u16string_view kPairListing = u" \"SELECT DISTINCT r1,r2 FROM R;\">";
+constexpr std::u16string_view kPairListing = u" \"SELECT r1,r2 FROM R;\">";
 constexpr std::u16string_view kEntryListing = u" \"SELECT o0,o2 FROM O;\">";
 
 platform::TextWriter CreateScript(const std::u16string& path) {

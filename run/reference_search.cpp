@@ -2,6 +2,7 @@
 #include "run/reference_search.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "platform/text/text.h"
@@ -37,6 +38,12 @@ class Search {
     return {entry.line, std::u16string(entry.source), std::u16string(entry.target)};
   }
 
+  // A purified database has the same pair more than once, and no lines to tell one from another.
+  template <class Entries, class Projection>
+  static bool IsRepeated(const FoundEntry& entry, const Entries& others, Projection entryOf) {
+    return entry.line == 0 && std::ranges::find(others, entry, entryOf) != others.end();
+  }
+
   void AddTranslation(const ReferenceEntry& entry) {
     const std::u16string bare(AsStored(entry.bare.target));
     auto& translations = result_.translations;
@@ -44,11 +51,18 @@ class Search {
     if (isNew) {
       translations.push_back({.bare = bare, .entries = {}});
     }
-    translations[known->second].entries.push_back(Kept(entry));
+    auto& entries = translations[known->second].entries;
+    FoundEntry kept = Kept(entry);
+    if (!IsRepeated(kept, entries, std::identity())) {
+      entries.push_back(std::move(kept));
+    }
   }
 
   void AddNear(NearEntry entry) {
     auto& nearest = result_.nearest;
+    if (IsRepeated(entry.entry, nearest, &NearEntry::entry)) {
+      return;
+    }
     const auto place =
         std::ranges::upper_bound(nearest, entry.differences.Count(), {},
                                  [](const NearEntry& other) { return other.differences.Count(); });

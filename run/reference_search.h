@@ -19,6 +19,8 @@ struct FoundEntry {
   std::int64_t line = 0;
   std::u16string source;
   std::u16string target;
+
+  bool operator==(const FoundEntry&) const = default;
 };
 
 /// A bare translation with the entries that give it, at least one.
