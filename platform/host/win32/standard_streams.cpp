@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
 #include <optional>
@@ -57,20 +58,37 @@ class ConsoleBuffer : public std::streambuf {
   }
   std::streamsize xsputn(const char* bytes, std::streamsize count) override {
     pending_.append(bytes, static_cast<std::size_t>(count));
+    if (pending_.size() > kMostPending) {
+      sync();
+    }
     return count;
   }
   int sync() override {
     const std::size_t length = WholeLength(pending_);
     const std::wstring text = system::Wide(FromUtf8(pending_.substr(0, length)));
     pending_.erase(0, length);
-    DWORD written = 0;
-    return WriteConsoleW(console_, text.data(), static_cast<DWORD>(text.size()), &written,
-                         nullptr) != 0
-               ? 0
-               : -1;
+    return Write(text) ? 0 : -1;
   }
 
  private:
+  static constexpr std::size_t kMostPending = std::size_t{16} << 10U;  // bytes
+
+  /// Piece by piece, since one call takes 64 KB at most.
+  bool Write(std::wstring_view text) {
+    constexpr std::size_t kMostUnits = 8192;
+    while (!text.empty()) {
+      std::size_t length = std::min(text.size(), kMostUnits);
+      length -= length < text.size() && IS_HIGH_SURROGATE(text[length - 1]) ? 1 : 0;
+      DWORD written = 0;
+      if (WriteConsoleW(console_, text.data(), static_cast<DWORD>(length), &written, nullptr) ==
+          0) {
+        return false;
+      }
+      text.remove_prefix(length);
+    }
+    return true;
+  }
+
   HANDLE console_;
   std::string pending_;
 };
