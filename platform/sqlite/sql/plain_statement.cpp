@@ -34,7 +34,7 @@ class Reader {
 
   /// Steps over `expected` if it comes next; else stays where it is.
   [[nodiscard]] bool Accept(std::string_view expected) {
-    if (Failed() || text_.compare(at_, expected.size(), expected) != 0) {
+    if (Failed() || !text_.substr(at_).starts_with(expected)) {
       return false;
     }
     at_ += expected.size();
