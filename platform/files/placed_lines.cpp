@@ -5,6 +5,7 @@
 
 #include "platform/files/opened_file.h"
 #include "platform/files/text_stream.h"
+#include "platform/text/ascii_runs.h"
 
 namespace lexmill::platform {
 
@@ -37,8 +38,11 @@ void PlacedLines::Decode() const {
 }
 
 // What was decoded becomes the same bytes again, so the shorter way is taken, from the line's start
-// or from its end.
+// or from its end. ASCII, which most lines begin with, is as many bytes.
 std::int64_t PlacedLines::PlaceOf(std::size_t unit) const {
+  if (AsciiLength(line_.substr(0, unit)) == unit) {
+    return range_.begin + static_cast<std::int64_t>(unit);
+  }
   const std::u16string_view text = Text();
   if (unit == text.size()) {
     return range_.end - static_cast<std::int64_t>(end_.size());
