@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 
 #include "platform/sqlite/file/page.h"
 
@@ -36,7 +37,11 @@ constexpr std::size_t kDeepest = 256;
 
 std::uint64_t HeadOf(std::string_view text) {
   std::array<char, kHeadSize> bytes{};
-  text.copy(bytes.data(), bytes.size());
+  if (text.size() >= kHeadSize) {
+    std::memcpy(bytes.data(), text.data(), kHeadSize);  // a length known to the compiler: no call
+  } else {
+    text.copy(bytes.data(), text.size());
+  }
   const std::uint64_t high = Get32(bytes.data(), ByteOrder::Big);
   return high << 32U | Get32(bytes.data() + 4, ByteOrder::Big);
 }
