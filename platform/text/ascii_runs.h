@@ -16,37 +16,32 @@
 
 namespace lexmill::platform {
 
-/// Bytes or units that are looked at or converted in one step.
-inline constexpr std::size_t kBlock = 8;
-/// A block in registers: left to the compiler, a loop over it goes one by one.
-using BlockOfBytes [[gnu::vector_size(kBlock)]] = unsigned char;
-using BlockOfUnits [[gnu::vector_size(kBlock * sizeof(char16_t))]] = char16_t;
+/// Characters that are converted in one step: four bytes in a word of 32 bits, four units in one of
+/// 64, the first one lowest. A plain loop over them is not made one step by the compiler.
+inline constexpr std::size_t kStep = 4;
+static_assert(std::endian::native == std::endian::little);
 
-/// Number of ASCII bytes at the start of the block at `bytes`.
-[[nodiscard]] inline std::size_t AsciiOfBlock(const char* bytes) {
-  constexpr std::uint64_t kNotAscii = 0x8080808080808080;
-  static_assert(std::endian::native == std::endian::little);
-  std::uint64_t block = 0;
-  std::memcpy(&block, bytes, sizeof block);
-  return static_cast<std::size_t>(std::countr_zero(block & kNotAscii)) / 8;
+/// Each byte of `bytes` as a unit.
+[[nodiscard]] inline std::uint64_t Widened(std::uint32_t bytes) {
+  const std::uint64_t pairs = (bytes | std::uint64_t{bytes} << 16) & 0x0000'FFFF'0000'FFFF;
+  return (pairs | pairs << 8) & 0x00FF'00FF'00FF'00FF;
 }
 
-/// Number of ASCII units at the start of the block at `units`.
-[[nodiscard]] inline std::size_t AsciiOfBlock(const char16_t* units) {
-  constexpr std::uint64_t kNotAscii = 0xFF80FF80FF80FF80;
-  std::array<std::uint64_t, 2> halves;
-  std::memcpy(halves.data(), units, sizeof halves);
-  const bool isHalf = (halves[0] & kNotAscii) == 0;
-  const int bits = std::countr_zero(halves[isHalf ? 1 : 0] & kNotAscii);
-  return static_cast<std::size_t>(bits) / 16 + (isHalf ? kBlock / 2 : 0);
+/// Each unit of `units` as a byte, up to the first that is not ASCII.
+[[nodiscard]] inline std::uint32_t Narrowed(std::uint64_t units) {
+  const std::uint64_t pairs = (units | units >> 8) & 0x0000'FFFF'0000'FFFF;
+  return static_cast<std::uint32_t>(pairs | pairs >> 16);
 }
 
 /// Number of ASCII bytes at the start of `bytes`.
 [[nodiscard]] inline std::size_t AsciiLength(std::string_view bytes) {
+  constexpr std::uint64_t kNotAscii = 0x8080808080808080;
   std::size_t length = 0;
-  for (std::size_t ascii = kBlock; ascii == kBlock && length + kBlock <= bytes.size();) {
-    ascii = AsciiOfBlock(bytes.data() + length);
-    length += ascii;
+  for (std::uint64_t block = 0; length + sizeof block <= bytes.size(); length += sizeof block) {
+    std::memcpy(&block, bytes.data() + length, sizeof block);
+    if ((block & kNotAscii) != 0) {
+      break;
+    }
   }
   while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) {
     ++length;
@@ -58,13 +53,12 @@ using BlockOfUnits [[gnu::vector_size(kBlock * sizeof(char16_t))]] = char16_t;
 /// @return their number
 [[nodiscard]] inline std::size_t WidenAscii(std::string_view bytes, char16_t* text) {
   std::size_t done = 0;
-  for (; done + kBlock <= bytes.size(); done += kBlock) {
-    BlockOfBytes narrow;
+  for (std::uint32_t narrow = 0; done + kStep <= bytes.size(); done += kStep) {
     std::memcpy(&narrow, bytes.data() + done, sizeof narrow);
-    const auto wide = __builtin_convertvector(narrow, BlockOfUnits);
+    const std::uint64_t wide = Widened(narrow);
     std::memcpy(text + done, &wide, sizeof wide);
-    if (const std::size_t ascii = AsciiOfBlock(bytes.data() + done); ascii < kBlock) {
-      return done + ascii;
+    if (const std::uint32_t others = narrow & 0x80808080; others != 0) {
+      return done + static_cast<std::size_t>(std::countr_zero(others)) / 8;
     }
   }
   for (; done < bytes.size() && static_cast<unsigned char>(bytes[done]) < 0x80; ++done) {
@@ -77,13 +71,12 @@ using BlockOfUnits [[gnu::vector_size(kBlock * sizeof(char16_t))]] = char16_t;
 /// @return their number
 [[nodiscard]] inline std::size_t NarrowAscii(std::u16string_view text, char* bytes) {
   std::size_t done = 0;
-  for (; done + kBlock <= text.size(); done += kBlock) {
-    BlockOfUnits wide;
+  for (std::uint64_t wide = 0; done + kStep <= text.size(); done += kStep) {
     std::memcpy(&wide, text.data() + done, sizeof wide);
-    const auto narrow = __builtin_convertvector(wide, BlockOfBytes);
+    const std::uint32_t narrow = Narrowed(wide);
     std::memcpy(bytes + done, &narrow, sizeof narrow);
-    if (const std::size_t ascii = AsciiOfBlock(text.data() + done); ascii < kBlock) {
-      return done + ascii;
+    if (const std::uint64_t others = wide & 0xFF80'FF80'FF80'FF80; others != 0) {
+      return done + static_cast<std::size_t>(std::countr_zero(others)) / 16;
     }
   }
   for (; done < text.size() && text[done] < 0x80; ++done) {
