@@ -50,8 +50,9 @@ void NotePassedOver(const Catalog& catalog, const EntryCounts& counts) {
 class StandInWriter {
  public:
   /// @param row  the row of the window that shows the progress
-  StandInWriter(const std::u16string& path, std::int16_t row)
-      : writer_(platform::FileSystemObject().CreateTextFile(path, true)) {
+  StandInWriter(std::u16string catalog, const std::u16string& path, std::int16_t row)
+      : catalog_(std::move(catalog)),
+        writer_(platform::FileSystemObject().CreateTextFile(path, true)) {
     progress_.StateLabel(frmMain::Instance().lblState(row));
     progress_.Start();
   }
@@ -62,16 +63,28 @@ class StandInWriter {
       progress_.ShowStarIfDue();
     }
     line_.assign(source).append(1, u'\t').append(target);
+    RequireCharacters();
     writer_.WriteLine(line_);
   }
 
   void Close() { writer_.Close(); }
 
  private:
+  // The system's own page has every character, one that was chosen may not.
+  void RequireCharacters() {
+    bytes_.clear();
+    if (platform::IsAnsiCodePageChosen() && !platform::AnsiCodePage().Encode(line_, bytes_)) {
+      throw platform::Failure(kOwnFailure,
+                              u"“" + catalog_ + u"”里有所选的代码页没有的字符：" + line_);
+    }
+  }
+
+  std::u16string catalog_;
   platform::TextWriter writer_;
   ProgressTick progress_;
   std::int64_t count_ = 0;
   std::u16string line_;
+  std::string bytes_;
 };
 
 }  // namespace
@@ -117,7 +130,7 @@ void CatalogRun::TakeUntranslated(const std::u16string& toDo,
   const CatalogOptions& options = TheRun().catalogOptions;
   toDo_ = OpenCatalog(toDo, *format, options);
   const std::u16string glossary = DrawGlossary(toDo);
-  StandInWriter writer(glossary, kToDoRow);
+  StandInWriter writer(toDo, glossary, kToDoRow);
   const EntryCounts others = ReadUntranslated(
       *toDo_, options, [&writer](std::u16string_view source, std::u16string_view target) {
         writer.Write(source, target);
@@ -148,7 +161,7 @@ void CatalogRun::AddReference(const Catalog& catalog) {
     return;
   }
   const std::u16string glossary = DrawGlossary(catalog.path);
-  StandInWriter writer(glossary, kReferenceRow);
+  StandInWriter writer(catalog.path, glossary, kReferenceRow);
   const EntryCounts unused =
       ReadTranslated(catalog, [&writer](std::u16string_view source, std::u16string_view target,
                                         std::int64_t /*line*/) { writer.Write(source, target); });

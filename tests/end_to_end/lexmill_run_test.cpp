@@ -272,7 +272,10 @@ TEST_F(LexmillRun, TakesTheCodePageOfItsSettings) {
   WriteBytes(folder_.File("refer"), "CAF\xC9\tkaf\xE9\r\n");
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkaUpperCase=1"}), 0) << Errors();
   EXPECT_EQ(ReadBytes(folder_.File("final")), "caf\xE9:\tkaf\xE9:\r\n");
-  // A path that the page lacks can't be carried by the batch script.
+  WriteBytes(folder_.File("po"), "msgid \"a\"\nmsgstr \"打\"\n");
+  EXPECT_EQ(Run({u"todo", u"po", u"final"}), 1);
+  EXPECT_NE(Errors().find("po”里有所选的代码页没有的字符：a\t打\n"), std::string::npos) << Errors();
+  // The batch script can't hold a path that the page lacks.
   EXPECT_EQ(Run({u"todo", u"refer", u"final", u"--set", u"chkSaveRefDB=1", u"--set",
                  u"txtSaveRefDB=打.db"}),
             1);
