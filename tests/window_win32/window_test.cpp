@@ -40,11 +40,7 @@ class Window : public testing::Test {
     modMain::Main();
     shown_ = std::make_unique<platform::win32::FormWindow>(Main().Window);
   }
-  void SetUp() override {
-    if (shown_->Window() == nullptr) {
-      GTEST_SKIP() << "no display";
-    }
-  }
+  void SetUp() override { ASSERT_NE(shown_->Window(), nullptr) << "no screen"; }
 
   static frmMain& Main() { return frmMain::Instance(); }
   HWND Of(const Control& control) const { return shown_->WindowOf(control); }
