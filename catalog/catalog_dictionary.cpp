@@ -18,11 +18,6 @@ bool IsReference(const CatalogEntry& entry) {
   return entry.kind == EntryKind::Plain && entry.state == EntryState::Translated;
 }
 
-void CountPassedOver(const CatalogEntry& entry, EntryCounts& counts) {
-  counts.plural += entry.kind == EntryKind::Plural ? 1 : 0;
-  counts.inlined += entry.kind == EntryKind::Inline ? 1 : 0;
-}
-
 void ReadGlossaryPairs(platform::TextReader& input, const OnPair& onPair) {
   while (!input.AtEndOfStream()) {
     const std::u16string_view line = input.ReadLine();
@@ -62,7 +57,7 @@ EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& optio
       const auto source = ToDictionary(entry.source, catalog.accelerator, room);
       onPair(source, source);
     } else if (entry.state == EntryState::Open) {
-      CountPassedOver(entry, others);
+      others.passedOver.Count(entry);
     } else if (IsReference(entry)) {
       ++others.translated;
     }
@@ -70,8 +65,8 @@ EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& optio
   return others;
 }
 
-EntryCounts ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair) {
-  EntryCounts others;
+PassedOver ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair) {
+  PassedOver unused;
   std::u16string sourceRoom;
   std::u16string targetRoom;
   ReadCatalog(catalog.format, catalog.path, catalog.head, [&](const CatalogEntry& entry) {
@@ -79,10 +74,10 @@ EntryCounts ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair) {
       onPair(ToDictionary(entry.source, catalog.accelerator, sourceRoom),
              ToDictionary(entry.target, catalog.accelerator, targetRoom), entry.line);
     } else if (entry.state == EntryState::Translated) {
-      CountPassedOver(entry, others);
+      unused.Count(entry);
     }
   });
-  return others;
+  return unused;
 }
 
 void ReadAll(const Catalog& catalog, const CatalogOptions& options, const OnPair& onPair) {

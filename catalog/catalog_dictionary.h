@@ -22,8 +22,7 @@ using OnPairInLine =
 /// Entries of a catalog that are not reported.
 struct EntryCounts {
   std::int64_t translated = 0;
-  std::int64_t plural = 0;   ///< passed over for their forms
-  std::int64_t inlined = 0;  ///< passed over for the elements in them
+  PassedOver passedOver{};
 
   bool operator==(const EntryCounts&) const = default;
 };
@@ -37,7 +36,7 @@ EntryCounts ReadUntranslated(const Catalog& catalog, const CatalogOptions& optio
 /// Reports the translated entries of a catalog.
 /// @return its translated plural and inline entries
 /// @throws platform::Failure as ReadCatalog
-EntryCounts ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair);
+PassedOver ReadTranslated(const Catalog& catalog, const OnPairInLine& onPair);
 
 /// Reports the entries of both kinds in their order.
 /// @throws platform::Failure as ReadCatalog

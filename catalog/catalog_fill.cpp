@@ -16,17 +16,16 @@ std::u16string Listed(const std::vector<std::u16string>& targets, char16_t accel
   return listed;
 }
 
-void CountPassedOver(const CatalogEntry& entry, FillCounts& counts) {
-  const bool isOpen = entry.state == EntryState::Open;
-  counts.plural += isOpen && entry.kind == EntryKind::Plural ? 1 : 0;
-  counts.inlined += isOpen && entry.kind == EntryKind::Inline ? 1 : 0;
-}
-
 std::u16string StateFor(const CatalogOptions& options) {
   return options.trusted ? u"translated" : options.state;
 }
 
 }  // namespace
+
+void PassedOver::Count(const CatalogEntry& entry) {
+  plural += entry.kind == EntryKind::Plural ? 1 : 0;
+  inlined += entry.kind == EntryKind::Inline ? 1 : 0;
+}
 
 void Translations::Add(std::u16string_view source, std::u16string_view target) {
   auto& targets = targets_[std::u16string(source)];
@@ -48,7 +47,9 @@ bool IsToFill(const CatalogEntry& entry, const CatalogOptions& options) {
 std::optional<Filling> ChooseTarget(const CatalogEntry& entry, char16_t accelerator,
                                     const CatalogOptions& options, const Translations& translations,
                                     FillCounts& counts) {
-  CountPassedOver(entry, counts);
+  if (entry.state == EntryState::Open) {
+    counts.passedOver.Count(entry);
+  }
   if (!IsToFill(entry, options)) {
     return std::nullopt;
   }

@@ -26,12 +26,21 @@ class Translations {
   std::unordered_map<std::u16string, std::vector<std::u16string>> targets_;
 };
 
+/// Entries of a catalog that can't be used.
+struct PassedOver {
+  std::int64_t plural = 0;   ///< for their forms
+  std::int64_t inlined = 0;  ///< for the elements in them
+
+  /// Counts an entry if it is one of them.
+  void Count(const CatalogEntry& entry);
+  bool operator==(const PassedOver&) const = default;
+};
+
 /// What has become of the entries of one catalog.
 struct FillCounts {
   std::int64_t filled = 0;
   std::int64_t several = 0;  ///< with several translations, filled or left open
-  std::int64_t plural = 0;   ///< open ones that were passed over for their forms
-  std::int64_t inlined = 0;  ///< open ones that were passed over for the elements in them
+  PassedOver passedOver{};   ///< of the open ones
 
   bool operator==(const FillCounts&) const = default;
 };

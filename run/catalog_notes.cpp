@@ -16,13 +16,13 @@ std::u16string Named(const Catalog& catalog) {
 }
 
 // What was passed over; empty if nothing was.
-std::u16string PassedOver(std::int64_t plural, std::int64_t inlined) {
+std::u16string TextOf(const PassedOver& entries) {
   std::u16string text;
-  if (plural > 0) {
-    text += u"跳过复数条目 " + Counted(plural);
+  if (entries.plural > 0) {
+    text += u"跳过复数条目 " + Counted(entries.plural);
   }
-  if (inlined > 0) {
-    text += (text.empty() ? u"" : u"，") + (u"跳过含行内元素的条目 " + Counted(inlined));
+  if (entries.inlined > 0) {
+    text += (text.empty() ? u"" : u"，") + (u"跳过含行内元素的条目 " + Counted(entries.inlined));
   }
   return text;
 }
@@ -30,13 +30,13 @@ std::u16string PassedOver(std::int64_t plural, std::int64_t inlined) {
 }  // namespace
 
 std::u16string FillSentence(const Catalog& catalog, const FillCounts& counts) {
-  const std::u16string passedOver = PassedOver(counts.plural, counts.inlined);
+  const std::u16string passedOver = TextOf(counts.passedOver);
   return Named(catalog) + u"译出 " + Counted(counts.filled) + u"，有多种译法 " +
          Counted(counts.several) + (passedOver.empty() ? u"" : u"，") + passedOver;
 }
 
-std::u16string UnusedSentence(const Catalog& catalog, const EntryCounts& counts) {
-  const std::u16string passedOver = PassedOver(counts.plural, counts.inlined);
+std::u16string UnusedSentence(const Catalog& catalog, const PassedOver& entries) {
+  const std::u16string passedOver = TextOf(entries);
   return passedOver.empty() ? passedOver : Named(catalog) + passedOver;
 }
 

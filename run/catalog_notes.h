@@ -13,6 +13,6 @@ namespace lexmill {
 [[nodiscard]] std::u16string FillSentence(const Catalog& catalog, const FillCounts& counts);
 
 /// What of a catalog was passed over: a sentence of that kind, empty if nothing was.
-[[nodiscard]] std::u16string UnusedSentence(const Catalog& catalog, const EntryCounts& counts);
+[[nodiscard]] std::u16string UnusedSentence(const Catalog& catalog, const PassedOver& entries);
 
 }  // namespace lexmill

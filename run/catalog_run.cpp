@@ -37,11 +37,11 @@ void KeepKindsOf(const std::u16string& catalog, const std::u16string& glossary) 
   TheRun().dictionaries[catalog] = kind;
 }
 
-void NotePassedOver(const Catalog& catalog, const EntryCounts& counts) {
+void NotePassedOver(const Catalog& catalog, const PassedOver& entries) {
   DroppedEntries& dropped = TheRun().counts.dropped[catalog.path];
-  dropped.plural += counts.plural;
-  dropped.inlined += counts.inlined;
-  if (std::u16string sentence = UnusedSentence(catalog, counts); !sentence.empty()) {
+  dropped.plural += entries.plural;
+  dropped.inlined += entries.inlined;
+  if (std::u16string sentence = UnusedSentence(catalog, entries); !sentence.empty()) {
     NoteHint(std::move(sentence));
   }
 }
@@ -137,7 +137,7 @@ void CatalogRun::TakeUntranslated(const std::u16string& toDo,
       });
   writer.Close();
   TheRun().counts.alreadyTranslated += others.translated;
-  NotePassedOver(*toDo_, others);
+  NotePassedOver(*toDo_, others.passedOver);
   TheRun().standIns.toDo = glossary;
   KeepKindsOf(toDo, glossary);
   TheRun().standIns.result = DrawGlossary(result_);
@@ -162,7 +162,7 @@ void CatalogRun::AddReference(const Catalog& catalog) {
   }
   const std::u16string glossary = DrawGlossary(catalog.path);
   StandInWriter writer(catalog.path, glossary, kReferenceRow);
-  const EntryCounts unused =
+  const PassedOver unused =
       ReadTranslated(catalog, [&writer](std::u16string_view source, std::u16string_view target,
                                         std::int64_t /*line*/) { writer.Write(source, target); });
   writer.Close();

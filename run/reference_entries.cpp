@@ -101,7 +101,7 @@ class Reading {
 
   void ReadDictionary(const std::u16string& path) {
     if (const auto catalog = CatalogAt(path)) {
-      const EntryCounts unused =
+      const PassedOver unused =
           ReadTranslated(*catalog, [this](std::u16string_view source, std::u16string_view target,
                                           std::int64_t line) { Report(source, target, line); });
       if (std::u16string sentence = UnusedSentence(*catalog, unused); !sentence.empty()) {

@@ -76,7 +76,7 @@ TEST_F(CatalogFill, FillsPlainOpenEntriesAndCountsTheOthers) {
   EXPECT_EQ(Choose(EntryKind::Fixed, EntryState::Open), "-");
   EXPECT_EQ(Choose(EntryKind::Plain, EntryState::Translated, u"b"), "-");
   EXPECT_EQ(Choose(EntryKind::Plain, EntryState::Marked, u"b"), "-");
-  EXPECT_EQ(counts, (FillCounts{1, 0, 1, 1}));
+  EXPECT_EQ(counts, (FillCounts{1, 0, {1, 1}}));
 }
 
 TEST_F(CatalogFill, TakesTheFirstOfSeveralAndListsAll) {
@@ -87,7 +87,7 @@ TEST_F(CatalogFill, TakesTheFirstOfSeveralAndListsAll) {
             "返回|返回 | 后退|needs-review-translation?");
   options.skipSeveral = true;
   EXPECT_EQ(Choose(EntryKind::Plain, EntryState::Open), "-");
-  EXPECT_EQ(counts, (FillCounts{1, 2, 0, 0}));
+  EXPECT_EQ(counts, (FillCounts{1, 2, {}}));
 }
 
 TEST_F(CatalogFill, RefillsMarkedEntriesOnceOnly) {
