@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/controls/label_fit.h"
+#include "platform/win32/field_frame.h"
 #include "platform/win32/file_drop.h"
 #include "platform/win32/native_window.h"
 #include "platform/win32/wide_text.h"
@@ -13,6 +14,7 @@ namespace lexmill::platform::win32 {
 namespace {
 
 constexpr int kBorders = 2;  ///< above and below a line of text, in pixels
+constexpr int kMargin = 2;   ///< left and right of it, in plain pixels
 // A private message of a path field: its list has closed, and the text is to be the control's.
 constexpr UINT kListClosed = WM_APP + 1;
 
@@ -92,7 +94,9 @@ HWND TypingPart(HWND combo) {
 }
 
 HWND MakeField(TextBox& /*box*/, HWND parent) {
-  return MakeChild(L"EDIT", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, parent);
+  HWND field = MakeChild(L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, parent);
+  GiveThinFrame(field);
+  return field;
 }
 
 HWND MakeField(ComboBox& combo, HWND parent) {
@@ -134,6 +138,8 @@ void PlaceField(const TextBox& box, HWND field, FontSet& fonts) {
                              {.width = 0, .height = line + kBorders}, Alignment::Left);
   place.top = std::max(place.top, 0);
   MoveChild(field, place);
+  const int margin = MulDiv(kMargin, fonts.Dpi(), kPlainDpi);
+  SendMessageW(field, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
 }
 
 // The height of the system's field follows from its line's; what a move sets is the height with the
