@@ -23,8 +23,6 @@ using OnPairInLine =
 struct EntryCounts {
   std::int64_t translated = 0;
   PassedOver passedOver{};
-
-  bool operator==(const EntryCounts&) const = default;
 };
 
 /// Reports the entries of a catalog that wait for a target, with the source on either side.

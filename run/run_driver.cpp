@@ -10,12 +10,16 @@
 #include "pipeline/clsLexGenPO.h"
 #include "pipeline/clsLexGenPP.h"
 #include "platform/controls/desktop.h"
+#include "platform/failure.h"
+#include "platform/host/host_path.h"
 #include "platform/host/process.h"
+#include "platform/host/same_file.h"
 #include "run/catalog_run.h"
 #include "run/dictionary_encoding.h"
 #include "run/dictionary_format.h"
 #include "run/failure_notice.h"
 #include "run/reference_list.h"
+#include "run/shared/option_set.h"
 #include "run/shared/run_state.h"
 #include "window/frmMain.h"
 #include "window/path_history.h"
@@ -83,6 +87,20 @@ void RefuseUnknownFormats(const std::u16string& toDo) {
   for (const auto& path : PathsOfDictionaries(toDo)) {
     if (KindOf(path).format == DictionaryFormat::Unknown) {
       modMain::RefuseUnknownFormat(path);
+    }
+  }
+}
+
+// The saved database takes the place of no dictionary that the run reads.
+void RefuseToSaveOverDictionaries(const std::u16string& toDo) {
+  const OptionSet& options = RunOptions();
+  if (!options.chkSaveRefDB || options.txtSaveRefDB.empty()) {
+    return;
+  }
+  const std::u16string saved = platform::PathFrom(WorkFolder(), options.txtSaveRefDB);
+  for (const auto& path : PathsOfDictionaries(toDo)) {
+    if (platform::IsSameFile(path, saved)) {
+      throw platform::Failure(1, u"“" + path + u"”是要读的字典，不能存成数据库");
     }
   }
 }
@@ -165,6 +183,7 @@ void frmMain::RunDictionaries() {
   TheRun().dictionaries.clear();
   CatalogRun catalogs(cboFinal.Text());
   KeepReferences(cboRefer.Text());
+  RefuseToSaveOverDictionaries(toDo);
   catalogs.TakeUntranslated(toDo, PathsOfReferences());
   const auto references = ReferenceDictionaries();
   for (const auto& path : references) {

@@ -33,7 +33,7 @@ TEST_F(GlossaryRun, GivesEachTranslationOfAString) {
             "9 1\t4 2\nOptions\t选项\nOptions\t设置\n");
 }
 
-TEST_F(GlossaryRun, ServesASavedPurifiedDatabaseAsReference) {
+TEST_F(GlossaryRun, ServesASavedPurifiedDatabaseAndSavesNoneOverADictionary) {
   world_.window.chkSaveRefDB.Value(1);
   world_.window.txtSaveRefDB.Text(Dictionary("saved.db"));
   const std::string first = ResultOf("&Open...\t&Open...\n", kReference);
@@ -44,6 +44,12 @@ TEST_F(GlossaryRun, ServesASavedPurifiedDatabaseAsReference) {
   EXPECT_EQ(FromAnsiBytes(ReadBytes(Dictionary("again"))), "&Open...\t打开(&O)...\n");
   EXPECT_EQ(Readable(world_.window.lblState(0).Caption()), "");
   ExpectNoTemporaryFiles();
+
+  world_.window.txtSaveRefDB.Text(Dictionary("todo"));
+  Press("todo", "refer", "final");
+  EXPECT_TRUE(Readable(world_.session.messages.front().text).starts_with("错误:1\r\n"));
+  world_.session.messages.clear();
+  EXPECT_EQ(FromAnsiBytes(ReadBytes(Dictionary("todo"))), "&Open...\t&Open...\n");
 }
 
 TEST_F(GlossaryRun, TakesTextOfEveryKindThroughTheDatabase) {
