@@ -25,8 +25,11 @@ void Fill(HDC device, const RECT& room, COLORREF color) {
   FillRect(device, &room, BrushOf(device, color));
 }
 
-void Frame(HDC device, const RECT& room, COLORREF color) {
-  FrameRect(device, &room, BrushOf(device, color));
+void Frame(HDC device, RECT room, COLORREF color, int width) {
+  for (int i = 0; i < width; ++i) {
+    FrameRect(device, &room, BrushOf(device, color));
+    InflateRect(&room, -1, -1);
+  }
 }
 
 }  // namespace lexmill::platform::win32

@@ -14,7 +14,7 @@ namespace lexmill::platform::win32 {
 
 /// Fills a rectangle.
 void Fill(HDC device, const RECT& room, COLORREF color);
-/// Draws a frame one pixel wide inside a rectangle.
-void Frame(HDC device, const RECT& room, COLORREF color);
+/// Draws a frame that many pixels wide inside a rectangle.
+void Frame(HDC device, RECT room, COLORREF color, int width);
 
 }  // namespace lexmill::platform::win32

@@ -17,9 +17,14 @@ RECT RoomOf(const Control& control, int dpi) {
   return {place.left, place.top, place.left + place.width, place.top + place.height};
 }
 
-// As thick as a pixel of a screen without scale. A line without height is still that high.
+// A pixel of a screen without scale.
+int ThicknessOf(int dpi) {
+  return std::max(1, dpi / kPlainDpi);
+}
+
+// A line without height is still as high as it is thick.
 void DrawLine(HDC device, const Line& line, int dpi) {
-  const int thick = std::max(1, dpi / kPlainDpi);
+  const int thick = ThicknessOf(dpi);
   RECT room = RoomOf(line, dpi);
   const COLORREF color = ToSystem(line.ForeColor(), COLOR_WINDOWTEXT);
   if (room.right - room.left == 0 || room.bottom - room.top == 0) {
@@ -52,16 +57,16 @@ void Draw(HDC device, const Control& control, int dpi) {
       break;
     default:
       Fill(device, room, ToSystem(control.BackColor(), COLOR_BTNFACE));
-      Frame(device, room, ToSystem(control.ForeColor(), COLOR_WINDOWTEXT));
+      Frame(device, room, ToSystem(control.ForeColor(), COLOR_WINDOWTEXT), ThicknessOf(dpi));
   }
 }
 
-void DrawBorder(HDC device, const RECT& room, const Control& group) {
+void DrawBorder(HDC device, const RECT& room, const Control& group, int dpi) {
   if (group.Kind() == ControlKind::Frame) {
     RECT edge = room;
     DrawEdge(device, &edge, EDGE_ETCHED, BF_RECT);
   } else if (static_cast<const PictureBox&>(group).Border()) {
-    Frame(device, room, GetSysColor(COLOR_BTNSHADOW));
+    Frame(device, room, GetSysColor(COLOR_BTNSHADOW), ThicknessOf(dpi));
   }
 }
 
@@ -71,7 +76,7 @@ void DrawGround(HDC device, const RECT& room, const Form& form, const Control* g
   Fill(device, room,
        group == nullptr ? GetSysColor(COLOR_BTNFACE) : ToSystem(group->BackColor(), COLOR_BTNFACE));
   if (group != nullptr) {
-    DrawBorder(device, room, *group);
+    DrawBorder(device, room, *group, dpi);
   }
   for (const Control* control : BackToFront(form)) {
     if (IsOnGround(control->Kind()) && control->Container() == group && control->Visible() &&

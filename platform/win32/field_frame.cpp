@@ -36,7 +36,7 @@ void DrawFrame(HWND field) {
   if (const Theme theme(OpenThemeData(field, L"EDIT")); theme != nullptr) {
     DrawThemeBackground(theme.get(), device, EP_EDITTEXT, StateOf(field), &room, nullptr);
   } else {
-    Frame(device, room, GetSysColor(COLOR_WINDOWFRAME));
+    Frame(device, room, GetSysColor(COLOR_WINDOWFRAME), 1);
   }
   ReleaseDC(field, device);
 }
