@@ -177,6 +177,9 @@ void TakeNotification(ComboBox& combo, HWND field, UINT notification) {
         combo.SetFocus();
       }
       break;
+    case CBN_KILLFOCUS:
+      Edit_SetSel(TypingPart(field), -1, 0);  // chosen text would stay marked
+      break;
     case CBN_EDITCHANGE:
       combo.UserEnters(TextOf(field));
       ShowField(combo, field);
