@@ -25,7 +25,7 @@ enum class Family {
   Shared,  ///< whoever is ended with this process
 };
 
-/// A program that was started. Letting go of it doesn't end it.
+/// A program that was started. Letting go of it may end it where it hasn't ended.
 class Child;
 using ChildHandle = std::shared_ptr<Child>;
 

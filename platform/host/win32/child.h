@@ -15,7 +15,7 @@ class Child {
       : process(std::move(started)), job(std::move(itsJob)) {}
 
   OwnedHandle process;
-  OwnedHandle job;  ///< holds a family of its own; not open for a shared one
+  OwnedHandle job;  ///< the process and all that it has started
 };
 
 }  // namespace lexmill::platform::system

@@ -17,6 +17,7 @@ HostError HostErrorOf(std::uint32_t error) {
     case ERROR_INVALID_DRIVE:
     case ERROR_BAD_NETPATH:
     case ERROR_BAD_NET_NAME:
+    case ERROR_NO_NET_OR_BAD_PATH:
       return HostError::NotFound;
     case ERROR_DIRECTORY:
     case ERROR_CANT_RESOLVE_FILENAME:
@@ -34,6 +35,7 @@ HostError HostErrorOf(std::uint32_t error) {
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_BUSY:
+    case ERROR_DELETE_PENDING:
     case ERROR_USER_MAPPED_FILE:
       return HostError::InUse;
     case ERROR_FILE_EXISTS:
@@ -41,6 +43,7 @@ HostError HostErrorOf(std::uint32_t error) {
       return HostError::Exists;
     case ERROR_NOT_ENOUGH_MEMORY:
     case ERROR_OUTOFMEMORY:
+    case ERROR_COMMITMENT_LIMIT:
     case ERROR_NO_SYSTEM_RESOURCES:
       return HostError::OutOfMemory;
     case ERROR_DISK_FULL:

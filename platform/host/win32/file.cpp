@@ -5,6 +5,7 @@
 
 #include "platform/host/system_file.h"
 #include "platform/host/win32/error.h"
+#include "platform/host/win32/folder_entry.h"
 #include "platform/host/win32/handle.h"
 #include "platform/host/win32/path.h"
 #include "platform/host/win32/wide.h"
@@ -42,7 +43,7 @@ Opening OpeningOf(OpenMode mode) {
 }
 
 /// Why `name` could not be opened: a refusal may mean that there is a folder, or a file that is
-/// removed as soon as somebody else closes it.
+/// removed as soon as somebody else closes it, which says nothing of itself but is still listed.
 HostError OpeningError(const std::wstring& name) {
   const HostError error = LastError();
   if (error != HostError::Denied) {
@@ -50,7 +51,7 @@ HostError OpeningError(const std::wstring& name) {
   }
   const DWORD attributes = GetFileAttributesW(name.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
-    return GetLastError() == ERROR_ACCESS_DENIED ? HostError::InUse : error;
+    return LastError() == HostError::Denied && FolderEntry(name) ? HostError::InUse : error;
   }
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? HostError::IsFolder : error;
 }

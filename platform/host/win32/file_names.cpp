@@ -9,6 +9,7 @@
 #include "platform/host/system_file.h"
 #include "platform/host/win32/error.h"
 #include "platform/host/win32/handle.h"
+#include "platform/host/win32/link.h"
 #include "platform/host/win32/path.h"
 #include "platform/host/win32/wide.h"
 
@@ -48,19 +49,15 @@ std::wstring FinalName(HANDLE handle) {
   });
 }
 
-bool IsLink(const std::wstring& name) {
-  WIN32_FIND_DATAW entry = {};
-  const HANDLE search = FindFirstFileW(name.c_str(), &entry);
-  if (search == INVALID_HANDLE_VALUE) {
-    return false;
-  }
-  FindClose(search);
-  return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
+/// Opens `name` for `access`; no one who has it open is in the way of a look at it.
+OwnedHandle OpenFor(const std::wstring& name, DWORD access) {
+  return OwnedHandle(CreateFileW(name.c_str(), access,
+                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                 OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-/// Gives `name` the access list of `older`; what either inherits from its folder stays the
-/// folder's.
+/// Gives `name` the access list of `older`, and keeps from it what its folder hands down if that is
+/// kept from the older file.
 void TakeOverAccess(std::wstring name, const std::wstring& older) {
   PACL list = nullptr;
   PSECURITY_DESCRIPTOR descriptor = nullptr;
@@ -68,8 +65,15 @@ void TakeOverAccess(std::wstring name, const std::wstring& older) {
                             nullptr, &list, nullptr, &descriptor) != ERROR_SUCCESS) {
     return;
   }
-  std::ignore = SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION,
-                                      nullptr, nullptr, list, nullptr);
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  GetSecurityDescriptorControl(descriptor, &control, &revision);
+  const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
+                                               ? PROTECTED_DACL_SECURITY_INFORMATION
+                                               : UNPROTECTED_DACL_SECURITY_INFORMATION;
+  std::ignore =
+      SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance,
+                            nullptr, nullptr, list, nullptr);
   LocalFree(descriptor);
 }
 
@@ -105,32 +109,45 @@ HostOutcome Remove(const HostPath& path) {
     return name.Error();
   }
   const DWORD attributes = GetFileAttributesW(name->c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+  const bool isReadOnly =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  if (isReadOnly) {
     // Whether it may be removed is the folder's matter; callers ask MayWrite for the file's.
     SetFileAttributesW(name->c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
   }
-  return Patiently(*name, [&] { return DeleteFileW(name->c_str()); });
+  const HostOutcome outcome = Patiently(*name, [&] { return DeleteFileW(name->c_str()); });
+  if (isReadOnly && !outcome) {
+    SetFileAttributesW(name->c_str(), attributes);
+  }
+  return outcome;
 }
 
 HostResult<HostPath> FollowLinks(const HostPath& path) {
-  const auto name = NameOf(path);
-  if (!name) {
-    return name.Error();
+  constexpr int kMostLinks = 63;  // as many as the system follows
+  HostPath place = path;
+  for (int i = 0; i <= kMostLinks; ++i) {
+    const auto name = NameOf(place);
+    if (!name) {
+      return name.Error();
+    }
+    if (!IsLink(*name)) {
+      return place;
+    }
+    if (const OwnedHandle file = OpenFor(*name, FILE_READ_ATTRIBUTES); file.IsOpen()) {
+      return FromSystem(FinalName(file.Get()));
+    }
+    if (const HostError error = LastError(); error != HostError::NotFound) {
+      return error;
+    }
+    place = HostPath(LinkedPath(*name));
   }
-  if (!IsLink(*name)) {
-    return path;
-  }
-  const OwnedHandle file(CreateFileW(name->c_str(), FILE_READ_ATTRIBUTES,
-                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                     nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  if (file.IsOpen()) {
-    return FromSystem(FinalName(file.Get()));
-  }
-  return LastError();
+  return HostError::NoFolder;
 }
 
-bool MayReplace(const HostPath& /*path*/) {
-  return true;  // the rules of a folder here hold for creating and for replacing
+bool MayReplace(const HostPath& path) {
+  const auto name = NameOf(path);
+  // Somebody who has the file open is waited for when it is replaced.
+  return !name || OpenFor(*name, DELETE).IsOpen() || LastError() != HostError::Denied;
 }
 
 }  // namespace lexmill::platform::system

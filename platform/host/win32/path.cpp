@@ -50,17 +50,31 @@ std::size_t DriveRootLength(std::u16string_view path) {
   return path.size() > 2 && IsSeparator(path[2]) ? 3 : 2;
 }
 
-/// The root of what begins with two separators: `\\server\share\`, `\\.\`, `\\?\C:\` or
-/// `\\?\UNC\server\share\`.
+/// What goes before the path of a device, or before one that the system takes literally.
+constexpr std::size_t kMarkLength = 4;
+
+/// The root of what begins with two separators: `\\server\share\`, `\\.\`, `\\?\C:\`,
+/// `\\?\Volume{...}\` or `\\?\UNC\server\share\`.
 std::size_t SharedRootLength(std::u16string_view path) {
   const std::u16string_view rest = path.substr(2);
   if (rest.size() < 2 || (rest[0] != u'.' && rest[0] != u'?') || !IsSeparator(rest[1])) {
     return 2 + LengthOfNames(rest, 2);
   }
-  constexpr std::size_t kMark = 4;
-  const std::u16string_view marked = path.substr(kMark);
-  const bool isShare = LowerCase(marked.substr(0, 3)) == u"unc";
-  return kMark + (isShare ? LengthOfNames(marked, 3) : DriveRootLength(marked));
+  const std::u16string_view marked = path.substr(kMarkLength);
+  const std::u16string name = LowerCase(marked.substr(0, marked.find_first_of(kPathSeparators)));
+  if (name == u"unc") {
+    return kMarkLength + LengthOfNames(marked, 3);
+  }
+  return kMarkLength +
+         (name.starts_with(u"volume{") ? LengthOfNames(marked, 1) : DriveRootLength(marked));
+}
+
+/// True for a path that begins with the mark and leads to no drive, volume or share.
+bool IsOfDevice(std::u16string_view path) {
+  const bool isMarked = path.size() >= kMarkLength && IsSeparator(path[0]) &&
+                        IsSeparator(path[1]) && (path[2] == u'.' || path[2] == u'?') &&
+                        IsSeparator(path[3]);
+  return isMarked && system::RootLength(path) == kMarkLength;
 }
 
 bool IsDeviceName(std::u16string_view name) {
@@ -112,9 +126,11 @@ std::u16string HostPath::Text() const {
   return system::TextOf(native_.native());
 }
 
+// The system takes a name like `nul.txt` for a device in any folder; it stays as it is, to be
+// refused where it is opened.
 std::u16string AbsolutePath(std::u16string_view path) {
-  const std::wstring full = FullName(system::Wide(path));
-  return full.empty() ? std::u16string(path) : system::TextOf(full);
+  std::u16string full = system::TextOf(FullName(system::Wide(path)));
+  return full.empty() || IsOfDevice(full) ? std::u16string(path) : full;
 }
 
 std::u16string NormalPath(std::u16string_view path) {
@@ -131,7 +147,8 @@ std::u16string_view CopiedPath(std::u16string_view text) {
 }
 
 std::u16string AddressedPath(std::u16string_view text) {
-  std::u16string path(text.substr(DriveRootLength(text.substr(1)) > 0 ? 1 : 0));
+  const bool hasDrive = !text.empty() && DriveRootLength(text.substr(1)) > 0;
+  std::u16string path(text.substr(hasDrive ? 1 : 0));
   std::ranges::replace(path, u'/', u'\\');
   return path;
 }
@@ -159,8 +176,9 @@ HostResult<std::wstring> NameOf(const HostPath& path) {
   if (text.empty()) {
     return HostError::NotFound;
   }
-  const bool isDevice = text.starts_with(uR"(\\.\)");
-  if (!isDevice && !AreFileNames(std::u16string_view(text).substr(RootLength(text)))) {
+  const bool isFileName =
+      !IsOfDevice(text) && AreFileNames(std::u16string_view(text).substr(RootLength(text)));
+  if (!isFileName && text != kNullDevice) {
     return HostError::BadName;
   }
   const std::wstring& name = path.Native().native();
@@ -168,14 +186,25 @@ HostResult<std::wstring> NameOf(const HostPath& path) {
   return full.size() < kLongestFolder ? name : Marked(full);
 }
 
+HostResult<std::wstring> NameForStart(const HostPath& path) {
+  auto name = NameOf(path);
+  if (!name || !name->starts_with(kLongMark)) {
+    return name;
+  }
+  const std::wstring shorter = FromSystem(Filled([&name](wchar_t* buffer, DWORD size) {
+                                 return GetShortPathNameW(name->c_str(), buffer, size);
+                               })).Native();
+  return shorter.empty() || shorter.size() >= kLongestFolder ? name : shorter;
+}
+
 HostPath FromSystem(std::wstring_view name) {
   if (name.starts_with(kLongShareMark)) {
     return HostPath::FromNative(LR"(\\)" + std::wstring(name.substr(kLongShareMark.size())));
   }
-  if (name.starts_with(kLongMark)) {
-    name.remove_prefix(kLongMark.size());
-  }
-  return HostPath::FromNative(std::wstring(name));
+  // A volume without a drive is named by the mark alone.
+  const bool hasDrive =
+      name.starts_with(kLongMark) && DriveRootLength(TextOf(name.substr(kLongMark.size()))) > 0;
+  return HostPath::FromNative(std::wstring(name.substr(hasDrive ? kLongMark.size() : 0)));
 }
 
 }  // namespace system

@@ -14,6 +14,10 @@ namespace lexmill::platform::system {
 ///   or of a second stream within a file (`a:b`); NotFound for an empty one
 [[nodiscard]] HostResult<std::wstring> NameOf(const HostPath& path);
 
+/// The same for the start of programs, which takes no long path, marked or not: one goes by the
+/// short names of its folders, where the disk has them.
+[[nodiscard]] HostResult<std::wstring> NameForStart(const HostPath& path);
+
 /// A path as the system gives it, without the mark of long ones.
 [[nodiscard]] HostPath FromSystem(std::wstring_view name);
 

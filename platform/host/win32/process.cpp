@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A family of its own is a job: whatever a process in it starts is in it, too.
+// A family is a job: whatever a process in it starts is in it, too.
 #include "platform/host/system_process.h"
 #include "platform/host/win32/child.h"
 #include "platform/host/win32/error.h"

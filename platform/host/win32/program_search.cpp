@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/win32/program_search.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/host/application.h"
@@ -55,7 +56,7 @@ std::optional<std::wstring> ProgramFile(std::u16string_view program,
   for (const auto& folder : folders) {
     const std::u16string file = AbsolutePath(InFolder(folder, name));
     if (IsFile(file)) {
-      const auto found = NameOf(HostPath(file));
+      const auto found = NameForStart(HostPath(file));
       return found ? std::optional(*found) : std::nullopt;
     }
   }

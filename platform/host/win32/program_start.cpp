@@ -40,10 +40,11 @@ std::wstring CommandLineOf(const std::vector<std::u16string>& words) {
   return line;
 }
 
-/// A handle for the child, of `file` or of the empty device; it alone will inherit it.
+/// A handle for the child, of `file` or of the empty device; it alone will inherit it. A stream
+/// that this process was started without is an empty one, too.
 HostResult<OwnedHandle> ForChild(const HostFile* file) {
   HostFile empty;
-  if (file == nullptr) {
+  if (file == nullptr || !file->IsOpen()) {
     auto device = HostFile::Open(HostPath(kNullDevice), OpenMode::ReadWrite);
     if (!device) {
       return device.Error();
@@ -53,9 +54,9 @@ HostResult<OwnedHandle> ForChild(const HostFile* file) {
   }
   const HANDLE self = GetCurrentProcess();
   HANDLE copy = nullptr;
-  if (!file->IsOpen() || ::DuplicateHandle(self, HandleOf(file->Handle()), self, &copy, 0, TRUE,
-                                           DUPLICATE_SAME_ACCESS) == 0) {
-    return file->IsOpen() ? LastError() : HostError::Device;
+  if (::DuplicateHandle(self, HandleOf(file->Handle()), self, &copy, 0, TRUE,
+                        DUPLICATE_SAME_ACCESS) == 0) {
+    return LastError();
   }
   return OwnedHandle(copy);
 }
@@ -75,8 +76,21 @@ HostResult<Streams> StreamsForChild(const ProgramStart& start) {
   return streams;
 }
 
+/// A job for a program and all that it starts. What is left in it ends with its last handle, which
+/// is this process's: so also if this process is killed, even in the midst of starting a program.
+HostResult<OwnedHandle> NewJob() {
+  OwnedHandle job(CreateJobObjectW(nullptr, nullptr));
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  if (!job.IsOpen() || SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation,
+                                               &limits, sizeof limits) == 0) {
+    return LastError();
+  }
+  return job;
+}
+
 /// What a new process begins with: the three streams, which are all that it inherits, and its job,
-/// if it has one, which it is in from its first moment on.
+/// which it is in from its first moment on.
 class StartupInformation {
  public:
   StartupInformation(const Streams& streams, HANDLE job) : job_(job) {
@@ -90,7 +104,7 @@ class StartupInformation {
     information_.StartupInfo.hStdError = handles_[2];
     isComplete_ = MakeList() &&
                   Set(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_.data(), sizeof handles_) &&
-                  (job == nullptr || Set(PROC_THREAD_ATTRIBUTE_JOB_LIST, &job_, sizeof job_));
+                  Set(PROC_THREAD_ATTRIBUTE_JOB_LIST, &job_, sizeof job_);
   }
   ~StartupInformation() {
     if (information_.lpAttributeList != nullptr) {
@@ -140,11 +154,16 @@ DWORD FlagsFor(Family family) {
 HostResult<PROCESS_INFORMATION> Created(const ProgramStart& start, const std::wstring& file,
                                         StartupInformation& information, Family family) {
   std::wstring line = CommandLineOf(start.words);
-  const std::wstring folder = Wide(start.directory);
+  const auto folder = start.directory.empty() ? HostResult<std::wstring>(std::wstring())
+                                              : NameForStart(HostPath(start.directory));
+  if (!folder) {
+    return folder.Error();
+  }
   PROCESS_INFORMATION process = {};
   if (!information.IsComplete() ||
       CreateProcessW(file.c_str(), line.data(), nullptr, nullptr, TRUE, FlagsFor(family), nullptr,
-                     folder.empty() ? nullptr : folder.c_str(), information.Get(), &process) == 0) {
+                     folder->empty() ? nullptr : folder->c_str(), information.Get(),
+                     &process) == 0) {
     return LastError();
   }
   return process;
@@ -162,17 +181,17 @@ HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
   if (!streams) {
     return streams.Error();
   }
-  OwnedHandle job(family == Family::Own ? CreateJobObjectW(nullptr, nullptr) : nullptr);
-  if (family == Family::Own && !job.IsOpen()) {
-    return LastError();
+  auto job = NewJob();
+  if (!job) {
+    return job.Error();
   }
-  StartupInformation information(*streams, job.Get());
+  StartupInformation information(*streams, job->Get());
   const auto created = Created(start, *file, information, family);
   if (!created) {
     return created.Error();
   }
   const OwnedHandle thread(created->hThread);
-  return std::make_shared<Child>(OwnedHandle(created->hProcess), std::move(job));
+  return std::make_shared<Child>(OwnedHandle(created->hProcess), *std::move(job));
 }
 
 }  // namespace lexmill::platform::system

@@ -93,20 +93,30 @@ class ConsoleBuffer : public std::streambuf {
   std::string pending_;
 };
 
-/// A stream of the library that writes to a console, for the rest of the program.
+/// A stream of the library that writes to a console, for the rest of the program. The console gets
+/// the mode that it had back in the end, as it is shared with whoever started the program.
 class ConsoleStream {
  public:
-  ConsoleStream(std::ostream& stream, HANDLE console)
-      : stream_(stream), buffer_(console), former_(stream.rdbuf(&buffer_)) {}
+  ConsoleStream(std::ostream& stream, HANDLE console, DWORD mode)
+      : stream_(stream),
+        console_(console),
+        formerMode_(mode),
+        buffer_(console),
+        former_(stream.rdbuf(&buffer_)) {
+    SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+  }
   ~ConsoleStream() {
     stream_.flush();
     stream_.rdbuf(former_);
+    SetConsoleMode(console_, formerMode_);
   }
   ConsoleStream(const ConsoleStream&) = delete;
   ConsoleStream& operator=(const ConsoleStream&) = delete;
 
  private:
   std::ostream& stream_;
+  HANDLE console_;
+  DWORD formerMode_;
   ConsoleBuffer buffer_;
   std::streambuf* former_;
 };
@@ -116,11 +126,13 @@ void Prepare(std::ostream& stream, std::FILE* file, StandardStream which,
   DWORD mode = 0;
   const HANDLE handle = StandardHandle(which);
   if (GetConsoleMode(handle, &mode) == 0) {
-    _setmode(_fileno(file), _O_BINARY);
+    // A stream that the program was started without has no number.
+    if (const int number = _fileno(file); number >= 0) {
+      _setmode(number, _O_BINARY);
+    }
     return;
   }
-  SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
-  console.emplace(stream, handle);
+  console.emplace(stream, handle, mode);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 // clang-format off
 #include <windows.h>
 #include <shellapi.h>
+#include <winioctl.h>
 // clang-format on
 
 #undef CreateProcess
