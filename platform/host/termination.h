@@ -12,6 +12,10 @@ void HoldTerminationRequests();
 /// Ends this process as the request would have; returns if none is waiting.
 void EndAsRequested();
 
+/// From now on whoever started this process by RunProgram can tell whether it has ended in order or
+/// was ended, also where the host's exit codes don't say so.
+void ShowOrderlyEnd();
+
 /// From now on a write to a pipe that nobody reads any more fails instead of ending this process.
 /// Programs that it starts are ended by such a write all the same.
 void SurviveBrokenPipes();

@@ -11,6 +11,7 @@
 #include "platform/host/host_file.h"
 #include "platform/host/host_system.h"
 #include "platform/host/standard_streams.h"
+#include "platform/host/termination.h"
 #include "platform/sqlite/shell/shell.h"
 #include "platform/text/text.h"
 
@@ -18,6 +19,7 @@ int main(int count, char** words) {
   namespace platform = lexmill::platform;
   using platform::StandardStream;
   platform::SurviveFileSizeLimit();
+  platform::ShowOrderlyEnd();
   platform::ReadPlatformSettings();
   platform::HostFile input = platform::TakeStandardStream(StandardStream::Input);
   platform::HostFile output = platform::TakeStandardStream(StandardStream::Output);

@@ -27,6 +27,9 @@ class FileSizeLimit {
 /// @return what `work` returned
 bool PerformAndVanish(const std::function<bool()>& work);
 
+/// Ends this process as a kill from outside does, where those have exit codes with that of success.
+[[noreturn]] void EndAsByAKill();
+
 /// The number of a process that has been and is gone.
 [[nodiscard]] std::string GoneProcess();
 

@@ -11,11 +11,12 @@ namespace lexmill::platform::system {
 
 class Child {
  public:
-  Child(OwnedHandle started, OwnedHandle itsJob)
-      : process(std::move(started)), job(std::move(itsJob)) {}
+  Child(OwnedHandle started, OwnedHandle itsMark, OwnedHandle itsJob)
+      : process(std::move(started)), mark(std::move(itsMark)), job(std::move(itsJob)) {}
 
   OwnedHandle process;
-  OwnedHandle job;  ///< the process and all that it has started
+  OwnedHandle mark;  ///< as RunningMark gives it
+  OwnedHandle job;   ///< the process and all that it has started
 };
 
 }  // namespace lexmill::platform::system

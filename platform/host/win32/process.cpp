@@ -4,13 +4,14 @@
 #include "platform/host/win32/child.h"
 #include "platform/host/win32/error.h"
 #include "platform/host/win32/handle.h"
+#include "platform/host/win32/running_mark.h"
 
 namespace lexmill::platform::system {
 namespace {
 
 constexpr DWORD kPipeSize = 256 * 1024;
 /// The exit code of a program that was ended here: as other hosts say it of one that got no chance.
-constexpr UINT kEndedCode = kExitByForce + 9;
+constexpr int kEndedCode = kExitByForce + 9;
 
 /// Exit codes beyond any that a program chooses are the system's, for what it has ended.
 int ExitCodeOf(DWORD code) {
@@ -53,6 +54,9 @@ Arrival WaitForInput(HostHandle handle, int milliseconds) {
 int WaitForEnd(Child& child) {
   DWORD code = 0;
   WaitForSingleObject(child.process.Get(), INFINITE);
+  if (IsAbandoned(child.mark)) {
+    return kEndedCode;
+  }
   return GetExitCodeProcess(child.process.Get(), &code) != 0 ? ExitCodeOf(code) : kExitByForce;
 }
 

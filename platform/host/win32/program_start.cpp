@@ -8,6 +8,7 @@
 #include "platform/host/win32/handle.h"
 #include "platform/host/win32/path.h"
 #include "platform/host/win32/program_search.h"
+#include "platform/host/win32/running_mark.h"
 #include "platform/host/win32/wide.h"
 
 namespace lexmill::platform::system {
@@ -191,7 +192,8 @@ HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
     return created.Error();
   }
   const OwnedHandle thread(created->hThread);
-  return std::make_shared<Child>(OwnedHandle(created->hProcess), *std::move(job));
+  return std::make_shared<Child>(OwnedHandle(created->hProcess), RunningMark(created->dwProcessId),
+                                 *std::move(job));
 }
 
 }  // namespace lexmill::platform::system

@@ -1,35 +1,43 @@
 // SPDX-License-Identifier: MIT
 #include "platform/host/process.h"
 
-#include <sys/wait.h>
-
 #include <array>
-#include <cerrno>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "platform/host/application.h"
+#include "platform/host/program_start.h"
+#include "platform/text/text.h"
 #include "tests/support/files.h"
 
 namespace lexmill::platform {
 namespace {
 
+/// Starts `child`, the program of the tests, which lies beside them.
 class ProcessTest : public testing::Test {
  protected:
-  ~ProcessTest() override { SetWaiting(nullptr); }
+  ~ProcessTest() override {
+    SetWaiting(nullptr);
+    SetOutputWatch(nullptr);
+  }
 
   /// Starts `line` in the folder with a pipe as its output.
   /// @return all that it prints
   std::string Run(std::u16string line) {
     auto pipe = CreatePipe();
-    EXPECT_TRUE(pipe);
-    EXPECT_TRUE(CreateProcess({.commandLine = std::move(line),
-                               .currentDirectory = folder_.File(""),
-                               .standardOutput = &pipe->writeEnd,
-                               .standardError = nullptr}));
+    EXPECT_TRUE(pipe && Start(std::move(line), pipe->writeEnd));
     pipe->writeEnd.Close();
     return ReadAll(pipe->readEnd);
+  }
+
+  bool Start(std::u16string line, const HostFile& output) {
+    return CreateProcess({.commandLine = std::move(line),
+                          .currentDirectory = folder_.File(""),
+                          .standardOutput = &output,
+                          .standardError = nullptr});
   }
 
   static std::string ReadAll(HostFile& readEnd) {
@@ -41,29 +49,61 @@ class ProcessTest : public testing::Test {
     return text;
   }
 
-  void WriteProgram(const char* name, const char* text) const {
-    test::WriteBytes(folder_.File(name), text);
-    std::filesystem::permissions(folder_.Path() / name, std::filesystem::perms::owner_all);
-  }
-
   test::TemporaryFolder folder_;
 };
 
 TEST_F(ProcessTest, PassesEachArgumentAsItIs) {
-  EXPECT_EQ(Run(u"printf <%s> $HOME \"a  b;\" \"\" * 译文"), "<$HOME><a  b;><><*><译文>");
+  EXPECT_EQ(Run(u"child words $HOME \"a  b;\" \"\" * 译文"), "<$HOME><a  b;><><*><译文>");
 }
 
-TEST_F(ProcessTest, GivesEmptyStreamsForNullHandles) {
-  EXPECT_EQ(Run(u"sh -c \"cat; echo lost >&2 && echo kept\""), "kept\n");
+// Above all what the quoting of a system could get wrong.
+TEST_F(ProcessTest, PassesAnyWordToAProgramThatIsWaitedFor) {
+  ProgramStart start = {.words = {u"child", u"words", u"a\\", u"a b\\", u"a b\\\\", u"\"", u"\\\"",
+                                  u"a\\\\\"b c\\\"", u"", u"%TEMP%", u"^&|", u"'", u"\t", u"😀"},
+                        .directory = {}};
+  std::string expected;
+  for (std::size_t i = 2; i < start.words.size(); ++i) {
+    expected += "<" + ToUtf8(start.words[i]) + ">";
+  }
+  HostFile output = *HostFile::Open(HostPath(folder_.File("o")), OpenMode::ReadWriteCreate);
+  start.standardOutput = &output;
+  EXPECT_EQ(*RunProgram(start), 0);
+  EXPECT_EQ(test::ReadBytes(folder_.File("o")), expected);
+}
+
+TEST_F(ProcessTest, KnowsAnEndFromAKill) {
+  const auto codeOf = [](std::vector<std::u16string> words) {
+    return *RunProgram({.words = std::move(words), .directory = {}});
+  };
+  EXPECT_EQ(codeOf({u"child", u"end", u"0"}), 0);
+  EXPECT_EQ(codeOf({u"child", u"end", u"74"}), 74);
+  EXPECT_GE(codeOf({u"child", u"vanish"}), kExitByForce);
+}
+
+TEST_F(ProcessTest, GivesChildrenTheirStreamsAndNothingElse) {
+  EXPECT_EQ(Run(u"child streams"), "kept");
+  auto pipe = CreatePipe();
+  auto other = CreatePipe();
+  ASSERT_TRUE(pipe && other && Start(u"child sleep", pipe->writeEnd));
+  other->writeEnd.Close();
+  std::array<char, 16> buffer = {};
+  EXPECT_EQ(ReadPipe(pipe->readEnd, buffer), 6U);
+  int steps = 0;
+  SetWaiting([&steps] {
+    ++steps;
+    EndChildProcesses();
+  });
+  EXPECT_EQ(ReadAll(other->readEnd), "");
+  EXPECT_EQ(steps, 0);
+  EndChildProcesses();
 }
 
 TEST_F(ProcessTest, LooksForAProgramInTheChildsDirectoryFirst) {
-  WriteProgram("printf", "#!/bin/sh\necho mine\n");
-  WriteProgram("only here", "#!/bin/sh\necho here\n");
-  EXPECT_EQ(Run(u"printf x"), "mine\n");
-  EXPECT_EQ(Run(u"\"only here\""), "here\n");
-  test::WriteBytes(folder_.File("echo"), "not executable");
-  EXPECT_EQ(Run(u"echo path"), "path\n");
+  const std::filesystem::path ours = HostPath(ApplicationFolder()).Native();
+  EXPECT_EQ(Run(u"child folder"), ToUtf8(ApplicationFolder()));
+  const std::string program = test::ProgramFile("child");
+  std::filesystem::copy_file(ours / program, folder_.Path() / program);
+  EXPECT_EQ(Run(u"child folder"), ToUtf8(ParentFolder(folder_.File("child"))));
 }
 
 TEST_F(ProcessTest, ReportsThatAProgramCannotBeStarted) {
@@ -76,7 +116,7 @@ TEST_F(ProcessTest, ReportsThatAProgramCannotBeStarted) {
                              {u"", u""},
                              {u"\"\"", u""},
                              {u"./folder", u""},
-                             {u"echo", u"no"}};
+                             {u"child", u"no"}};
   for (const auto& row : kCases) {
     EXPECT_FALSE(CreateProcess(
         {.commandLine = row.line, .currentDirectory = folder_.File("") + row.directory}));
@@ -113,31 +153,9 @@ TEST_F(ProcessTest, CallsTheWaitingStepWhileNothingArrives) {
 }
 
 TEST_F(ProcessTest, EndsChildrenWithAllThatTheyStarted) {
-  struct Case {
-    const char* name;
-    const char16_t* line;
-  };
-  constexpr Case kCases[] = {
-      {"a child", u"sleep 1000"},
-      {"a child that ignores requests", u"sh -c \"trap '' TERM INT HUP; sleep 1000; sleep 1000\""},
-      {"a child and its own child", u"sh -c \"sleep 1000 & sleep 1000\""},
-      {"what a child left behind", u"sh -c \"sleep 1000 &\""},
-  };
-  for (const auto& row : kCases) {
-    SCOPED_TRACE(row.name);
-    SetWaiting(EndChildProcesses);
-    EXPECT_EQ(Run(row.line), "");
-  }
-}
-
-TEST_F(ProcessTest, LeavesNoEndedChildUnreaped) {
-  EXPECT_EQ(Run(u"echo done"), "done\n");
-  // Any next call reaps, however late the child was: waits here until it can be.
-  siginfo_t ended = {};
-  waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT);
-  EndChildProcesses();
-  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
-  EXPECT_EQ(errno, ECHILD);
+  SetOutputWatch([](std::string_view) { EndChildProcesses(); });
+  EXPECT_EQ(Run(u"child sleep"), "asleep");
+  EXPECT_EQ(Run(u"child family"), "asleep");
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Locks that a user's own shell takes and respects.
-#include <fcntl.h>
-#include <unistd.h>
+#include "tests/support/shell_lock.h"
 
 #include <gtest/gtest.h>
 
@@ -11,26 +9,8 @@
 namespace lexmill::platform {
 namespace {
 
+using test::LockOfAShell;
 using test::TemporaryFolder;
-
-/// A lock as shells take it: bound to the process, on the whole file.
-class LockOfAShell {
- public:
-  LockOfAShell(const HostPath& path, short type)
-      : descriptor_(open(path.Native().c_str(), O_RDWR)) {
-    struct flock whole {};
-    whole.l_type = type;
-    isHeld_ = fcntl(descriptor_, F_SETLK, &whole) == 0;
-  }
-  ~LockOfAShell() { close(descriptor_); }
-  LockOfAShell(const LockOfAShell&) = delete;
-  LockOfAShell& operator=(const LockOfAShell&) = delete;
-  [[nodiscard]] bool IsHeld() const { return isHeld_; }
-
- private:
-  int descriptor_;
-  bool isHeld_;
-};
 
 TEST(HostFile, LocksOutOtherOpenersAndRealShells) {
   const TemporaryFolder folder;
@@ -39,13 +19,13 @@ TEST(HostFile, LocksOutOtherOpenersAndRealShells) {
   HostFile other = *HostFile::Open(path, OpenMode::ReadWrite);
   ASSERT_TRUE(file.Lock(LockKind::Shared) && other.Lock(LockKind::Shared));
   EXPECT_TRUE(file.Lock(LockKind::Exclusive).FailedBy(HostError::InUse));
-  EXPECT_TRUE(LockOfAShell(path, F_RDLCK).IsHeld());
-  EXPECT_FALSE(LockOfAShell(path, F_WRLCK).IsHeld());
+  EXPECT_TRUE(LockOfAShell(path, LockKind::Shared).IsHeld());
+  EXPECT_FALSE(LockOfAShell(path, LockKind::Exclusive).IsHeld());
   ASSERT_TRUE(other.Lock(LockKind::None) && file.Lock(LockKind::Exclusive));
   EXPECT_TRUE(other.Lock(LockKind::Shared).FailedBy(HostError::InUse));
-  EXPECT_FALSE(LockOfAShell(path, F_RDLCK).IsHeld());
+  EXPECT_FALSE(LockOfAShell(path, LockKind::Shared).IsHeld());
   file.Close();
-  const LockOfAShell shell(path, F_WRLCK);
+  const LockOfAShell shell(path, LockKind::Exclusive);
   EXPECT_TRUE(shell.IsHeld());
   EXPECT_TRUE(other.Lock(LockKind::Shared).FailedBy(HostError::InUse));
 }

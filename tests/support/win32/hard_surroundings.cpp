@@ -2,6 +2,9 @@
 #include "tests/support/hard_surroundings.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdlib>
 
 namespace lexmill::test {
 
@@ -17,6 +20,11 @@ FileSizeLimit::~FileSizeLimit() = default;
 bool PerformAndVanish(const std::function<bool()>& /*work*/) {
   ADD_FAILURE() << "a process can't be copied";
   return false;
+}
+
+void EndAsByAKill() {
+  TerminateProcess(GetCurrentProcess(), 0);
+  std::abort();
 }
 
 std::string GoneProcess() {
