@@ -48,6 +48,7 @@ TEST(CommandLine, RunsAnExistingBatchFileWithTheInterpreter) {
   test::WriteBytes(folder.File("a b.BAT"), "");
   test::WriteBytes(folder.File("no.txt"), "");
   std::filesystem::create_directory(folder.Path() / "folder.bat");
+  const std::u16string former = ApplicationFolder();
   SetApplicationFolder(u"/programs");
   const std::string path = ToUtf8(folder.File("a b.BAT"));
   const std::string batch = "[/programs" + test::SystemPath("/") + "batch]";
@@ -73,6 +74,7 @@ TEST(CommandLine, RunsAnExistingBatchFileWithTheInterpreter) {
     SCOPED_TRACE(test::Readable(row.line));
     EXPECT_EQ(Bracketed(CommandLine(row.line, folder.File(""))), row.words);
   }
+  SetApplicationFolder(former);
 }
 
 }  // namespace
