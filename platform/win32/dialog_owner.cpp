@@ -8,7 +8,8 @@ namespace lexmill::platform::win32 {
 namespace {
 
 bool IsOfKind(HWND window, std::wstring_view kind) {
-  std::array<wchar_t, 16> name = {};
+  constexpr std::size_t kUnits = 16;  // longer names are cut, and are of neither kind
+  std::array<wchar_t, kUnits> name = {};
   const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
   return std::wstring_view(name.data(), static_cast<std::size_t>(length)) == kind;
 }
