@@ -67,6 +67,7 @@ NameReservation::~NameReservation() {
 }
 
 // Removed while still locked: unlocked first, it could be somebody else's when it is removed.
+// A host may keep the name until the file is closed; whoever asks for it meanwhile finds it in use.
 void NameReservation::Release() {
   if (!lockPath_.empty()) {
     RemoveFile(HostPath(std::exchange(lockPath_, {})));
