@@ -2,7 +2,6 @@
 // The report of a run.
 #include "run/run_report.h"
 
-#include <regex>
 #include <string>
 #include <string_view>
 
@@ -32,7 +31,10 @@ class RunReport : public WholeRun {
     std::string report = ReadBytes(Dictionary(reportName));
     std::erase(report, '\r');
     const std::string folder = Readable(Dictionary(""));
-    const std::string escaped = std::regex_replace(folder, std::regex(R"(\\)"), R"(\\)");
+    std::string escaped;
+    for (const char c : folder) {
+      escaped.append(c == '\\' ? 2 : 1, c);
+    }
     for (const std::string& written : {folder, escaped}) {
       for (std::size_t at = 0; (at = report.find(written)) != std::string::npos;) {
         report.erase(at, written.size());
