@@ -3,6 +3,7 @@
 // reaches also what a child that has ended left running.
 #include "platform/host/process.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -16,6 +17,7 @@ namespace lexmill::platform {
 namespace {
 
 constexpr int kWaitingStep = 50;  // milliseconds
+constexpr int kStepsAfterEnd = 40;
 
 std::vector<system::ChildHandle>& Children() {
   static std::vector<system::ChildHandle> children;
@@ -30,6 +32,13 @@ std::function<void()>& WaitingStep() {
 std::function<void(std::string_view)>& OutputWatch() {
   static std::function<void(std::string_view)> watch;
   return watch;
+}
+
+/// Steps for which output is still waited for, once the children have been ended. Who can't be
+/// ended, such as one that hangs in a device, may keep its end of the pipe for ever.
+std::optional<int>& StepsLeft() {
+  static std::optional<int> steps;
+  return steps;
 }
 
 // A notice of the host would come at once, but such notices belong to the whole process, and the
@@ -48,6 +57,7 @@ void ForgetEndedSoon() {
 }
 
 /// Waits until `file` can be read or is broken, with the waiting step in between.
+/// @return false if it can't be read, or nobody is left whose output it is
 bool WaitForInput(const HostFile& file) {
   while (true) {
     const system::Arrival arrival = system::WaitForInput(file.Handle(), kWaitingStep);
@@ -57,6 +67,9 @@ bool WaitForInput(const HostFile& file) {
     ForgetEnded();
     if (WaitingStep()) {
       WaitingStep()();
+    }
+    if (StepsLeft() && --*StepsLeft() <= 0) {
+      return false;
     }
   }
 }
@@ -112,6 +125,7 @@ bool CreateProcess(const ProcessStart& start) {
     return false;
   }
   Children().push_back(*std::move(child));
+  StepsLeft().reset();
   return true;
 }
 
@@ -120,6 +134,7 @@ void EndChildProcesses() {
   for (const auto& child : Children()) {
     End(*child);
   }
+  StepsLeft() = StepsLeft().value_or(kStepsAfterEnd);
 }
 
 void SetWaiting(std::function<void()> step) {

@@ -47,7 +47,8 @@ struct ProcessStart {
 [[nodiscard]] bool CreateProcess(const ProcessStart& start);
 
 /// Ends every child process that CreateProcess started, with all it started, at once and without a
-/// chance to refuse; also what a child that has ended left running.
+/// chance to refuse; also what a child that has ended left running. ReadPipe waits two seconds at
+/// most for one that the host can't end, and then gives none.
 void EndChildProcesses();
 
 /// Sets what runs about every 50 milliseconds while ReadPipe waits; nothing by default. The window

@@ -32,6 +32,8 @@ TEST(PosixProcess, EndsChildrenThatRefuseAndWhatTheyLeftBehind) {
   SetWaiting(EndChildProcesses);
   EXPECT_EQ(OutputOf(u"sh -c \"trap '' TERM INT HUP; sleep 1000; sleep 1000\""), "");
   EXPECT_EQ(OutputOf(u"sh -c \"sleep 1000 &\""), "");
+  // Who has left the family isn't waited for.
+  EXPECT_EQ(OutputOf(u"sh -c \"setsid sh -c 'sleep 10; echo late' &\""), "");
   SetWaiting(nullptr);
 }
 
