@@ -3,8 +3,11 @@
 // sources alone, which ask HostFaults before and say in their headers what each call means.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 #include "platform/host/host_file.h"
 #include "platform/host/process.h"
@@ -28,6 +31,23 @@ enum class Family {
 /// A program that was started. Letting go of it may end it where it hasn't ended.
 class Child;
 using ChildHandle = std::shared_ptr<Child>;
+
+/// What a program to start gets as its standard streams: each as `forChild` makes it from the file
+/// that `start` names for it. @return the streams, or the first failure
+template <class Stream>
+[[nodiscard]] HostResult<std::array<Stream, 3>> StreamsForChild(
+    const ProgramStart& start, HostResult<Stream> (*forChild)(const HostFile*)) {
+  const std::array files = {start.standardInput, start.standardOutput, start.standardError};
+  std::array<Stream, 3> streams;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    auto stream = forChild(files[i]);
+    if (!stream) {
+      return stream.Error();
+    }
+    streams[i] = *std::move(stream);
+  }
+  return streams;
+}
 
 [[nodiscard]] HostResult<ChildHandle> Start(const ProgramStart& start, Family family);
 /// Waits for the program's end. @return its exit code, as RunProgram says

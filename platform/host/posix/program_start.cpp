@@ -4,7 +4,6 @@
 #include <spawn.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
@@ -111,28 +110,13 @@ std::vector<char*> Pointers(std::vector<std::string>& arguments) {
   return pointers;
 }
 
-using Streams = std::array<HostFile, 3>;
-
-HostResult<Streams> StreamsForChild(const ProgramStart& start) {
-  const std::array files = {start.standardInput, start.standardOutput, start.standardError};
-  Streams streams;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    auto stream = ForChild(files[i]);
-    if (!stream) {
-      return stream.Error();
-    }
-    streams[i] = *std::move(stream);
-  }
-  return streams;
-}
-
 }  // namespace
 
 HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
   if (start.words.empty()) {
     return HostError::NotFound;
   }
-  const auto streams = StreamsForChild(start);
+  const auto streams = StreamsForChild(start, ForChild);
   if (!streams) {
     return streams.Error();
   }

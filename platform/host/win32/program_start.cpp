@@ -64,19 +64,6 @@ HostResult<OwnedHandle> ForChild(const HostFile* file) {
 
 using Streams = std::array<OwnedHandle, 3>;
 
-HostResult<Streams> StreamsForChild(const ProgramStart& start) {
-  const std::array files = {start.standardInput, start.standardOutput, start.standardError};
-  Streams streams;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    auto stream = ForChild(files[i]);
-    if (!stream) {
-      return stream.Error();
-    }
-    streams[i] = *std::move(stream);
-  }
-  return streams;
-}
-
 /// A job for a program and all that it starts. What is left in it ends with its last handle, which
 /// is this process's: so also if this process is killed, even in the midst of starting a program.
 HostResult<OwnedHandle> NewJob() {
@@ -178,7 +165,7 @@ HostResult<ChildHandle> Start(const ProgramStart& start, Family family) {
   if (!file) {
     return HostError::NotFound;
   }
-  const auto streams = StreamsForChild(start);
+  const auto streams = StreamsForChild(start, ForChild);
   if (!streams) {
     return streams.Error();
   }
