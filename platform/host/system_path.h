@@ -8,7 +8,7 @@
 
 namespace lexmill::platform::system {
 
-/// How many units at the begin of `path` name its root, with the separator: 0 for a relative path.
+/// How many units at the start of `path` name its root, with the separator: 0 for a relative path.
 [[nodiscard]] std::size_t RootLength(std::u16string_view path);
 
 /// The most that a folder takes as a name, as NameLength counts.
